@@ -1,0 +1,154 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "bench/contender.h"
+
+namespace bench {
+
+namespace {
+
+/// Gathers code units in a block of 64 KiB and writes it whenever it is full.
+class block_file {
+ public:
+  explicit block_file(const std::string& path)
+      : file_(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)), good_(file_ >= 0) {}
+  block_file(const block_file&) = delete;
+  block_file& operator=(const block_file&) = delete;
+  ~block_file() {
+    if (file_ >= 0) {
+      ::close(file_);
+    }
+  }
+
+  void put(std::u16string_view text) {
+    while (text.size() > block_units - used_) {
+      const std::size_t part = block_units - used_;
+      std::copy_n(text.data(), part, block_ + used_);
+      used_ = block_units;
+      text.remove_prefix(part);
+      flush();
+    }
+    std::copy_n(text.data(), text.size(), block_ + used_);
+    used_ += text.size();
+  }
+
+  /// Writes what is left; false if anything failed.
+  bool finish() {
+    flush();
+    return good_;
+  }
+
+ private:
+  static constexpr std::size_t block_units = 32 * 1024;
+
+  void flush() {
+    const char* bytes = reinterpret_cast<const char*>(block_);
+    std::size_t left = used_ * sizeof(char16_t);
+    used_ = 0;
+    while (good_ && left != 0) {
+      const ssize_t written = ::write(file_, bytes, left);
+      good_ = written > 0;
+      if (good_) {
+        bytes += written;
+        left -= static_cast<std::size_t>(written);
+      }
+    }
+  }
+
+  int file_;
+  bool good_;
+  std::size_t used_ = 0;
+  char16_t block_[block_units];
+};
+
+/// Everything in front of the heading's end, laid out as the library does it.
+std::u16string page_front() {
+  std::string sheet = page_stylesheet;
+  for (std::size_t at = sheet.find('\n'); at != std::string::npos; at = sheet.find('\n', at + 1)) {
+    sheet.insert(at + 1, 6, ' ');
+  }
+  const std::string front = std::string("<!DOCTYPE ") + doctype_name + " PUBLIC \"" +
+                            doctype_public_id + "\"\n     \"" + doctype_system_id + "\">\n\n" +
+                            "<html xmlns='" + xml_namespace + "'>\n" +
+                            "  <head>\n"
+                            "    <title>\n"
+                            "      " +
+                            page_title +
+                            "\n"
+                            "    </title>\n"
+                            "    <style type='text/css'>\n"
+                            "      " +
+                            sheet +
+                            "\n"
+                            "    </style>\n"
+                            "  </head>\n"
+                            "  <body>\n"
+                            "    <h1 class='Style1'>\n"
+                            "      " +
+                            page_heading +
+                            "\n"
+                            "    </h1>\n"
+                            "    <p>\n";
+  return u'\uFEFF' + widen(front);
+}
+
+constexpr std::u16string_view empty_block = u"    <p>\n    </p>\n";
+
+/// No tree and no rules: the bytes of the page, as fast as a plain loop can
+/// produce them. The floor that everything else is compared with.
+class bare_loop : public contender {
+ public:
+  std::string name() const override { return bare_loop_name; }
+  void build(const workload&) override {}
+  void destroy() override {}
+
+  bool save(const workload& work, const page_target& target) override {
+    block_file file(target.path());
+    file.put(page_front());
+    if (work.kind() == page_kind::table) {
+      file.put(u"    </p>\n");
+      put_table(file, work);
+      file.put(empty_block);
+    } else {
+      put_lines(file, work);
+      file.put(u"    </p>\n");
+    }
+    file.put(empty_block);
+    file.put(u"  </body>\n</html>\n");
+    return file.finish();
+  }
+
+ private:
+  static void put_table(block_file& file, const workload& work) {
+    file.put(u"    <table border='1' class='main' width='100%'>\n");
+    for (std::size_t item = 0; item < work.items(); ++item) {
+      if (item % table_columns == 0) {
+        file.put(item == 0 ? u"      <tr>\n" : u"      </tr>\n      <tr>\n");
+      }
+      file.put(u"        <td valign='top'>\n          ");
+      file.put(work.wide(item));
+      file.put(u"\n        </td>\n");
+    }
+    if (work.items() != 0) {
+      file.put(u"      </tr>\n");
+    }
+    file.put(u"    </table>\n");
+  }
+
+  static void put_lines(block_file& file, const workload& work) {
+    for (std::size_t item = 0; item < work.items(); ++item) {
+      file.put(u"      <a>");
+      file.put(work.wide(item));
+      file.put(u"</a><br/>\n");
+    }
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<contender> make_bare_loop() { return std::make_unique<bare_loop>(); }
+
+}  // namespace bench

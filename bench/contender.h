@@ -1,0 +1,63 @@
+#ifndef BENCH_CONTENDER_H
+#define BENCH_CONTENDER_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bench/workload.h"
+
+namespace bench {
+
+/// Where a page is written: `folder` + "/Vellomark/" + `name`, the place that
+/// the library chooses, for everybody. Both folders exist.
+struct page_target {
+  std::string folder;
+  std::string name;
+
+  std::string path() const { return folder + "/Vellomark/" + name; }
+};
+
+/// One way to make a page. The three phases are called once each, in order.
+class contender {
+ public:
+  contender() = default;
+  contender(const contender&) = delete;
+  contender& operator=(const contender&) = delete;
+  virtual ~contender();
+
+  /// Short name, as in the table and on the command line.
+  virtual std::string name() const = 0;
+
+  /// Builds the whole tree in memory.
+  virtual void build(const workload& work) = 0;
+
+  /// Writes the page as UTF-16LE with a byte-order mark. False if that failed.
+  virtual bool save(const workload& work, const page_target& target) = 0;
+
+  /// Gives the tree back.
+  virtual void destroy() = 0;
+};
+
+std::unique_ptr<contender> make_bare_loop();
+std::unique_ptr<contender> make_vellomark_report();
+std::unique_ptr<contender> make_pugixml_tree();
+std::unique_ptr<contender> make_libxml2_tree();
+std::unique_ptr<contender> make_tinyxml2_tree();
+
+/// All of them, in the order of the table.
+std::vector<std::unique_ptr<contender>> all_contenders();
+
+/// The versions of the other libraries, for the foot of the table.
+std::string pugixml_version();
+std::string libxml2_version();
+std::string tinyxml2_version();
+
+// Names by which the table finds its units of measure.
+extern const char* const bare_loop_name;
+extern const char* const vellomark_name;
+extern const char* const pugixml_name;
+
+}  // namespace bench
+
+#endif

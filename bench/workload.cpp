@@ -1,0 +1,78 @@
+#include "bench/workload.h"
+
+namespace bench {
+
+namespace {
+
+constexpr std::size_t longest_text = 60;
+
+std::string item_text(page_kind kind, std::size_t item) {
+  if (kind == page_kind::table) {
+    return "Cell " + std::to_string(item);
+  }
+  std::string line = "Line " + std::to_string(item) +
+                     " of the report: the quick brown fox jumps over the lazy dog";
+  if (line.size() > longest_text) {
+    line.resize(longest_text);
+  }
+  return line;
+}
+
+}  // namespace
+
+const char* const doctype_name = "html";
+const char* const doctype_public_id = "-//W3C//DTD XHTML 1.0 Strict//EN";
+const char* const doctype_system_id = "http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd";
+const char* const xml_namespace = "http://www.w3.org/1999/xhtml";
+const char* const page_title = "Report";
+const char* const page_stylesheet =
+    ".Style1 { \n   text-align: center;\n}\n\n"
+    ".Style2 { \n   text-align: left;\n}\n\n"
+    ".Style3 { \n   text-align: left;\n   font-weight: bold;\n}\n\n"
+    ".Style4 { \n   text-align: left;\n   font-weight: bold;\n   font-style: italic;\n}\n\n"
+    "table.main { \n   width: 100%;\n}\n\n"
+    ".main td { \n   width: 10%;\n}\n\n";
+const char* const page_heading = "Benchmark";
+
+std::string workload_plan::label() const {
+  return (kind == page_kind::table ? "table " : "lines ") + grouped(items);
+}
+
+std::size_t workload_plan::nodes() const {
+  // doctype, html, head, title and its text, style and its text, body, h1 and its
+  // text, the block behind the heading and the one that saving adds.
+  constexpr std::size_t fixed = 12;
+  if (kind == page_kind::lines) {
+    return fixed + 3 * items;  // a, its text, br
+  }
+  const std::size_t rows = (items + table_columns - 1) / table_columns;
+  return fixed + 2 + rows + 2 * items;  // the table, the block behind it
+}
+
+workload::workload(const workload_plan& plan) : plan_(plan) {
+  // Room for the longest texts is reserved at once: pointers into the buffers are
+  // handed out, and a buffer that grows would also leave a used heap behind.
+  wide_units_.reserve(plan.items * (longest_text + 1));
+  narrow_units_.reserve(plan.items * (longest_text + 1));
+  wide_.reserve(plan.items);
+  narrow_.reserve(plan.items);
+  for (std::size_t item = 0; item < plan.items; ++item) {
+    const std::string text = item_text(plan.kind, item);
+    wide_.push_back(wide_units_.data() + wide_units_.size());
+    narrow_.push_back(narrow_units_.data() + narrow_units_.size());
+    wide_units_.insert(wide_units_.end(), text.c_str(), text.c_str() + text.size() + 1);
+    narrow_units_.insert(narrow_units_.end(), text.c_str(), text.c_str() + text.size() + 1);
+  }
+}
+
+std::u16string widen(const std::string& text) { return {text.begin(), text.end()}; }
+
+std::string grouped(std::size_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t place = digits.size(); place > 3; place -= 3) {
+    digits.insert(place - 3, 1, ',');
+  }
+  return digits;
+}
+
+}  // namespace bench

@@ -1,0 +1,79 @@
+#ifndef BENCH_WORKLOAD_H
+#define BENCH_WORKLOAD_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// What fills a page.
+enum class page_kind {
+  table,  ///< one table of `table_columns` columns, one text per cell
+  lines   ///< one block of text lines
+};
+
+/// Which page is made, and how large.
+struct workload_plan {
+  page_kind kind;
+  std::size_t items;  ///< cells or lines
+
+  /// "table 10,000" or "lines 300,000".
+  std::string label() const;
+
+  /// Nodes of the finished tree: elements, texts and the doctype.
+  std::size_t nodes() const;
+};
+
+constexpr std::size_t table_columns = 10;
+
+// The fixed texts of every page. A page is:
+//
+//   doctype, html (xmlns)
+//     head: title, style (type)
+//     body: h1 (class), p,
+//       table (border, class, width) of tr of td (valign), p    for a table
+//       nothing more, the p holds the a and br of each line     for lines
+//       p
+extern const char* const doctype_name;
+extern const char* const doctype_public_id;
+extern const char* const doctype_system_id;
+extern const char* const xml_namespace;
+extern const char* const page_title;
+extern const char* const page_stylesheet;
+extern const char* const page_heading;
+
+/// The texts of one page, prepared ahead in both forms that contenders take.
+/// Making them costs nobody anything while the clock runs.
+class workload {
+ public:
+  explicit workload(const workload_plan& plan);
+  workload(const workload&) = delete;
+  workload& operator=(const workload&) = delete;
+
+  page_kind kind() const { return plan_.kind; }
+  std::size_t items() const { return plan_.items; }
+
+  /// The text of an item in UTF-16, zero-terminated. Lives as long as this.
+  const char16_t* wide(std::size_t item) const { return wide_[item]; }
+
+  /// The same text in UTF-8.
+  const char* narrow(std::size_t item) const { return narrow_[item]; }
+
+ private:
+  workload_plan plan_;
+  std::vector<char16_t> wide_units_;
+  std::vector<char> narrow_units_;
+  std::vector<const char16_t*> wide_;
+  std::vector<const char*> narrow_;
+};
+
+/// `text`, which must be ASCII, as UTF-16.
+std::u16string widen(const std::string& text);
+
+/// "1,000,000".
+std::string grouped(std::size_t number);
+
+}  // namespace bench
+
+#endif

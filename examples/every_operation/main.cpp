@@ -1,0 +1,125 @@
+// Calls every operation that this version offers, always in the same way, and saves the page
+// as Vellomark/every_operation.htm below the folder that is named. The page shows what comes
+// out where a call is unusual, so it isn't valid everywhere; the tests tell where and why.
+// Templates and deferred sections aren't part of this version.
+#include <initializer_list>
+#include <iostream>
+#include <string>
+
+#include <vellomark/vellomark.h>
+
+namespace {
+
+// Enters texts one by one: lines of a block, or cells of the open table.
+void add_texts(IVellomark& report, std::initializer_list<const char16_t*> texts) {
+  for (const char16_t* text : texts) report.AddText(text, false);
+}
+
+void add_headings(IVellomark& report) {
+  report.AddHeading(u"<span id='Headings'>Headings</span>", 1);
+  report.AddHeading(u"Style 2", 2);
+  report.AddHeading(u"Style 3", 3);
+  report.AddHeading(u"Style 4", 4);
+  report.AddHeading(u"Style 0, an empty class", 0);
+  report.AddHeading(u"Style -1, an empty class too", -1);
+  report.AddHeading(u"Style 5, a line of text", 5);
+}
+
+void add_blocks(IVellomark& report) {
+  report.AddHeading(u"<span id='Blocks'>Blocks</span>", 1);
+  add_texts(report, {u"A line", u"A second one, with\na line feed", u"",
+                     u"Scripts: \u0395\u03BB\u03BB\u03B7\u03BD\u03B9\u03BA\u03AC, "
+                     u"\u0440\u0443\u0441\u0441\u043A\u0438\u0439, \u4E2D\u6587, \U00010348",
+                     u"References: &lt; &amp; &#169;", u"Markup: <em>own</em>"});
+  report.NewParagraph();
+  report.NewParagraph();
+  report.AddText(u"Behind an empty block", false);
+}
+
+void add_links(IVellomark& report) {
+  report.AddHeading(u"<span id='Links'>Links</span>", 1);
+  report.AddLink(nullptr, u"Headings");
+  report.AddLink(u"left out on the page", u"Blocks");
+  report.AddText(nullptr, false);
+  report.AddLink(u"left out", nullptr);
+  report.AddLink(nullptr, nullptr);
+  report.OpenTable(2);
+  report.AddLink(u"To the tables: ", u"Tables");
+  report.AddLink(nullptr, u"Links");
+  report.AddLink(u"No link", nullptr);
+  report.AddText(u"Text", false);
+  report.CloseTable();
+}
+
+void add_tables(IVellomark& report) {
+  report.AddHeading(u"<span id='Tables'>Tables</span>", 1);
+  report.OpenTable(3);
+  add_texts(report, {u"1", u"2", u"3", u"4", u"5", u"6", u"a row that isn't full"});
+  report.CloseTable();
+  report.OpenTable(2);
+  report.SetFirstCellRows(3);
+  add_texts(report, {u"spans three rows", u"a", u"b", u"c"});
+  report.SetFirstCellRows(1);
+  add_texts(report, {u"spans one row", u"d"});
+  report.CloseTable();
+  report.OpenTable(1);
+  add_texts(report, {u"one column", u"two cells"});
+  report.AddHeading(u"A heading behind the open table", 2);
+  report.AddText(u"in the table", false);
+  report.CloseTable();
+  report.CloseTable();
+  report.OpenTable(2);
+  add_texts(report, {u"two\nlines", u"three\nlines\nhere"});
+  report.CloseTable();
+  report.OpenTable(2);
+  report.CloseTable();
+}
+
+// Without a section what is meant for one goes nowhere.
+void use_section_mode(IVellomark& report) {
+  report.AddHeading(u"Section mode", 1);
+  report.SetSectionMode(true);
+  report.AddText(u"left out", false);
+  report.OpenTable(2);
+  report.AddText(u"left out", false);
+  report.CloseTable();
+  report.BeginDirectLinks();
+  report.AddText(u"On the page by direct links", false);
+  report.AddLink(nullptr, u"Headings");
+  report.EndDirectLinks();
+  report.SetSectionMode(false);
+  report.AddText(u"Behind section mode", false);
+}
+
+bool use_template_fields(IVellomark& report) {
+  zov_shared_array<CZovString> fields;
+  report.GetTemplateFields(fields);
+  report.ClearTemplateFields();
+  return fields.empty() && !report.SetTemplateField(u"none", false, nullptr);
+}
+
+// The folder's name has to be ASCII.
+std::u16string widen(const std::string& text) { return {text.begin(), text.end()}; }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "every_operation: usage: every_operation FOLDER\n";
+    return 2;
+  }
+  const std::string folder = argv[1];
+  boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
+  add_headings(*report);
+  add_blocks(*report);
+  add_links(*report);
+  add_tables(*report);
+  use_section_mode(*report);
+  if (!use_template_fields(*report) ||
+      !report->Save(widen(folder).c_str(), u"every_operation.htm")) {
+    std::cerr << "every_operation: cannot write below " << folder << '\n';
+    return 1;
+  }
+  std::cout << folder << "/Vellomark/every_operation.htm" << std::endl;
+  return 0;
+}

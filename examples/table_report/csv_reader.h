@@ -1,0 +1,47 @@
+#ifndef EXAMPLES_TABLE_REPORT_CSV_READER_H
+#define EXAMPLES_TABLE_REPORT_CSV_READER_H
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace table_report {
+
+using csv_record = std::vector<std::u16string>;
+
+/// A table of texts; every record has as many fields as the header.
+struct csv_table {
+  csv_record header;
+  std::vector<csv_record> records;
+};
+
+/// Input that doesn't follow the format.
+class csv_error : public std::runtime_error {
+ public:
+  csv_error(std::size_t line, const std::string& problem)
+      : std::runtime_error(problem), line_(line) {}
+
+  /// The line, counted from 1 by line feeds: for a quote that isn't closed the
+  /// line where it was opened, for a wrong number of fields the one where the
+  /// record begins.
+  std::size_t line() const { return line_; }
+
+ private:
+  std::size_t line_;
+};
+
+/// Reads comma-separated values as RFC 4180 describes them, in UTF-8 with or
+/// without a byte-order mark. The first record is the header. A record ends with
+/// CR LF or LF, the last one also with the text. A field in quotes may hold
+/// commas, line ends and doubled quotes. Blanks are part of a field, and an empty
+/// line is a record with one empty field. Raises csv_error for invalid UTF-8, a
+/// quote inside a field without quotes, text behind a closing quote, a quote that
+/// isn't closed, a CR without LF outside quotes, a record with another number of
+/// fields than the header, and for an empty text, which has no header.
+csv_table read_csv(std::string_view utf8);
+
+}  // namespace table_report
+
+#endif

@@ -1,0 +1,34 @@
+#ifndef EXAMPLES_TABLE_REPORT_OPTIONS_H
+#define EXAMPLES_TABLE_REPORT_OPTIONS_H
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace table_report {
+
+/// What the user asks for on the command line.
+struct options {
+  std::string input;   ///< path of the CSV file; empty: the data of the examples
+  std::string name;    ///< name of the page; empty: the library's choice
+  std::string folder;  ///< where the report folder is made
+};
+
+/// Arguments that don't fit; what() is one line for the user.
+class usage_error : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Reads the arguments behind the program's name:
+///
+///     [--open] [--input FILE] [--name NAME] FOLDER
+///
+/// Without --open the name is "table_report.htm" unless another one is given;
+/// with it the library chooses, so that --name is refused. "--" ends the options.
+/// Raises usage_error.
+options parse_options(const std::vector<std::string>& arguments);
+
+}  // namespace table_report
+
+#endif

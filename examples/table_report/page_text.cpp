@@ -1,0 +1,77 @@
+#include "page_text.h"
+
+#include <cstddef>
+
+namespace table_report {
+namespace {
+
+bool is_letter(char16_t unit) {
+  return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+}
+
+bool is_digit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+
+bool is_xml_character(char16_t unit) {
+  return unit >= u' ' ? unit < 0xFFFE : unit == u'\t' || unit == u'\n' || unit == u'\r';
+}
+
+}  // namespace
+
+// The library writes texts as they stand, so that hosts can use markup of their own. A host
+// that shows texts of others has to do this, or "<" in the data would break the page.
+std::u16string escape(std::u16string_view text) {
+  std::u16string markup;
+  markup.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    switch (text[i]) {
+      case u'&':
+        markup += u"&amp;";
+        break;
+      case u'<':
+        markup += u"&lt;";
+        break;
+      case u'>':
+        markup += u"&gt;";
+        break;
+      case u'\r':
+        if (i + 1 < text.size() && text[i + 1] == u'\n') ++i;
+        [[fallthrough]];
+      case u'\n':
+        markup += u"<br/>";
+        break;
+      default:
+        markup += is_xml_character(text[i]) ? text[i] : u'\uFFFD';
+    }
+  }
+  return markup;
+}
+
+std::u16string anchored(std::u16string_view anchor, std::u16string_view text) {
+  return u"<span id='" + std::u16string(anchor) + u"'>" + escape(text) + u"</span>";
+}
+
+std::u16string strong(std::u16string_view text) {
+  return u"<strong>" + escape(text) + u"</strong>";
+}
+
+std::u16string anchor_names::make(std::u16string_view text) {
+  std::u16string name;
+  for (const char16_t unit : text.substr(0, 100)) {
+    if (is_letter(unit) || is_digit(unit)) {
+      name += unit;
+    } else if (!name.empty() && name.back() != u'-') {
+      name += u'-';
+    }
+  }
+  if (!name.empty() && name.back() == u'-') name.pop_back();
+  if (name.empty()) name = u"group";
+  if (!is_letter(name.front())) name.insert(0, u"group-");
+  const std::u16string wanted = name;
+  for (int number = 2; !taken_.insert(name).second; ++number) {
+    const std::string suffix = "-" + std::to_string(number);
+    name = wanted + std::u16string(suffix.begin(), suffix.end());
+  }
+  return name;
+}
+
+}  // namespace table_report

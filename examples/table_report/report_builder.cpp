@@ -1,0 +1,150 @@
+#include "report_builder.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+
+#include "page_text.h"
+
+namespace table_report {
+namespace {
+
+std::u16string number(std::size_t value) {
+  const std::string digits = std::to_string(value);
+  return {digits.begin(), digits.end()};
+}
+
+std::u16string counted(std::size_t count, const std::u16string& one, const std::u16string& many) {
+  return number(count) + u" " + (count == 1 ? one : many);
+}
+
+// With a capital letter in front, if it is a small ASCII letter.
+std::u16string titled(std::u16string text) {
+  if (!text.empty() && text[0] >= u'a' && text[0] <= u'z')
+    text[0] = static_cast<char16_t>(text[0] - u'a' + u'A');
+  return text;
+}
+
+class builder {
+ public:
+  builder(IVellomark& report, const csv_table& table, const std::u16string& source)
+      : report_(report), table_(table), source_(source), groups_(group_records(table)) {
+    const std::u16string first_column = titled(table.header[0]);
+    groups_anchor_ = anchors_.make(u"By " + first_column);
+    records_anchor_ = anchors_.make(u"All rows");
+    for (const record_group& group : groups_) group_anchors_.push_back(anchors_.make(group.name));
+  }
+
+  void build() {
+    add_overview();
+    add_group_table();
+    add_record_table();
+    heading(u"Source", 0);
+    line(escape(source_) + u", " + counted(table_.header.size(), u"column", u"columns") + u", " +
+         counted(table_.records.size(), u"row", u"rows") + u" behind the header");
+  }
+
+ private:
+  void heading(const std::u16string& markup, std::int32_t style) {
+    report_.AddHeading(markup.c_str(), style);
+  }
+  void line(const std::u16string& markup) { report_.AddText(markup.c_str(), false); }
+  void cell(const std::u16string& markup) { report_.AddText(markup.c_str(), false); }
+
+  void open_table(std::size_t columns) { report_.OpenTable(static_cast<std::int32_t>(columns)); }
+
+  void add_overview() {
+    heading(escape(titled(source_.substr(0, source_.find(u'.'))) + u" by " + table_.header[0]), 1);
+    heading(u"Overview", 2);
+    line(counted(table_.records.size(), u"row", u"rows") + u" in " +
+         counted(groups_.size(), u"group", u"groups") + u", read from " + escape(source_));
+    if (!groups_.empty()) add_largest_group();
+    report_.NewParagraph();
+    report_.AddLink(nullptr, groups_anchor_.c_str());
+    report_.AddLink(nullptr, records_anchor_.c_str());
+
+    heading(u"Groups and their sizes", 3);
+    open_table(2);
+    cell(strong(titled(table_.header[0])));
+    cell(strong(u"Rows"));
+    for (std::size_t i = 0; i < groups_.size(); ++i) {
+      cell(escape(groups_[i].name));
+      const std::u16string text = counted(groups_[i].records.size(), u"row", u"rows") + u": ";
+      report_.AddLink(text.c_str(), group_anchors_[i].c_str());
+    }
+    report_.CloseTable();
+  }
+
+  void add_largest_group() {
+    const auto largest = std::max_element(groups_.begin(), groups_.end(),
+                                          [](const record_group& a, const record_group& b) {
+                                            return a.records.size() < b.records.size();
+                                          });
+    line(u"The largest group is " + strong(largest->name) + u" with " +
+         counted(largest->records.size(), u"row", u"rows"));
+  }
+
+  // The first cell of a group stands beside one cell for each of its records.
+  void add_group_table() {
+    heading(anchored(groups_anchor_, u"By " + titled(table_.header[0])), 2);
+    line(u"Each row shows " + escape(joined(table_.header)));
+    open_table(2);
+    cell(strong(titled(table_.header[0])));
+    cell(strong(titled(table_.header[1])));
+    for (std::size_t i = 0; i < groups_.size(); ++i) {
+      report_.SetFirstCellRows(static_cast<std::int32_t>(groups_[i].records.size()));
+      cell(anchored(group_anchors_[i], groups_[i].name));
+      for (const std::size_t record : groups_[i].records)
+        cell(escape(joined(table_.records[record])));
+    }
+    report_.CloseTable();
+  }
+
+  void add_record_table() {
+    heading(anchored(records_anchor_, u"All rows"), 2);
+    heading(u"In the order of the file", 4);
+    open_table(table_.header.size());
+    for (const std::u16string& name : table_.header) cell(strong(titled(name)));
+    for (const csv_record& record : table_.records) {
+      for (const std::u16string& field : record) cell(escape(field));
+    }
+    report_.CloseTable();
+  }
+
+  // The fields behind the first one, such as "Egypt (name, name)".
+  static std::u16string joined(const csv_record& record) {
+    std::u16string text = record[1];
+    for (std::size_t i = 2; i < record.size(); ++i) text += (i == 2 ? u" (" : u", ") + record[i];
+    if (record.size() > 2) text += u")";
+    return text;
+  }
+
+  IVellomark& report_;
+  const csv_table& table_;
+  const std::u16string& source_;
+  const std::vector<record_group> groups_;
+  anchor_names anchors_;
+  std::u16string groups_anchor_;
+  std::u16string records_anchor_;
+  std::vector<std::u16string> group_anchors_;  // one for each of groups_
+};
+
+}  // namespace
+
+std::vector<record_group> group_records(const csv_table& table) {
+  std::vector<record_group> groups;
+  std::map<std::u16string, std::size_t> places;
+  for (std::size_t i = 0; i < table.records.size(); ++i) {
+    const std::u16string& name = table.records[i][0];
+    const auto [place, is_new] = places.emplace(name, groups.size());
+    if (is_new) groups.push_back({name, {}});
+    groups[place->second].records.push_back(i);
+  }
+  return groups;
+}
+
+void build_report(IVellomark& report, const csv_table& table, const std::u16string& source) {
+  builder(report, table, source).build();
+}
+
+}  // namespace table_report

@@ -1,0 +1,134 @@
+#ifndef VELLOMARK_VELLOMARK_H
+#define VELLOMARK_VELLOMARK_H
+
+#include <cstdint>
+
+#include <boost/smart_ptr/shared_ptr.hpp>
+
+#include <vellomark/export.h>
+#include <zov_utils/czov_string.h>
+#include <zov_utils/zov_shared_array.h>
+
+/// One report: calls go in, an XHTML 1.0 Strict page comes out.
+///
+/// Get one from vellomark::CreateInstance. A fresh report has the title
+/// "Report", the default stylesheet and an empty body; nothing has to be called
+/// before content is added, and nothing is written before Save.
+///
+/// Text. Every text argument points to a zero-terminated array of 16-bit code
+/// units (UTF-16). It is copied before the call returns. Text is not escaped,
+/// decoded or converted: "<", "&" and every other unit reach the page as they
+/// stand. Where a null text has a meaning the operation says so; elsewhere a
+/// null text makes the call do nothing (and return false where it has a result).
+///
+/// Errors. Refusals are answers: the three bool results tell of them. No
+/// operation catches exceptions, so std::bad_alloc and std::length_error of the
+/// standard containers reach the caller, and CloseTable may raise
+/// std::out_of_range as told there.
+///
+/// Threads. One report serves one thread at a time and takes no locks. Separate
+/// reports may be used from separate threads.
+///
+/// The order of the operations below is the order of the virtual table, on
+/// which compiled hosts depend. New operations can't be inserted.
+class VELLOMARK_API IVellomark {
+ public:
+  IVellomark();
+  IVellomark(const IVellomark& other);
+  IVellomark& operator=(const IVellomark& other);
+
+  /// Writes the report to `folder` + "/Vellomark/" + name as UTF-16 little
+  /// endian with a byte-order mark. Creates `folder` (its last level only) and
+  /// the report folder where they are missing, and replaces a page of that name.
+  ///
+  /// With `file_name` null the name is Report1.htm or the one with the next free
+  /// number, and the page is then opened with the user's default handler, without
+  /// waiting and whether or not it could be written.
+  ///
+  /// Returns true as soon as the page file was opened; an error in writing it
+  /// (a full disk) isn't reported. Returns false, without opening anything, if a
+  /// folder can't be made, and false if the page file can't be opened. The page
+  /// stays in the report and may be saved again; each call starts a new block.
+  virtual bool Save(const char16_t* folder, const char16_t* file_name) = 0;
+
+  /// Adds a line of text: to the current block of the page, as a cell to the
+  /// open table, or to the last section (`to_section`, or section mode without
+  /// direct links). In a cell each line feed becomes "<BR>"; elsewhere line feeds
+  /// stay. A null `text` adds the link that AddLink prepared last.
+  virtual void AddText(const char16_t* text, bool to_section) = 0;
+
+  /// Starts a new block, a `p`, at the end of the page. Later text goes there.
+  virtual void NewParagraph() = 0;
+
+  /// Adds a heading at the end of the page and a new block behind it. Styles 1
+  /// to 4 give `h1` to `h4` with the class "Style1" to "Style4", 0 and below an
+  /// `h5` with an empty class; 5 and above add the text as AddText does.
+  virtual void AddHeading(const char16_t* text, std::int32_t style) = 0;
+
+  /// Opens a table at the end of the page, with `columns` cells in a row, and
+  /// returns true. Each AddText is then one cell; rows start by themselves. A
+  /// row takes its first two cells even where `columns` is 1 or less. In section
+  /// mode the table is kept aside until CloseTable hands it to the last section.
+  virtual bool OpenTable(std::int32_t columns) = 0;
+
+  /// Closes the table and starts a new block. Without an open table it does just
+  /// the latter. In section mode no block is started; with no table open there
+  /// it raises std::out_of_range ("invalid vector subscript") and changes nothing.
+  virtual void CloseTable() = 0;
+
+  /// Lets the first cell of the next row span `rows` rows. The cells behind it
+  /// are stacked beside it, which is laid out correctly for two columns. 1 means
+  /// no span; 0 and below have no meaning and do no harm.
+  virtual void SetFirstCellRows(std::int32_t rows) = 0;
+
+  /// Adds a link to the anchor `target` of this page; the visible text of the
+  /// link is the target. `text` appears in front of it in a table cell only.
+  /// Either may be null; with both null the prepared link is emptied and nothing
+  /// is added. A target of 254 code units or more makes the call do nothing.
+  virtual void AddLink(const char16_t* text, const char16_t* target) = 0;
+
+  /// Sends later text and tables to the last section (true) or the page (false).
+  virtual void SetSectionMode(bool on) = 0;
+
+  /// Makes a deferred section. Not available in this version: does nothing.
+  virtual void BeginSection(const char16_t* name, const char16_t* target) = 0;
+
+  /// Queues a heading for the next section. Not available in this version: does
+  /// nothing.
+  virtual void AddSectionHeading(const char16_t* text, std::int32_t style) = 0;
+
+  /// Reads a template page. Not available in this version: does nothing.
+  virtual void LoadTemplate(const char16_t* path) = 0;
+
+  /// Tells whether the loaded template has the field `name`. Not available in
+  /// this version: no template can be loaded, so it returns false.
+  virtual bool SetTemplateField(const char16_t* name, bool replace, const char16_t* value) = 0;
+
+  /// Empties `fields` and fills it with the field texts of the loaded template
+  /// in document order. In this version there are never any.
+  virtual void GetTemplateFields(zov_shared_array<CZovString>& fields) = 0;
+
+  /// Forgets the field texts of the loaded template.
+  virtual void ClearTemplateFields() = 0;
+
+  /// Keeps AddText and AddLink on the page while section mode is on.
+  virtual void BeginDirectLinks() = 0;
+
+  /// Ends what BeginDirectLinks began.
+  virtual void EndDirectLinks() = 0;
+
+ protected:
+  /// Reports are deleted by the pointer that CreateInstance returned.
+  virtual ~IVellomark();
+};
+
+namespace vellomark {
+
+/// Makes a new, independent report. The report lives as long as the last copy of
+/// the pointer; what no Save has written is then lost. Raises std::bad_alloc
+/// when memory runs out.
+VELLOMARK_API boost::shared_ptr<IVellomark> CreateInstance();
+
+}  // namespace vellomark
+
+#endif

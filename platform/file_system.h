@@ -1,0 +1,42 @@
+#ifndef PLATFORM_FILE_SYSTEM_H
+#define PLATFORM_FILE_SYSTEM_H
+
+#include <memory>
+
+#include "xport/text/byte_file.h"
+#include "xport/text/char16.h"
+
+namespace platform {
+
+/// What making a folder came to.
+enum class folder_result {
+  created,         ///< it was made
+  already_exists,  ///< something of that name is there, a folder or not
+  failed           ///< anything else
+};
+
+/// The file services that a report needs. Paths are texts as the caller has
+/// them; a backslash and a forward slash both separate. A path that the system
+/// can't express (a lone surrogate on POSIX) is one that doesn't exist and can't
+/// be made or opened. Nothing here raises but std::bad_alloc.
+class file_system {
+ public:
+  virtual ~file_system();
+
+  /// Whether something of that name is there, a file, a folder or anything else.
+  virtual bool exists(const Xport::ustring& path) = 0;
+
+  /// Makes the last level of `path`.
+  virtual folder_result create_directory(const Xport::ustring& path) = 0;
+
+  /// Opens a file for writing as bytes, emptied if it is there, and denies
+  /// nobody else the file. Null if that fails.
+  virtual std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) = 0;
+
+  /// The operating system's. Holds no state; may be used from any thread.
+  static file_system& native();
+};
+
+}  // namespace platform
+
+#endif

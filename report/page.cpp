@@ -1,0 +1,99 @@
+#include <algorithm>
+
+#include "report/vellomark_obj.h"
+
+using Xport::attr_id;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_element;
+
+namespace {
+
+// The longest link target: "#" and the target have to fit a text of 254 units.
+constexpr std::size_t longest_target = 253;
+
+struct heading {
+  tag_id tag;
+  ustring_view class_name;
+};
+
+// Styles 1 to 4; what is below is an `h5` whose class is there and empty.
+heading heading_of(std::int32_t style) {
+  switch (style) {
+    case 1:
+      return {tag_id::h1, u"Style1"};
+    case 2:
+      return {tag_id::h2, u"Style2"};
+    case 3:
+      return {tag_id::h3, u"Style3"};
+    case 4:
+      return {tag_id::h4, u"Style4"};
+    default:
+      return {tag_id::h5, u""};
+  }
+}
+
+}  // namespace
+
+void VellomarkObj::StartParagraph() {
+  if (!doc) return;
+  cursor = doc->body()->push_back_copy(xhtml_element(tag_id::p, {}, {}));
+  cursor_ready = true;
+}
+
+void VellomarkObj::NewParagraph() { StartParagraph(); }
+
+void VellomarkObj::AddHeading(const char16_t* text, std::int32_t style) {
+  if (!doc || text == nullptr) return;
+  if (style >= 5) {
+    AppendPlainText(text);
+    return;
+  }
+  const heading kind = heading_of(style);
+  Xport::xhtml_markup& added = *doc->body()->push_back_copy(xhtml_element(kind.tag, {}, {}));
+  added.set_attribute(attr_id::class_, kind.class_name);
+  if (!pending_id.empty()) {
+    added.set_attribute(attr_id::id, pending_id);
+    pending_id.clear();
+  }
+  added.push_back_text(text);
+  StartParagraph();
+}
+
+void VellomarkObj::AddText(const char16_t* text, bool to_section) {
+  if (!doc) return;
+  const bool in_section = to_section || (section_mode && !direct_links);
+  if (in_section)
+    AppendSectionText(text);
+  else
+    AppendPlainText(text);
+}
+
+// Each line is an anchor, with the text or the prepared link, and a line end.
+void VellomarkObj::AppendPlainText(const char16_t* text) {
+  if (!cursor_ready || cursor.cell() == nullptr) StartParagraph();
+  if (in_table) {
+    AppendCell(text, false);
+    return;
+  }
+  if (text != nullptr)
+    cursor->push_back_copy(xhtml_element(tag_id::a, {}, {}))->push_back_text(text);
+  else
+    cursor->push_back_copy(link_anchor);
+  cursor->push_back_copy(xhtml_element(tag_id::br, {}, {}));
+}
+
+void VellomarkObj::AddLink(const char16_t* text, const char16_t* target) {
+  if (target != nullptr && ustring_view(target).size() > longest_target) return;
+  link_cell.clear_children();
+  link_anchor.clear_children();
+  if (text != nullptr) link_cell << text;
+  if (target != nullptr) {
+    link_anchor.set_attribute(attr_id::href, ustring(u"#") + target);
+    link_anchor.append_text(target);
+    link_cell.append_copy(link_anchor);
+  }
+  if (text == nullptr && target == nullptr) return;
+  AddText(nullptr, false);
+}

@@ -1,0 +1,138 @@
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
+#include "report/vellomark_obj.h"
+#include "xport/text/number_format.h"
+
+using Xport::attr_id;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_element;
+using Xport::xhtml_markup;
+
+namespace {
+
+// Row counts are taken as they come, so their arithmetic wraps.
+std::int32_t wrapping_add(std::int32_t a, std::int32_t b) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+}
+
+// Cells break their lines by markup, which the browser then sees.
+ustring with_line_breaks(ustring_view text) {
+  ustring broken;
+  broken.reserve(text.size() +
+                 3 * static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n')));
+  for (const char16_t unit : text) {
+    if (unit == u'\n')
+      broken += u"<BR>";
+    else
+      broken += unit;
+  }
+  return broken;
+}
+
+}  // namespace
+
+bool VellomarkObj::OpenTable(std::int32_t columns) {
+  if (section_mode) return OpenSectionTable(columns);
+  if (!doc) return false;
+  table_pos = doc->body()->append_copy(xhtml_element(tag_id::table, {}, u"main"));
+  if (table_pos == doc->root()->end()) return false;
+  StartTable(*table_pos, columns);
+  return true;
+}
+
+// The element of section tables is one: an outer table loses its rows, and with
+// them all positions on its rows.
+bool VellomarkObj::OpenSectionTable(std::int32_t columns) {
+  table_stack.push_back({cursor, in_table, span_rows, span_rows_left, table_columns, next_column,
+                         row_pos});
+  section_table.clear_children();
+  for (SavedTableState& saved : table_stack)
+    if (saved.row_pos.owner() == &section_table) saved.row_pos = {};
+  if (row_pos.owner() == &section_table) row_pos = {};
+  StartTable(section_table, columns);
+  return true;
+}
+
+void VellomarkObj::StartTable(xhtml_markup& table, std::int32_t columns) {
+  table.set_attribute(attr_id::border, u"1");
+  table.set_attribute(attr_id::width, u"100%");
+  table_columns = columns;
+  in_table = true;
+  span_rows = 0;
+  span_rows_left = 0;
+  next_column = 0;
+}
+
+void VellomarkObj::CloseTable() {
+  if (section_mode) {
+    CloseSectionTable();
+    return;
+  }
+  in_table = false;
+  span_rows = 0;
+  span_rows_left = 0;
+  table_columns = 0;
+  StartParagraph();
+}
+
+void VellomarkObj::CloseSectionTable() {
+  if (table_stack.empty()) throw std::out_of_range("invalid vector subscript");
+  const SavedTableState& saved = table_stack.back();
+  cursor = saved.cursor;
+  in_table = saved.in_table;
+  span_rows = saved.span_rows;
+  span_rows_left = saved.span_rows_left;
+  table_columns = saved.table_columns;
+  next_column = saved.next_column;
+  row_pos = saved.row_pos;
+  table_stack.pop_back();
+  if (!sections.empty()) sections.back().elements.push_back(section_table);
+}
+
+void VellomarkObj::SetFirstCellRows(std::int32_t rows) {
+  span_rows = wrapping_add(rows, -1);
+  span_rows_left = span_rows;
+}
+
+void VellomarkObj::AppendCell(const char16_t* text, bool in_section_table) {
+  const bool in_row = next_column != 0 && span_rows_left >= span_rows;
+  if (!in_row || row_pos.cell() == nullptr) {
+    xhtml_markup& table = in_section_table ? section_table : *table_pos;
+    row_pos = table.append_copy(xhtml_element(tag_id::tr, {}, {}));
+  }
+  xhtml_markup& row = *row_pos;
+  if (text == nullptr) {
+    FinishCell(*row.append_copy(link_cell));
+  } else {
+    xhtml_markup& cell = *row.append_copy(xhtml_element(tag_id::td, {}, {}));
+    const ustring_view content(text);
+    if (content.find(u'\n') == ustring_view::npos)
+      cell << content;
+    else
+      cell << with_line_breaks(content);
+    FinishCell(cell);
+  }
+}
+
+// What every cell gets once it is in its row, and what it does to the counters.
+void VellomarkObj::FinishCell(xhtml_markup& cell) {
+  cell.set_attribute(attr_id::valign, u"top");
+  if (next_column == 0 && span_rows_left != 0)
+    cell.set_attribute(attr_id::rowspan, Xport::to_ustring(wrapping_add(span_rows, 1)));
+
+  if (next_column == 0) {
+    next_column = 1;
+  } else if (span_rows_left != 0) {
+    span_rows_left = wrapping_add(span_rows_left, -1);
+  } else {
+    next_column = wrapping_add(next_column, 1);
+    if (next_column >= table_columns) {
+      next_column = 0;
+      span_rows = 0;
+    }
+  }
+}

@@ -1,0 +1,27 @@
+#include "report/vellomark_obj.h"
+
+using Xport::tag_id;
+
+VellomarkObj::VellomarkObj()
+    : VellomarkObj(platform::file_system::native(), platform::url_opener::native()) {}
+
+VellomarkObj::VellomarkObj(platform::file_system& files_to_use,
+                           platform::url_opener& browser_to_use)
+    : files(files_to_use),
+      browser(browser_to_use),
+      doc(std::make_unique<Xport::xhtml_doc>(1)),
+      section_table(tag_id::table, {}, u"main"),
+      link_cell(tag_id::td, {}, {}),
+      link_anchor(tag_id::a, {}, {}),
+      template_doc(0) {
+  if (Xport::xhtml_markup* const title = doc->title()) title->append_text(u"Report");
+  InstallDefaultStyles();
+}
+
+VellomarkObj::~VellomarkObj() = default;
+
+void VellomarkObj::SetSectionMode(bool on) { section_mode = on; }
+
+void VellomarkObj::BeginDirectLinks() { direct_links = true; }
+
+void VellomarkObj::EndDirectLinks() { direct_links = false; }

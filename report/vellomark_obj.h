@@ -1,0 +1,127 @@
+#ifndef REPORT_VELLOMARK_OBJ_H
+#define REPORT_VELLOMARK_OBJ_H
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <vector>
+
+#include <vellomark/vellomark.h>
+
+#include "platform/file_system.h"
+#include "platform/url_opener.h"
+#include "xport/markup/markup_iterator.h"
+#include "xport/markup/xhtml_doc.h"
+#include "xport/markup/xhtml_element.h"
+#include "xport/text/char16.h"
+
+/// A deferred section as it waits for the page.
+struct ReportSection {
+  Xport::ustring name;                       ///< the text of its heading; empty for none
+  std::list<Xport::xhtml_element> elements;  ///< its content in order
+  std::list<Xport::ustring> heading_texts;   ///< the headings above it, outermost first
+  std::list<std::int32_t> heading_styles;    ///< their styles, one for each text
+};
+
+/// The report behind IVellomark; see there for what the operations do.
+///
+/// The page is flat: headings, tables and blocks stand in the body, lines of
+/// text in the blocks. Positions into what this object holds are kept valid or
+/// made invalid with what they point to; an invalid position takes content that
+/// then goes nowhere, or is replaced by a new block or row.
+class VellomarkObj final : public IVellomark {
+ public:
+  /// A report that uses the operating system's services.
+  VellomarkObj();
+
+  /// A report that uses the given services, which must outlive it.
+  VellomarkObj(platform::file_system& files, platform::url_opener& browser);
+
+  VellomarkObj(const VellomarkObj&) = delete;
+  VellomarkObj& operator=(const VellomarkObj&) = delete;
+  ~VellomarkObj() override;
+
+  bool Save(const char16_t* folder, const char16_t* file_name) override;
+  void AddText(const char16_t* text, bool to_section) override;
+  void NewParagraph() override;
+  void AddHeading(const char16_t* text, std::int32_t style) override;
+  bool OpenTable(std::int32_t columns) override;
+  void CloseTable() override;
+  void SetFirstCellRows(std::int32_t rows) override;
+  void AddLink(const char16_t* text, const char16_t* target) override;
+  void SetSectionMode(bool on) override;
+  void BeginSection(const char16_t* name, const char16_t* target) override;
+  void AddSectionHeading(const char16_t* text, std::int32_t style) override;
+  void LoadTemplate(const char16_t* path) override;
+  bool SetTemplateField(const char16_t* name, bool replace, const char16_t* value) override;
+  void GetTemplateFields(zov_shared_array<CZovString>& fields) override;
+  void ClearTemplateFields() override;
+  void BeginDirectLinks() override;
+  void EndDirectLinks() override;
+
+ private:
+  /// What OpenTable in section mode puts aside until CloseTable.
+  struct SavedTableState {
+    Xport::markup_iterator cursor;
+    bool in_table;
+    std::int32_t span_rows;
+    std::int32_t span_rows_left;
+    std::int32_t table_columns;
+    std::int32_t next_column;
+    Xport::markup_iterator row_pos;
+  };
+
+  // page.cpp
+  void StartParagraph();
+  void AppendPlainText(const char16_t* text);
+
+  // tables.cpp
+  bool OpenSectionTable(std::int32_t columns);
+  void StartTable(Xport::xhtml_markup& table, std::int32_t columns);
+  void CloseSectionTable();
+  void AppendCell(const char16_t* text, bool in_section_table);
+  void FinishCell(Xport::xhtml_markup& cell);
+
+  // styles.cpp
+  void InstallDefaultStyles();
+
+  // saving.cpp
+  Xport::ustring UniqueReportName(const Xport::ustring& folder) const;
+  bool EnsureFolder(const Xport::ustring& path) const;
+
+  // sections.cpp
+  void AppendSectionText(const char16_t* text);
+  void WriteSections(Xport::ustring folder, Xport::ustring stem);
+
+  // templates.cpp
+  void FlushTemplateSegment();
+
+  platform::file_system& files;
+  platform::url_opener& browser;
+
+  std::unique_ptr<Xport::xhtml_doc> doc;   // the report page
+  bool cursor_ready = false;               // whether `cursor` has been set
+  Xport::markup_iterator table_pos;        // the open table on the page
+  Xport::markup_iterator cursor;           // the block that takes the next text
+  bool in_table = false;                   // a table is open
+  std::int32_t span_rows = 0;              // rows that the first cell spans, less one
+  std::int32_t span_rows_left = 0;         // how many of them are still to be started
+  std::int32_t table_columns = 0;          // as given to OpenTable
+  std::int32_t next_column = 0;            // 0 at the start of a row
+  Xport::markup_iterator row_pos;          // the row that takes the next cell
+  std::vector<SavedTableState> table_stack;
+  Xport::xhtml_element section_table;      // the table being filled in section mode
+  Xport::xhtml_element link_cell;          // the prepared cell of AddLink
+  Xport::xhtml_element link_anchor;        // the prepared anchor of AddLink
+  bool section_mode = false;               // content goes into the last section
+  bool direct_links = false;               // but text and links stay on the page
+  Xport::ustring pending_id;               // the `id` of the next heading, used once
+  std::list<Xport::ustring> path_texts;    // headings queued for the next section
+  std::list<std::int32_t> path_styles;
+  std::list<ReportSection> sections;       // in order of creation
+  std::list<Xport::ustring> template_fields;
+  std::list<std::vector<Xport::markup_iterator>> template_segments;  // wait for the page
+  Xport::xhtml_doc template_doc;           // the loaded template
+};
+
+#endif

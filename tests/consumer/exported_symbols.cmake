@@ -1,0 +1,20 @@
+# Compares what the shared library exports with the kept list. A name that appears is a
+# promise to every compiled host, one that goes away breaks them: either is a decision, which
+# is made by changing exported_symbols.txt and telling packagers in CHANGELOG.md.
+include("${CMAKE_CURRENT_LIST_DIR}/common.cmake")
+
+execute_process(
+  COMMAND "${nm}" -DC --defined-only "${library}"
+  OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "[^\n]+" lines "${output}")
+list(TRANSFORM lines REPLACE "^[0-9a-fA-F]+ [A-Za-z] " "")
+list(SORT lines)
+list(REMOVE_DUPLICATES lines)
+
+file(STRINGS "${source_dir}/exported_symbols.txt" kept)
+list(SORT kept)
+if(NOT lines STREQUAL kept)
+  list(JOIN lines "\n" lines)
+  list(JOIN kept "\n" kept)
+  message(FATAL_ERROR "The library exports:\n${lines}\n\nThe kept list is:\n${kept}")
+endif()

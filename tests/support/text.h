@@ -1,0 +1,40 @@
+#ifndef TESTS_SUPPORT_TEXT_H
+#define TESTS_SUPPORT_TEXT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "xport/markup/xhtml_markup.h"
+#include "xport/markup/xhtml_writer.h"
+#include "xport/text/char16.h"
+#include "xport/text/ustring_stream.h"
+
+namespace test {
+
+/// A text for the eyes: ASCII as it is, other units as \uXXXX.
+inline std::string printable(Xport::ustring_view text) {
+  static const char hex[] = "0123456789ABCDEF";
+  std::string out;
+  for (const std::uint32_t unit : text) {
+    if (unit < 0x7F && (unit >= 0x20 || unit == '\n')) {
+      out += static_cast<char>(unit);
+    } else {
+      out += "\\u";
+      for (int shift = 12; shift >= 0; shift -= 4) out += hex[(unit >> shift) & 0xF];
+    }
+  }
+  return out;
+}
+
+/// What a fresh writer with the default options makes of `node`.
+inline Xport::ustring written(const Xport::xhtml_markup& node) {
+  Xport::ustring_stream stream;
+  Xport::xhtml_writer writer(stream);
+  node.write(writer);
+  return stream.str();
+}
+
+}  // namespace test
+
+#endif

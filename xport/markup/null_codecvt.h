@@ -1,0 +1,52 @@
+#ifndef XPORT_MARKUP_NULL_CODECVT_H
+#define XPORT_MARKUP_NULL_CODECVT_H
+
+#include <algorithm>
+#include <cstddef>
+#include <cwchar>
+#include <locale>
+
+#include "xport/text/char16.h"
+
+namespace Xport {
+
+/// The conversion between code units and bytes that converts nothing: it tells a
+/// stream that units pass unchanged. Make it with new and give it to a locale,
+/// which then owns it.
+class NullCodecvt : public std::codecvt<char16, char, std::mbstate_t> {
+ public:
+  NullCodecvt() = default;
+
+ protected:
+  bool do_always_noconv() const noexcept override { return true; }
+  int do_max_length() const noexcept override { return 2; }
+  int do_encoding() const noexcept override { return 2; }
+  result do_in(state_type&, const char* from, const char*, const char*& from_next, char16* to,
+               char16*, char16*& to_next) const override {
+    from_next = from;
+    to_next = to;
+    return noconv;
+  }
+  result do_out(state_type&, const char16* from, const char16*, const char16*& from_next, char* to,
+                char*, char*& to_next) const override {
+    from_next = from;
+    to_next = to;
+    return noconv;
+  }
+  result do_unshift(state_type&, char* to, char*, char*& to_next) const override {
+    to_next = to;
+    return noconv;
+  }
+  int do_length(state_type&, const char* from, const char* end, std::size_t count) const override {
+    return static_cast<int>(std::min(count, static_cast<std::size_t>(end - from)));
+  }
+};
+
+/// `base` with NullCodecvt in it; its name is "*".
+inline std::locale with_null_codecvt(const std::locale& base) {
+  return std::locale(base, new NullCodecvt);
+}
+
+}  // namespace Xport
+
+#endif

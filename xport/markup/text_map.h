@@ -1,0 +1,152 @@
+#ifndef XPORT_MARKUP_TEXT_MAP_H
+#define XPORT_MARKUP_TEXT_MAP_H
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+
+#include "xport/markup/node_pool.h"
+#include "xport/text/char16.h"
+#include "xport/vocabulary/xhtml_strict.h"
+
+namespace Xport {
+
+/// What text_map is made of, for keys of any enumeration.
+///
+/// An ordered map from numbers to texts, kept as one block of memory: the
+/// entries in ascending key, each a head and its code units. An empty map has no
+/// block. Each change makes a new block, which is right for the few attributes
+/// that elements have, and safe where the new value is part of an old one.
+class text_map_base {
+ public:
+  bool empty() const { return block_ == nullptr; }
+
+  /// The number of entries. Linear in it.
+  std::size_t size() const;
+
+  /// Removes all entries.
+  void clear() noexcept;
+
+  /// Where the memory comes from; null for the general heap.
+  node_pool* pool() const { return pool_; }
+
+ protected:
+  struct entry_head {
+    std::int32_t key;
+    std::uint32_t length;
+
+    ustring_view value() const { return {reinterpret_cast<const char16*>(this + 1), length}; }
+    const entry_head* next() const {
+      return reinterpret_cast<const entry_head*>(reinterpret_cast<const char*>(this) +
+                                                 bytes_of(length));
+    }
+  };
+  struct block {
+    std::size_t bytes;
+  };
+
+  explicit text_map_base(node_pool* pool) : pool_(pool) {}
+  text_map_base(const text_map_base& other, node_pool* pool);
+  text_map_base& operator=(const text_map_base&) = delete;
+  ~text_map_base() { clear(); }
+
+  const entry_head* first() const {
+    return block_ != nullptr ? reinterpret_cast<const entry_head*>(block_ + 1) : nullptr;
+  }
+  const entry_head* last() const {
+    return block_ != nullptr ? reinterpret_cast<const entry_head*>(
+                                   reinterpret_cast<const char*>(block_) + block_->bytes)
+                             : nullptr;
+  }
+
+  /// The first entry whose key isn't below `key`.
+  const entry_head* lower_bound(std::int32_t key) const;
+  const entry_head* find(std::int32_t key) const;
+
+  void assign(std::int32_t key, ustring_view value);
+  bool erase(std::int32_t key);
+
+  /// A head and its units, padded so that the next head is aligned.
+  static constexpr std::size_t bytes_of(std::size_t length) {
+    return sizeof(entry_head) + (length + length % 2) * sizeof(char16);
+  }
+
+ private:
+  block* make_block(std::size_t bytes);
+  void replace(const entry_head* from, const entry_head* to, const std::int32_t* key,
+               ustring_view value);
+
+  node_pool* pool_;
+  block* block_ = nullptr;
+};
+
+/// An ordered map from `Key`, an enumeration, to text. Iteration is in ascending
+/// key, which is the order of output. Texts that are handed out are valid until
+/// the map is changed. Changes raise std::bad_alloc, and std::length_error for a
+/// text of 2^32 units or more; the map is then as it was.
+template <class Key>
+class text_map : public text_map_base {
+ public:
+  struct value_type {
+    Key first;
+    ustring_view second;
+  };
+
+  class const_iterator {
+   public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = text_map::value_type;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const value_type*;
+    using reference = value_type;
+
+    explicit const_iterator(const entry_head* entry) : entry_(entry) {}
+    value_type operator*() const { return {static_cast<Key>(entry_->key), entry_->value()}; }
+    const_iterator& operator++() {
+      entry_ = entry_->next();
+      return *this;
+    }
+    friend bool operator==(const const_iterator&, const const_iterator&) = default;
+
+   private:
+    const entry_head* entry_;
+  };
+
+  /// An empty map whose memory comes from `pool`, or from the heap if it is null.
+  explicit text_map(node_pool* pool = nullptr) : text_map_base(pool) {}
+
+  /// A copy on the heap.
+  text_map(const text_map& other) : text_map_base(other, nullptr) {}
+
+  /// A copy whose memory comes from `pool`, or from the heap if it is null.
+  text_map(const text_map& other, node_pool* pool) : text_map_base(other, pool) {}
+
+  const_iterator begin() const { return const_iterator(first()); }
+  const_iterator end() const { return const_iterator(last()); }
+
+  bool contains(Key key) const { return find(static_cast<std::int32_t>(key)) != nullptr; }
+
+  /// The text stored for `key`, empty if there is none.
+  ustring_view operator[](Key key) const {
+    const entry_head* const entry = find(static_cast<std::int32_t>(key));
+    return entry != nullptr ? entry->value() : ustring_view();
+  }
+
+  /// Stores `value`, in place of what is there.
+  void insert_or_assign(Key key, ustring_view value) {
+    assign(static_cast<std::int32_t>(key), value);
+  }
+
+  /// Removes the entry; false if there is none.
+  bool erase(Key key) { return text_map_base::erase(static_cast<std::int32_t>(key)); }
+
+ private:
+  using text_map_base::find;
+};
+
+using attribute_map = text_map<attr_id>;
+using style_map = text_map<css_property_id>;
+
+}  // namespace Xport
+
+#endif

@@ -1,0 +1,126 @@
+#ifndef XPORT_MARKUP_XHTML_ELEMENT_H
+#define XPORT_MARKUP_XHTML_ELEMENT_H
+
+#include <cstddef>
+#include <cstdint>
+
+#include "xport/markup/xhtml_markup.h"
+
+namespace Xport {
+
+class text_leaf;
+
+/// An element: a rule record, attributes, an inline style and children. The one
+/// kind of node that takes children. What XHTML 1.0 Strict doesn't permit is
+/// refused without a word; only the result tells.
+///
+/// Beyond the rules of the record, insert_copy and all that ends in it hold
+/// `html` to one `head` and one `body`, in this order, and `head` to one `title`.
+/// A position that isn't in this element's list is refused.
+///
+/// An element without a record, made with a number outside the table, answers
+/// like the row "invalid tag", except that end_tag_text raises. It stores no
+/// attribute, is taken by no parent and writes nothing.
+///
+/// Insertion, append and the attribute operations take constant time, apart from
+/// the copy itself and, for `html` and `head`, a look at their children.
+class xhtml_element : public xhtml_markup {
+ public:
+  /// An element by number. `id` and `class_name` become the attributes of that
+  /// name; an empty one, or one that the element doesn't take, is left out.
+  xhtml_element(tag_id tag, ustring_view id, ustring_view class_name);
+
+  /// As above, with all memory of its content from `pool`, which it must not
+  /// outlive.
+  xhtml_element(tag_id tag, ustring_view id, ustring_view class_name, node_pool* pool);
+
+  /// A deep copy on the heap. Its parent is that of `other` until it is inserted.
+  xhtml_element(const xhtml_element& other);
+
+  ~xhtml_element() override;
+
+  /// Deletes all children. Attributes and style stay.
+  void clear_children() noexcept;
+
+  /// Lets go of the children without visiting them, for a tree whose pool goes
+  /// away as a whole.
+  void abandon_children() noexcept { first_child_ = nullptr; }
+
+  markup_iterator adopt_child(xhtml_markup* node) override;
+  void insert_range(const_markup_iterator position, const_markup_iterator first,
+                    const_markup_iterator last) override;
+  void insert_copies(const_markup_iterator position, std::size_t count,
+                     const xhtml_markup& node) override;
+  markup_iterator insert_text(const_markup_iterator position, ustring_view text) override;
+  markup_iterator insert_copy(const_markup_iterator position, const xhtml_markup& node) override;
+  markup_iterator append_text(ustring_view text) override;
+  markup_iterator append_copy(const xhtml_markup& node) override;
+  xhtml_markup& operator<<(const xhtml_markup& node) override;
+  xhtml_markup& operator<<(ustring_view text) override;
+  markup_iterator push_back_text(ustring_view text) override;
+  markup_iterator push_back_copy(const xhtml_markup& node) override;
+  markup_iterator push_front_text(ustring_view text) override;
+  markup_iterator push_front_copy(const xhtml_markup& node) override;
+  bool set_attribute(attr_id attribute, ustring_view value) override;
+  ustring get_attribute(attr_id attribute) const override;
+  const attribute_map* attributes() const override { return &attributes_; }
+  attribute_map* attributes() override { return &attributes_; }
+  bool set_style(css_property_id property, ustring_view value) override;
+  ustring get_style(css_property_id property) const override;
+  const style_map* style_properties() const override { return &style_; }
+  style_map* style_properties() override { return &style_; }
+  tag_id tag() const override { return rules().id; }
+  ustring tag_name() const override { return ustring(rules().name); }
+  void write(xhtml_writer& writer) const override;
+  bool accepts_text() const override;
+  std::uint32_t content_flags() const override { return rules().content_flags; }
+  xhtml_markup* clone() const override;
+  bool is_empty_element() const override;
+  ustring end_tag_text() const override;
+  const Tag_trait_handle* tag_trait() const override { return &trait_; }
+  std::uint32_t category_flags() const override { return rules().category_flags; }
+  bool can_contain(const xhtml_markup& node) const override;
+
+  /// The rule record; that of "invalid tag" where the element has none.
+  const Tag_trait& rules() const {
+    return trait_.get() != nullptr ? *trait_.get() : *tag_table[tag_id::invalid_tag];
+  }
+
+  /// The first child, null if there is none.
+  const xhtml_markup* first_child() const { return first_child_; }
+
+  /// Where the memory of the content comes from; null for the heap.
+  node_pool* pool() const { return attributes_.pool(); }
+
+ private:
+  struct place {
+    xhtml_element& parent;
+  };
+  struct on_heap {};
+
+  // Copies without the children, for a place below `parent` and for the heap.
+  xhtml_element(const xhtml_element& other, const place& where);
+  xhtml_element(const xhtml_element& other, on_heap);
+
+  bool has_position(const const_markup_iterator& position) const;
+  bool has_child(tag_id tag) const;
+  bool keeps_order(const const_markup_iterator& position, const xhtml_markup& node) const;
+  void link(xhtml_markup* node, const xhtml_markup* before) noexcept;
+  xhtml_markup* copy_node(const xhtml_markup& node);
+  xhtml_markup* copy_tree(const xhtml_markup& node);
+  void copy_children(const xhtml_element& source);
+  template <class Leaf>
+  Leaf* make_leaf(ustring_view text);
+  template <class Node, class... Arguments>
+  Node* make_node(std::size_t bytes, const Arguments&... arguments);
+  static void dispose(xhtml_markup* node, node_pool* pool) noexcept;
+
+  xhtml_markup* first_child_ = nullptr;
+  Tag_trait_handle trait_;
+  attribute_map attributes_;
+  style_map style_;
+};
+
+}  // namespace Xport
+
+#endif

@@ -1,0 +1,240 @@
+#include "xport/markup/xhtml_writer.h"
+
+#include "xport/markup/containment.h"
+#include "xport/markup/text_leaf.h"
+#include "xport/markup/xhtml_element.h"
+
+namespace Xport {
+
+xhtml_writer::xhtml_writer(stream_type& stream_to)
+    : stream(&stream_to),
+      buffer_(std::make_unique_for_overwrite<char16[]>(buffer_units)),
+      next_(buffer_.get()),
+      end_(next_ + buffer_units) {}
+
+xhtml_writer::~xhtml_writer() {
+  if (stream_mode != 1) delete stream;
+}
+
+void xhtml_writer::write(const xhtml_markup& node) {
+  if (node.type() != node_type::element) {
+    write_leaf(node);
+    drain();
+    return;
+  }
+  const auto& element = static_cast<const xhtml_element&>(node);
+  if (element.tag_trait()->get() != nullptr) write_tree(element);
+  drain();
+  stream->flush();
+}
+
+void xhtml_writer::write_byte_order_mark() {
+  if (byte_order_mark == 2) put(ustring_view(u"\uFEFF", 1));
+  if (byte_order_mark == 3) put(ustring_view(u"\0\uFEFF", 2));
+}
+
+std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) const {
+  const tag_id tag = node.type() == node_type::element
+                         ? static_cast<const xhtml_element&>(node).rules().id
+                         : tag_id::invalid_tag;
+  if (tag != tag_id::invalid_tag) return layout_table[static_cast<std::size_t>(tag)];
+  switch (node.type()) {
+    case node_type::comment:
+    case node_type::pcdata:
+      return layout_inline;
+    case node_type::doctype:
+      return layout_break_behind_start;
+    default:
+      return layout_block;
+  }
+}
+
+// Walks the tree by its own links: all that a level needs when its child is done
+// follows from the two nodes.
+void xhtml_writer::write_tree(const xhtml_element& top) {
+  const xhtml_element* element = &top;
+  std::uint32_t layout = layout_of(top);
+  bool at_line_start = write_start(top, layout);
+  const xhtml_markup* child = top.first_child();
+  while (true) {
+    if (child != nullptr) {
+      const std::uint32_t child_layout = layout_of(*child);
+      write_lead_in(layout, child_layout, at_line_start);
+      shift_level(layout, 1);
+      if (child->type() == node_type::element) {
+        element = static_cast<const xhtml_element*>(child);
+        layout = child_layout;
+        at_line_start = write_start(*element, layout);
+        child = element->first_child();
+        continue;
+      }
+      write_leaf(*child);
+      at_line_start = (child_layout & layout_break_behind_end) != 0;
+    } else {
+      write_end(*element, layout, at_line_start);
+      if (element == &top) return;
+      at_line_start = (layout & layout_break_behind_end) != 0;
+      child = element;
+      element = static_cast<const xhtml_element*>(element->parent());
+      layout = layout_of(*element);
+    }
+    shift_level(layout, -1);
+    child = child->next_;
+  }
+}
+
+// Answers whether the content starts on a line of its own. The document root has
+// no tags.
+bool xhtml_writer::write_start(const xhtml_element& element, std::uint32_t layout) {
+  if (element.rules().id == tag_id::doc_root) {
+    indent_level = -1;
+    return true;
+  }
+  if (indent_level < 0) indent_level = 0;
+  put(u'<');
+  put(element.rules().name);
+  column += 1 + element.rules().name.size();
+  write_attributes(element);
+  if (!element.style_properties()->empty()) write_style(element);
+  if (takes_nothing(element.rules())) {
+    put(u'/');
+    ++column;
+  }
+  put(u'>');
+  ++column;
+  if ((layout & layout_break_behind_start) == 0) return false;
+  break_line();
+  return true;
+}
+
+void xhtml_writer::write_attributes(const xhtml_element& element) {
+  for (const auto& [attribute, value] : *element.attributes()) {
+    const ustring_view name = xhtml_strict::attribute_name(attribute);
+    const std::size_t length = 3 + name.size() + equals().size() + value.size();
+    if (exceeds_line(length)) wrap(blanks_at(indent_level));
+    put(u' ');
+    put(name);
+    put(equals());
+    put(quote());
+    put(value);
+    put(quote());
+    column += length;
+  }
+}
+
+// The column isn't kept evenly here: the opening quote isn't counted, and each
+// piece is counted with one unit too many. Where lines wrap depends on it.
+void xhtml_writer::write_style(const xhtml_element& element) {
+  put(u" style");
+  put(equals());
+  put(quote());
+  column += 6 + equals().size();
+  bool first = true;
+  for (const auto& [property, value] : *element.style_properties()) {
+    const ustring_view name = xhtml_strict::css_property_name(property);
+    const std::size_t length = (first ? 0 : 1) + name.size() + 2 + value.size() + 1;
+    if (exceeds_line(length)) wrap(blanks_at(indent_level));
+    if (!first) put(u' ');
+    put(name);
+    put(u": ");
+    put(value);
+    put(u';');
+    column += length + 1;
+    first = false;
+  }
+  put(quote());
+  ++column;
+}
+
+// Brings a child to its place. The column grows by one level's blanks more than
+// are written where the parent isn't a block.
+void xhtml_writer::write_lead_in(std::uint32_t parent_layout, std::uint32_t child_layout,
+                                 bool at_line_start) {
+  const bool on_own_line = (child_layout & layout_break_before_start) != 0;
+  if (!at_line_start && on_own_line) break_line();
+  if (on_own_line || (at_line_start && parent_layout != layout_preformatted)) {
+    put_blanks(blanks_at(indent_level + (parent_layout == layout_block ? 1 : 0)));
+    column += static_cast<std::uint64_t>(blanks_at(indent_level + 1));
+  }
+}
+
+void xhtml_writer::write_end(const xhtml_element& element, std::uint32_t layout,
+                             bool at_line_start) {
+  if (element.rules().id == tag_id::doc_root) return;
+  const bool on_own_line =
+      (layout & layout_break_before_end) != 0 || layout == layout_preformatted;
+  if (!at_line_start && on_own_line) break_line();
+  if (takes_nothing(element.rules())) return;
+  const ustring_view name = element.rules().name;
+  if (on_own_line) {
+    indent(blanks_at(indent_level));
+  } else {
+    if (exceeds_line(3 + name.size())) break_line();
+    if (column == 0 && tag_of(element.parent()) != tag_id::pre) indent(blanks_at(indent_level));
+  }
+  put(u"</");
+  put(name);
+  put(u'>');
+  column += 3 + name.size();
+  if ((layout & layout_break_behind_end) != 0) break_line();
+}
+
+void xhtml_writer::write_leaf(const xhtml_markup& node) {
+  const auto text = [&node] { return static_cast<const text_leaf&>(node).text(); };
+  switch (node.type()) {
+    case node_type::pcdata:
+      write_text(text(), node.parent());
+      break;
+    case node_type::comment:
+      write_comment(text());
+      break;
+    case node_type::processing_instruction:
+      put(u"<?");
+      put(text());
+      put(u" ?>\n");
+      break;
+    case node_type::doctype:
+      put(u"<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n"
+          u"     \"http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd\">\n");
+      break;
+    case node_type::element:
+    case node_type::none:
+      break;
+  }
+}
+
+void xhtml_writer::write_text(ustring_view text, const xhtml_markup* parent) {
+  const tag_id tag = tag_of(parent);
+  const std::int64_t level = tag == tag_id::pre ? 0 : std::max<std::int64_t>(indent_level, 0);
+  const bool as_it_stands = max_line_length == 0 || tag == tag_id::script ||
+                            tag == tag_id::style ||
+                            (parent != nullptr && layout_of(*parent) == layout_preformatted);
+  if (as_it_stands)
+    put_lines(text, blanks_at(level));
+  else
+    put_wrapped(text, blanks_at(level));
+}
+
+// A run of white space becomes its first unit, with the indentation behind it once
+// for each line feed in the run.
+void xhtml_writer::write_comment(ustring_view text) {
+  put(u"<!-- ");
+  column += 5;
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t first = i++;
+    put(text[first]);
+    ++column;
+    if (!classes_.is_space(text[first])) continue;
+    while (i < text.size() && classes_.is_space(text[i])) ++i;
+    for (std::size_t k = first; k < i; ++k)
+      if (text[k] == u'\n') indent(blanks_at(indent_level));
+  }
+  put(u" -->");
+  column += 4;
+}
+
+tag_id xhtml_writer::tag_of(const xhtml_markup* node) {
+  return node != nullptr ? node->tag() : tag_id::invalid_tag;
+}
+
+}  // namespace Xport

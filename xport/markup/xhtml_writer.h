@@ -1,0 +1,119 @@
+#ifndef XPORT_MARKUP_XHTML_WRITER_H
+#define XPORT_MARKUP_XHTML_WRITER_H
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <ostream>
+
+#include "xport/markup/layout_table.h"
+#include "xport/text/char16.h"
+#include "xport/text/character_class.h"
+
+namespace Xport {
+
+class text_leaf;
+class xhtml_element;
+class xhtml_markup;
+
+/// Turns a markup tree into text on a stream of code units: the one definition
+/// of the output form. The layout is a pretty printer driven by a table of break
+/// flags: blocks stand on lines of their own with their content indented, inline
+/// elements flow in the text, `br` breaks behind itself, `pre` keeps its text.
+/// Lines end in one line feed.
+///
+/// Nothing is escaped, decoded or checked: texts and attribute values reach the
+/// stream unit by unit as they stand in the nodes.
+///
+/// A writer is made for one output. Its options are the fields, to be set before
+/// the first write. What is written is on the stream when the call of a node's
+/// `write` returns; in between it goes out in blocks of 64 KiB. The stream isn't
+/// looked at: failures show in its state. Memory and machine stack don't grow
+/// with the depth of the tree.
+class xhtml_writer {
+ public:
+  using stream_type = std::basic_ostream<char16>;
+
+  /// A writer with the default options on `stream_to`, which must outlive it.
+  explicit xhtml_writer(stream_type& stream_to);
+  xhtml_writer(const xhtml_writer&) = delete;
+  xhtml_writer& operator=(const xhtml_writer&) = delete;
+
+  /// Deletes the stream unless `stream_mode` is 1.
+  ~xhtml_writer();
+
+  std::uint32_t stream_mode = 1;      ///< 1: the stream is borrowed, else owned
+  std::int32_t indent_step = 2;       ///< blanks for each level of indentation
+  std::int16_t indent_level = 0;      ///< the current level; wraps at 16 bits
+  std::uint64_t max_line_length = 0;  ///< units; 0: never wrap
+  std::uint64_t column = 0;           ///< where the writer believes it stands
+  layout_flags_table layout_table = default_layout();  ///< break flags by element
+  stream_type* stream;                                 ///< the target; never null
+  bool double_quotes = false;           ///< attribute values in " and not in '
+  bool spaced_equals = false;           ///< " = " and not "=" behind attribute names
+  std::uint32_t byte_order_mark = 2;    ///< 2: U+FEFF; 3: U+0000 U+FEFF; else none
+
+  /// Writes `node` and all below it; for an element, then flushes the stream.
+  /// What the `write` operations of the nodes call.
+  void write(const xhtml_markup& node);
+
+ private:
+  friend class xhtml_doc;
+
+  static constexpr std::size_t buffer_units = 32 * 1024;
+
+  void write_byte_order_mark();
+
+  // The tree.
+  static tag_id tag_of(const xhtml_markup* node);
+  std::uint32_t layout_of(const xhtml_markup& node) const;
+  void shift_level(std::uint32_t parent_layout, int by) {
+    if (parent_layout == layout_block) indent_level = static_cast<std::int16_t>(indent_level + by);
+  }
+  void write_tree(const xhtml_element& top);
+  bool write_start(const xhtml_element& element, std::uint32_t layout);
+  void write_attributes(const xhtml_element& element);
+  void write_style(const xhtml_element& element);
+  void write_lead_in(std::uint32_t parent_layout, std::uint32_t child_layout, bool at_line_start);
+  void write_end(const xhtml_element& element, std::uint32_t layout, bool at_line_start);
+  void write_leaf(const xhtml_markup& node);
+  void write_text(ustring_view text, const xhtml_markup* parent);
+  void write_comment(ustring_view text);
+
+  // The units.
+  std::int64_t blanks_at(std::int64_t level) const { return level * indent_step; }
+  bool exceeds_line(std::uint64_t units) const {
+    return max_line_length != 0 && column + units > max_line_length;
+  }
+  void put(char16 unit) {
+    if (next_ == end_) drain();
+    *next_++ = unit;
+  }
+  void put(ustring_view run) {
+    if (static_cast<std::size_t>(end_ - next_) < run.size()) return put_long(run);
+    next_ = std::copy(run.begin(), run.end(), next_);
+  }
+  void put_long(ustring_view run);
+  void put_blanks(std::int64_t count);
+  void put_lines(ustring_view text, std::int64_t blanks);
+  void put_wrapped(ustring_view text, std::int64_t blanks);
+  void break_line() {
+    put(u'\n');
+    column = 0;
+  }
+  void indent(std::int64_t blanks);
+  void wrap(std::int64_t blanks);
+  void drain();
+  char16 quote() const { return double_quotes ? u'"' : u'\''; }
+  ustring_view equals() const { return spaced_equals ? u" = " : u"="; }
+
+  character_classes classes_;
+  std::unique_ptr<char16[]> buffer_;
+  char16* next_;
+  char16* end_;
+};
+
+}  // namespace Xport
+
+#endif

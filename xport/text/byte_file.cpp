@@ -1,0 +1,7 @@
+#include "xport/text/byte_file.h"
+
+namespace Xport {
+
+byte_output::~byte_output() = default;
+
+}  // namespace Xport
