@@ -6,7 +6,6 @@ using Xport::attr_id;
 using Xport::tag_id;
 using Xport::ustring;
 using Xport::ustring_view;
-using Xport::xhtml_element;
 
 namespace {
 
@@ -38,7 +37,7 @@ heading heading_of(std::int32_t style) {
 
 void VellomarkObj::StartParagraph() {
   if (!doc) return;
-  cursor = doc->body()->push_back_copy(xhtml_element(tag_id::p, {}, {}));
+  cursor = append_element(*doc->body(), tag_id::p);
   cursor_ready = true;
 }
 
@@ -51,7 +50,7 @@ void VellomarkObj::AddHeading(const char16_t* text, std::int32_t style) {
     return;
   }
   const heading kind = heading_of(style);
-  Xport::xhtml_markup& added = *doc->body()->push_back_copy(xhtml_element(kind.tag, {}, {}));
+  Xport::xhtml_markup& added = *append_element(*doc->body(), kind.tag);
   added.set_attribute(attr_id::class_, kind.class_name);
   if (!pending_id.empty()) {
     added.set_attribute(attr_id::id, pending_id);
@@ -78,10 +77,10 @@ void VellomarkObj::AppendPlainText(const char16_t* text) {
     return;
   }
   if (text != nullptr)
-    cursor->push_back_copy(xhtml_element(tag_id::a, {}, {}))->push_back_text(text);
+    append_element(*cursor, tag_id::a)->push_back_text(text);
   else
     cursor->push_back_copy(link_anchor);
-  cursor->push_back_copy(xhtml_element(tag_id::br, {}, {}));
+  append_element(*cursor, tag_id::br);
 }
 
 void VellomarkObj::AddLink(const char16_t* text, const char16_t* target) {

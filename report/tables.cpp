@@ -47,8 +47,8 @@ bool VellomarkObj::OpenTable(std::int32_t columns) {
 // The element of section tables is one: an outer table loses its rows, and with
 // them all positions on its rows.
 bool VellomarkObj::OpenSectionTable(std::int32_t columns) {
-  table_stack.push_back({cursor, in_table, span_rows, span_rows_left, table_columns, next_column,
-                         row_pos});
+  table_stack.push_back(
+      {cursor, in_table, span_rows, span_rows_left, table_columns, next_column, row_pos});
   section_table.clear_children();
   for (SavedTableState& saved : table_stack)
     if (saved.row_pos.owner() == &section_table) saved.row_pos = {};
@@ -102,13 +102,13 @@ void VellomarkObj::AppendCell(const char16_t* text, bool in_section_table) {
   const bool in_row = next_column != 0 && span_rows_left >= span_rows;
   if (!in_row || row_pos.cell() == nullptr) {
     xhtml_markup& table = in_section_table ? section_table : *table_pos;
-    row_pos = table.append_copy(xhtml_element(tag_id::tr, {}, {}));
+    row_pos = append_element(table, tag_id::tr);
   }
   xhtml_markup& row = *row_pos;
   if (text == nullptr) {
     FinishCell(*row.append_copy(link_cell));
   } else {
-    xhtml_markup& cell = *row.append_copy(xhtml_element(tag_id::td, {}, {}));
+    xhtml_markup& cell = *append_element(row, tag_id::td);
     const ustring_view content(text);
     if (content.find(u'\n') == ustring_view::npos)
       cell << content;

@@ -99,29 +99,29 @@ class VellomarkObj final : public IVellomark {
   platform::file_system& files;
   platform::url_opener& browser;
 
-  std::unique_ptr<Xport::xhtml_doc> doc;   // the report page
-  bool cursor_ready = false;               // whether `cursor` has been set
-  Xport::markup_iterator table_pos;        // the open table on the page
-  Xport::markup_iterator cursor;           // the block that takes the next text
-  bool in_table = false;                   // a table is open
-  std::int32_t span_rows = 0;              // rows that the first cell spans, less one
-  std::int32_t span_rows_left = 0;         // how many of them are still to be started
-  std::int32_t table_columns = 0;          // as given to OpenTable
-  std::int32_t next_column = 0;            // 0 at the start of a row
-  Xport::markup_iterator row_pos;          // the row that takes the next cell
+  std::unique_ptr<Xport::xhtml_doc> doc;  // the report page
+  bool cursor_ready = false;              // whether `cursor` has been set
+  Xport::markup_iterator table_pos;       // the open table on the page
+  Xport::markup_iterator cursor;          // the block that takes the next text
+  bool in_table = false;                  // a table is open
+  std::int32_t span_rows = 0;             // rows that the first cell spans, less one
+  std::int32_t span_rows_left = 0;        // how many of them are still to be started
+  std::int32_t table_columns = 0;         // as given to OpenTable
+  std::int32_t next_column = 0;           // 0 at the start of a row
+  Xport::markup_iterator row_pos;         // the row that takes the next cell
   std::vector<SavedTableState> table_stack;
-  Xport::xhtml_element section_table;      // the table being filled in section mode
-  Xport::xhtml_element link_cell;          // the prepared cell of AddLink
-  Xport::xhtml_element link_anchor;        // the prepared anchor of AddLink
-  bool section_mode = false;               // content goes into the last section
-  bool direct_links = false;               // but text and links stay on the page
-  Xport::ustring pending_id;               // the `id` of the next heading, used once
-  std::list<Xport::ustring> path_texts;    // headings queued for the next section
+  Xport::xhtml_element section_table;    // the table being filled in section mode
+  Xport::xhtml_element link_cell;        // the prepared cell of AddLink
+  Xport::xhtml_element link_anchor;      // the prepared anchor of AddLink
+  bool section_mode = false;             // content goes into the last section
+  bool direct_links = false;             // but text and links stay on the page
+  Xport::ustring pending_id;             // the `id` of the next heading, used once
+  std::list<Xport::ustring> path_texts;  // headings queued for the next section
   std::list<std::int32_t> path_styles;
-  std::list<ReportSection> sections;       // in order of creation
+  std::list<ReportSection> sections;  // in order of creation
   std::list<Xport::ustring> template_fields;
   std::list<std::vector<Xport::markup_iterator>> template_segments;  // wait for the page
-  Xport::xhtml_doc template_doc;           // the loaded template
+  Xport::xhtml_doc template_doc;                                     // the loaded template
 };
 
 #endif

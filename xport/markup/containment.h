@@ -21,7 +21,8 @@ constexpr bool takes_nothing(const Tag_trait& parent) {
 constexpr bool takes_element(const Tag_trait& parent, const Tag_trait& child) {
   if (child.id == tag_id::invalid_tag) return false;
   const std::uint32_t by_category = parent.content_flags & (content_block | content_inline);
-  if ((by_category & child.category_flags) != 0) return !parent.excluded_children.contains(child.id);
+  if ((by_category & child.category_flags) != 0)
+    return !parent.excluded_children.contains(child.id);
   return parent.allowed_children.contains(child.id);
 }
 

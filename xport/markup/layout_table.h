@@ -30,15 +30,14 @@ constexpr layout_flags_table default_layout() {
   layout_flags_table table{};
   table.fill(layout_block);
   for (tag_id tag :
-       {tag_id::a,     tag_id::abbr,  tag_id::acronym, tag_id::applet, tag_id::b,
-        tag_id::basefont, tag_id::bdo, tag_id::big,    tag_id::button, tag_id::cite,
-        tag_id::code,  tag_id::del,   tag_id::dfn,     tag_id::em,     tag_id::font,
-        tag_id::i,     tag_id::ins,   tag_id::kbd,     tag_id::q,      tag_id::s,
-        tag_id::samp,  tag_id::small, tag_id::span,    tag_id::strike, tag_id::strong,
-        tag_id::sub,   tag_id::sup,   tag_id::tt,      tag_id::u,      tag_id::var})
+       {tag_id::a,        tag_id::abbr,  tag_id::acronym, tag_id::applet, tag_id::b,
+        tag_id::basefont, tag_id::bdo,   tag_id::big,     tag_id::button, tag_id::cite,
+        tag_id::code,     tag_id::del,   tag_id::dfn,     tag_id::em,     tag_id::font,
+        tag_id::i,        tag_id::ins,   tag_id::kbd,     tag_id::q,      tag_id::s,
+        tag_id::samp,     tag_id::small, tag_id::span,    tag_id::strike, tag_id::strong,
+        tag_id::sub,      tag_id::sup,   tag_id::tt,      tag_id::u,      tag_id::var})
     table[static_cast<std::size_t>(tag)] = layout_inline;
-  table[static_cast<std::size_t>(tag_id::br)] =
-      layout_break_behind_start | layout_break_behind_end;
+  table[static_cast<std::size_t>(tag_id::br)] = layout_break_behind_start | layout_break_behind_end;
   table[static_cast<std::size_t>(tag_id::pre)] = layout_preformatted;
   return table;
 }

@@ -18,8 +18,7 @@ class xhtml_pcdata final : public text_leaf {
 
  private:
   friend class xhtml_element;
-  xhtml_pcdata(ustring_view text, const place& where)
-      : text_leaf(node_type::pcdata, text, where) {}
+  xhtml_pcdata(ustring_view text, const place& where) : text_leaf(node_type::pcdata, text, where) {}
 };
 
 /// A comment. The text is its body without the delimiters.

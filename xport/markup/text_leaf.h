@@ -51,7 +51,6 @@ class text_leaf : public xhtml_markup {
   /// Texts up to this length stand in the node where the pool makes it.
   static constexpr std::size_t longest_in_node = 220;
 
-
   node_pool* text_pool() const;
   std::size_t room() const;
   const char16* units() const { return text_outside_ ? storage_.outside.units : storage_.inside; }

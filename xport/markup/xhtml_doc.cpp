@@ -42,8 +42,7 @@ xhtml_markup* xhtml_doc::title() {
 }
 
 xhtml_markup* xhtml_doc::body() {
-  if (body_ == nullptr && html_ != nullptr)
-    body_ = last_child_with(tag_id::body, *html_, nullptr);
+  if (body_ == nullptr && html_ != nullptr) body_ = last_child_with(tag_id::body, *html_, nullptr);
   return body_;
 }
 

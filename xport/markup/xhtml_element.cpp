@@ -23,14 +23,22 @@ xhtml_element::xhtml_element(tag_id tag, ustring_view id, ustring_view class_nam
   if (!class_name.empty()) xhtml_element::set_attribute(attr_id::class_, class_name);
 }
 
+xhtml_element::xhtml_element(const Tag_trait& record, const place& where)
+    : xhtml_markup(node_type::element, sizeof(xhtml_element)),
+      trait_(&record),
+      attributes_(where.parent.pool()),
+      style_(where.parent.pool()) {
+  parent_ = &where.parent;
+  in_pool_ = pool() != nullptr;
+}
+
 xhtml_element::xhtml_element(const xhtml_element& other, on_heap)
     : xhtml_markup(other, sizeof(xhtml_element)),
       trait_(other.trait_),
       attributes_(other.attributes_),
       style_(other.style_) {}
 
-xhtml_element::xhtml_element(const xhtml_element& other)
-    : xhtml_element(other, on_heap()) {
+xhtml_element::xhtml_element(const xhtml_element& other) : xhtml_element(other, on_heap()) {
   copy_children(other);
 }
 
@@ -96,10 +104,27 @@ markup_iterator xhtml_element::insert_text(const_markup_iterator position, ustri
 
 markup_iterator xhtml_element::insert_copy(const_markup_iterator position,
                                            const xhtml_markup& node) {
-  if (!can_contain(node) || !has_position(position) || !keeps_order(position, node)) return end();
+  if (!can_contain(node) || !has_position(position) || !keeps_order(position, node.tag()))
+    return end();
   xhtml_markup* const copy = copy_tree(node);
   link(copy, position.cell());
   return markup_iterator(copy, this);
+}
+
+markup_iterator xhtml_element::append_element(tag_id tag) {
+  const Tag_trait* const record = tag_table[tag];
+  if (record == nullptr || !takes_element(rules(), *record) || !keeps_order(end(), tag))
+    return end();
+  xhtml_element* const node =
+      make_node<xhtml_element>(sizeof(xhtml_element), *record, place{*this});
+  link(node, nullptr);
+  return markup_iterator(node, this);
+}
+
+markup_iterator append_element(xhtml_markup& parent, tag_id tag) {
+  return parent.type() == node_type::element
+             ? static_cast<xhtml_element&>(parent).append_element(tag)
+             : parent.end();
 }
 
 markup_iterator xhtml_element::append_text(ustring_view text) { return insert_text(end(), text); }
@@ -197,11 +222,9 @@ bool xhtml_element::has_child(tag_id tag) const {
 
 // The few rules of order that are held: one `head` before one `body` in `html`,
 // one `title` in `head`.
-bool xhtml_element::keeps_order(const const_markup_iterator& position,
-                                const xhtml_markup& node) const {
+bool xhtml_element::keeps_order(const const_markup_iterator& position, tag_id child) const {
   const tag_id parent = rules().id;
   if (parent != tag_id::html && parent != tag_id::head) return true;
-  const tag_id child = node.tag();
   const auto is = [](tag_id tag) {
     return [tag](const xhtml_markup& sibling) { return sibling.tag() == tag; };
   };
@@ -303,8 +326,7 @@ Leaf* xhtml_element::make_leaf(ustring_view text) {
 template <class Node, class... Arguments>
 Node* xhtml_element::make_node(std::size_t bytes, const Arguments&... arguments) {
   node_pool* const tree_pool = pool();
-  void* const memory =
-      tree_pool != nullptr ? tree_pool->allocate(bytes) : ::operator new(bytes);
+  void* const memory = tree_pool != nullptr ? tree_pool->allocate(bytes) : ::operator new(bytes);
   try {
     return new (memory) Node(arguments...);
   } catch (...) {

@@ -81,6 +81,9 @@ class xhtml_element : public xhtml_markup {
   std::uint32_t category_flags() const override { return rules().category_flags; }
   bool can_contain(const xhtml_markup& node) const override;
 
+  /// append_copy of an element with this number and nothing else, made in place.
+  markup_iterator append_element(tag_id tag);
+
   /// The rule record; that of "invalid tag" where the element has none.
   const Tag_trait& rules() const {
     return trait_.get() != nullptr ? *trait_.get() : *tag_table[tag_id::invalid_tag];
@@ -98,13 +101,15 @@ class xhtml_element : public xhtml_markup {
   };
   struct on_heap {};
 
-  // Copies without the children, for a place below `parent` and for the heap.
+  // An element with nothing in it, for a place below `parent`, and copies without
+  // the children, for such a place and for the heap.
+  xhtml_element(const Tag_trait& record, const place& where);
   xhtml_element(const xhtml_element& other, const place& where);
   xhtml_element(const xhtml_element& other, on_heap);
 
   bool has_position(const const_markup_iterator& position) const;
   bool has_child(tag_id tag) const;
-  bool keeps_order(const const_markup_iterator& position, const xhtml_markup& node) const;
+  bool keeps_order(const const_markup_iterator& position, tag_id child) const;
   void link(xhtml_markup* node, const xhtml_markup* before) noexcept;
   xhtml_markup* copy_node(const xhtml_markup& node);
   xhtml_markup* copy_tree(const xhtml_markup& node);
@@ -120,6 +125,9 @@ class xhtml_element : public xhtml_markup {
   attribute_map attributes_;
   style_map style_;
 };
+
+/// append_element where `parent` is an element; else the end of its list.
+markup_iterator append_element(xhtml_markup& parent, tag_id tag);
 
 }  // namespace Xport
 

@@ -14,9 +14,8 @@ const xhtml_markup& no_node() {
 }
 
 const xhtml_markup* first_child(const xhtml_markup& node) {
-  return node.type() == node_type::element
-             ? static_cast<const xhtml_element&>(node).first_child()
-             : nullptr;
+  return node.type() == node_type::element ? static_cast<const xhtml_element&>(node).first_child()
+                                           : nullptr;
 }
 
 }  // namespace
@@ -62,8 +61,7 @@ void const_markup_iterator::backward() {
 
 xhtml_markup::xhtml_markup() : xhtml_markup(node_type::none, sizeof(xhtml_markup)) {}
 
-xhtml_markup::xhtml_markup(const xhtml_markup& other)
-    : xhtml_markup(other, sizeof(xhtml_markup)) {}
+xhtml_markup::xhtml_markup(const xhtml_markup& other) : xhtml_markup(other, sizeof(xhtml_markup)) {}
 
 xhtml_markup::xhtml_markup(node_type type, std::size_t bytes)
     : type_(type), granules_(static_cast<std::uint16_t>(bytes / node_pool::granule)) {}

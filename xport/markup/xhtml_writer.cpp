@@ -1,16 +1,14 @@
 #include "xport/markup/xhtml_writer.h"
 
+#include <algorithm>
+
 #include "xport/markup/containment.h"
 #include "xport/markup/text_leaf.h"
 #include "xport/markup/xhtml_element.h"
 
 namespace Xport {
 
-xhtml_writer::xhtml_writer(stream_type& stream_to)
-    : stream(&stream_to),
-      buffer_(std::make_unique_for_overwrite<char16[]>(buffer_units)),
-      next_(buffer_.get()),
-      end_(next_ + buffer_units) {}
+xhtml_writer::xhtml_writer(stream_type& stream_to) : stream(&stream_to), output_(&stream_to) {}
 
 xhtml_writer::~xhtml_writer() {
   if (stream_mode != 1) delete stream;
@@ -19,18 +17,18 @@ xhtml_writer::~xhtml_writer() {
 void xhtml_writer::write(const xhtml_markup& node) {
   if (node.type() != node_type::element) {
     write_leaf(node);
-    drain();
+    output_.drain();
     return;
   }
   const auto& element = static_cast<const xhtml_element&>(node);
   if (element.tag_trait()->get() != nullptr) write_tree(element);
-  drain();
+  output_.drain();
   stream->flush();
 }
 
 void xhtml_writer::write_byte_order_mark() {
-  if (byte_order_mark == 2) put(ustring_view(u"\uFEFF", 1));
-  if (byte_order_mark == 3) put(ustring_view(u"\0\uFEFF", 2));
+  if (byte_order_mark == 2) output_.put(ustring_view(u"\uFEFF", 1));
+  if (byte_order_mark == 3) output_.put(ustring_view(u"\0\uFEFF", 2));
 }
 
 std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) const {
@@ -91,16 +89,16 @@ bool xhtml_writer::write_start(const xhtml_element& element, std::uint32_t layou
     return true;
   }
   if (indent_level < 0) indent_level = 0;
-  put(u'<');
-  put(element.rules().name);
+  output_.put(u'<');
+  output_.put(element.rules().name);
   column += 1 + element.rules().name.size();
   write_attributes(element);
   if (!element.style_properties()->empty()) write_style(element);
   if (takes_nothing(element.rules())) {
-    put(u'/');
+    output_.put(u'/');
     ++column;
   }
-  put(u'>');
+  output_.put(u'>');
   ++column;
   if ((layout & layout_break_behind_start) == 0) return false;
   break_line();
@@ -110,14 +108,13 @@ bool xhtml_writer::write_start(const xhtml_element& element, std::uint32_t layou
 void xhtml_writer::write_attributes(const xhtml_element& element) {
   for (const auto& [attribute, value] : *element.attributes()) {
     const ustring_view name = xhtml_strict::attribute_name(attribute);
-    const std::size_t length = 3 + name.size() + equals().size() + value.size();
+    const std::size_t length = 3 + name.size() + equals_length() + value.size();
     if (exceeds_line(length)) wrap(blanks_at(indent_level));
-    put(u' ');
-    put(name);
-    put(equals());
-    put(quote());
-    put(value);
-    put(quote());
+    output_.put(u' ');
+    output_.put(name);
+    put_equals_and_quote();
+    output_.put(value);
+    output_.put(quote());
     column += length;
   }
 }
@@ -125,24 +122,23 @@ void xhtml_writer::write_attributes(const xhtml_element& element) {
 // The column isn't kept evenly here: the opening quote isn't counted, and each
 // piece is counted with one unit too many. Where lines wrap depends on it.
 void xhtml_writer::write_style(const xhtml_element& element) {
-  put(u" style");
-  put(equals());
-  put(quote());
-  column += 6 + equals().size();
+  output_.put(u" style");
+  put_equals_and_quote();
+  column += 6 + equals_length();
   bool first = true;
   for (const auto& [property, value] : *element.style_properties()) {
     const ustring_view name = xhtml_strict::css_property_name(property);
     const std::size_t length = (first ? 0 : 1) + name.size() + 2 + value.size() + 1;
     if (exceeds_line(length)) wrap(blanks_at(indent_level));
-    if (!first) put(u' ');
-    put(name);
-    put(u": ");
-    put(value);
-    put(u';');
+    if (!first) output_.put(u' ');
+    output_.put(name);
+    output_.put(u": ");
+    output_.put(value);
+    output_.put(u';');
     column += length + 1;
     first = false;
   }
-  put(quote());
+  output_.put(quote());
   ++column;
 }
 
@@ -153,7 +149,7 @@ void xhtml_writer::write_lead_in(std::uint32_t parent_layout, std::uint32_t chil
   const bool on_own_line = (child_layout & layout_break_before_start) != 0;
   if (!at_line_start && on_own_line) break_line();
   if (on_own_line || (at_line_start && parent_layout != layout_preformatted)) {
-    put_blanks(blanks_at(indent_level + (parent_layout == layout_block ? 1 : 0)));
+    output_.put_blanks(blanks_at(indent_level + (parent_layout == layout_block ? 1 : 0)));
     column += static_cast<std::uint64_t>(blanks_at(indent_level + 1));
   }
 }
@@ -161,8 +157,7 @@ void xhtml_writer::write_lead_in(std::uint32_t parent_layout, std::uint32_t chil
 void xhtml_writer::write_end(const xhtml_element& element, std::uint32_t layout,
                              bool at_line_start) {
   if (element.rules().id == tag_id::doc_root) return;
-  const bool on_own_line =
-      (layout & layout_break_before_end) != 0 || layout == layout_preformatted;
+  const bool on_own_line = (layout & layout_break_before_end) != 0 || layout == layout_preformatted;
   if (!at_line_start && on_own_line) break_line();
   if (takes_nothing(element.rules())) return;
   const ustring_view name = element.rules().name;
@@ -172,9 +167,9 @@ void xhtml_writer::write_end(const xhtml_element& element, std::uint32_t layout,
     if (exceeds_line(3 + name.size())) break_line();
     if (column == 0 && tag_of(element.parent()) != tag_id::pre) indent(blanks_at(indent_level));
   }
-  put(u"</");
-  put(name);
-  put(u'>');
+  output_.put(u"</");
+  output_.put(name);
+  output_.put(u'>');
   column += 3 + name.size();
   if ((layout & layout_break_behind_end) != 0) break_line();
 }
@@ -189,12 +184,13 @@ void xhtml_writer::write_leaf(const xhtml_markup& node) {
       write_comment(text());
       break;
     case node_type::processing_instruction:
-      put(u"<?");
-      put(text());
-      put(u" ?>\n");
+      output_.put(u"<?");
+      output_.put(text());
+      output_.put(u" ?>\n");
       break;
     case node_type::doctype:
-      put(u"<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n"
+      output_.put(
+          u"<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n"
           u"     \"http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd\">\n");
       break;
     case node_type::element:
@@ -206,8 +202,7 @@ void xhtml_writer::write_leaf(const xhtml_markup& node) {
 void xhtml_writer::write_text(ustring_view text, const xhtml_markup* parent) {
   const tag_id tag = tag_of(parent);
   const std::int64_t level = tag == tag_id::pre ? 0 : std::max<std::int64_t>(indent_level, 0);
-  const bool as_it_stands = max_line_length == 0 || tag == tag_id::script ||
-                            tag == tag_id::style ||
+  const bool as_it_stands = max_line_length == 0 || tag == tag_id::script || tag == tag_id::style ||
                             (parent != nullptr && layout_of(*parent) == layout_preformatted);
   if (as_it_stands)
     put_lines(text, blanks_at(level));
@@ -218,18 +213,18 @@ void xhtml_writer::write_text(ustring_view text, const xhtml_markup* parent) {
 // A run of white space becomes its first unit, with the indentation behind it once
 // for each line feed in the run.
 void xhtml_writer::write_comment(ustring_view text) {
-  put(u"<!-- ");
+  output_.put(u"<!-- ");
   column += 5;
   for (std::size_t i = 0; i < text.size();) {
     const std::size_t first = i++;
-    put(text[first]);
+    output_.put(text[first]);
     ++column;
     if (!classes_.is_space(text[first])) continue;
     while (i < text.size() && classes_.is_space(text[i])) ++i;
     for (std::size_t k = first; k < i; ++k)
       if (text[k] == u'\n') indent(blanks_at(indent_level));
   }
-  put(u" -->");
+  output_.put(u" -->");
   column += 4;
 }
 

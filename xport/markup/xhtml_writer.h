@@ -1,15 +1,13 @@
 #ifndef XPORT_MARKUP_XHTML_WRITER_H
 #define XPORT_MARKUP_XHTML_WRITER_H
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <ostream>
 
 #include "xport/markup/layout_table.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
+#include "xport/text/unit_output.h"
 
 namespace Xport {
 
@@ -33,7 +31,7 @@ class xhtml_markup;
 /// with the depth of the tree.
 class xhtml_writer {
  public:
-  using stream_type = std::basic_ostream<char16>;
+  using stream_type = unit_output::stream_type;
 
   /// A writer with the default options on `stream_to`, which must outlive it.
   explicit xhtml_writer(stream_type& stream_to);
@@ -43,16 +41,16 @@ class xhtml_writer {
   /// Deletes the stream unless `stream_mode` is 1.
   ~xhtml_writer();
 
-  std::uint32_t stream_mode = 1;      ///< 1: the stream is borrowed, else owned
-  std::int32_t indent_step = 2;       ///< blanks for each level of indentation
-  std::int16_t indent_level = 0;      ///< the current level; wraps at 16 bits
-  std::uint64_t max_line_length = 0;  ///< units; 0: never wrap
-  std::uint64_t column = 0;           ///< where the writer believes it stands
+  std::uint32_t stream_mode = 1;                       ///< 1: the stream is borrowed, else owned
+  std::int32_t indent_step = 2;                        ///< blanks for each level of indentation
+  std::int16_t indent_level = 0;                       ///< the current level; wraps at 16 bits
+  std::uint64_t max_line_length = 0;                   ///< units; 0: never wrap
+  std::uint64_t column = 0;                            ///< where the writer believes it stands
   layout_flags_table layout_table = default_layout();  ///< break flags by element
   stream_type* stream;                                 ///< the target; never null
-  bool double_quotes = false;           ///< attribute values in " and not in '
-  bool spaced_equals = false;           ///< " = " and not "=" behind attribute names
-  std::uint32_t byte_order_mark = 2;    ///< 2: U+FEFF; 3: U+0000 U+FEFF; else none
+  bool double_quotes = false;                          ///< attribute values in " and not in '
+  bool spaced_equals = false;                          ///< " = " and not "=" behind attribute names
+  std::uint32_t byte_order_mark = 2;                   ///< 2: U+FEFF; 3: U+0000 U+FEFF; else none
 
   /// Writes `node` and all below it; for an element, then flushes the stream.
   /// What the `write` operations of the nodes call.
@@ -60,8 +58,6 @@ class xhtml_writer {
 
  private:
   friend class xhtml_doc;
-
-  static constexpr std::size_t buffer_units = 32 * 1024;
 
   void write_byte_order_mark();
 
@@ -86,32 +82,26 @@ class xhtml_writer {
   bool exceeds_line(std::uint64_t units) const {
     return max_line_length != 0 && column + units > max_line_length;
   }
-  void put(char16 unit) {
-    if (next_ == end_) drain();
-    *next_++ = unit;
-  }
-  void put(ustring_view run) {
-    if (static_cast<std::size_t>(end_ - next_) < run.size()) return put_long(run);
-    next_ = std::copy(run.begin(), run.end(), next_);
-  }
-  void put_long(ustring_view run);
-  void put_blanks(std::int64_t count);
   void put_lines(ustring_view text, std::int64_t blanks);
   void put_wrapped(ustring_view text, std::int64_t blanks);
   void break_line() {
-    put(u'\n');
+    output_.put(u'\n');
     column = 0;
   }
   void indent(std::int64_t blanks);
   void wrap(std::int64_t blanks);
-  void drain();
   char16 quote() const { return double_quotes ? u'"' : u'\''; }
-  ustring_view equals() const { return spaced_equals ? u" = " : u"="; }
+  std::size_t equals_length() const { return spaced_equals ? 3 : 1; }
+  void put_equals_and_quote() {
+    if (spaced_equals)
+      output_.put(u" = ");
+    else
+      output_.put(u'=');
+    output_.put(quote());
+  }
 
   character_classes classes_;
-  std::unique_ptr<char16[]> buffer_;
-  char16* next_;
-  char16* end_;
+  unit_output output_;
 };
 
 }  // namespace Xport

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cwctype>
+#include <initializer_list>
 
 #include "xport/text/char16.h"
 #include "xport/vocabulary/xhtml_strict.h"
@@ -21,7 +22,7 @@ constexpr bool rows_in_order(const name_row<Id> (&rows)[Count]) {
 }
 
 /// Finds the rows of one table by name: a hash table with open addressing, filled at
-/// compile time and at most a quarter full, so that a search ends after a step or two.
+/// compile time and at most a quarter full, so that a search takes few steps.
 template <class Id, std::size_t Count>
 class name_index {
  public:
@@ -40,7 +41,7 @@ class name_index {
 
   /// The id of the row that equals `name` in length and in every unit, else `otherwise`.
   constexpr Id find(ustring_view name, Id otherwise) const {
-    if (name.size() > longest_) return otherwise;
+    if (name.empty() || name.size() > longest_) return otherwise;
     for (std::size_t slot = first_slot(name); slots_[slot] != 0; slot = (slot + 1) % slot_count) {
       const name_row<Id>& row = rows_[slots_[slot] - 1];
       if (row.name == name) return row.id;
@@ -51,9 +52,11 @@ class name_index {
  private:
   static constexpr std::size_t slot_count = std::bit_ceil(4 * Count);
 
+  /// Where the search for `name`, which isn't empty, begins. Its length and three of its
+  /// units scatter the rows well enough, and cost the same for a name of any length.
   static constexpr std::size_t first_slot(ustring_view name) {
-    std::uint32_t hash = 0;
-    for (char16 unit : name) hash = hash * 31 + unit;
+    std::size_t hash = name.size();
+    for (char16 unit : {name.front(), name[name.size() / 2], name.back()}) hash = hash * 31 + unit;
     return hash % slot_count;
   }
 

@@ -26,14 +26,14 @@ enum content : std::uint32_t {
 
 /// The rule record of one kind of element, after XHTML 1.0 Strict.
 struct Tag_trait {
-  tag_id id;                      ///< its own row, 92 where the row can't be used
-  std::uint32_t category_flags;   ///< one value of `category`
-  std::uint32_t content_flags;    ///< bits of `content`
-  ustring_view name;              ///< as written in tags
-  tag_set allowed_children;       ///< admitted besides what content_flags admits
-  tag_set excluded_children;      ///< refused although content_flags admits them
+  tag_id id;                     ///< its own row, 92 where the row can't be used
+  std::uint32_t category_flags;  ///< one value of `category`
+  std::uint32_t content_flags;   ///< bits of `content`
+  ustring_view name;             ///< as written in tags
+  tag_set allowed_children;      ///< admitted besides what content_flags admits
+  tag_set excluded_children;     ///< refused although content_flags admits them
   attribute_set allowed_attributes;
-  tag_set spare_ids;              ///< empty in every record, read by nothing
+  tag_set spare_ids;  ///< empty in every record, read by nothing
 };
 
 /// The 93 rule records by number: row 0 the document root, rows 1 to 91 the
