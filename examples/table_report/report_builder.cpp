@@ -29,8 +29,7 @@ class builder {
  public:
   builder(IVellomark& report, const csv_table& table, const std::u16string& source)
       : report_(report), table_(table), source_(source), groups_(group_records(table)) {
-    const std::u16string first_column = titled(table.header[0]);
-    groups_anchor_ = anchors_.make(u"By " + first_column);
+    groups_anchor_ = anchors_.make(u"By " + table.header[0]);
     records_anchor_ = anchors_.make(u"All rows");
     for (const record_group& group : groups_) group_anchors_.push_back(anchors_.make(group.name));
   }
@@ -86,7 +85,7 @@ class builder {
 
   // The first cell of a group stands beside one cell for each of its records.
   void add_group_table() {
-    heading(anchored(groups_anchor_, u"By " + titled(table_.header[0])), 2);
+    heading(anchored(groups_anchor_, u"By " + table_.header[0]), 2);
     line(u"Each row shows " + escape(joined(table_.header)));
     open_table(2);
     cell(strong(titled(table_.header[0])));

@@ -79,7 +79,7 @@ TEST_F(Browser, ShowsTheHeadings) {
   EXPECT_EQ(text_of("//h1[@class='Style1']"), "Countries by region");
   EXPECT_EQ(text_of("(//h2[@class='Style2'])[1]"), "Overview");
   EXPECT_EQ(text_of("//h3[@class='Style3']"), "Groups and their sizes");
-  EXPECT_EQ(text_of("(//h2[@class='Style2'])[2]"), "By Region");
+  EXPECT_EQ(text_of("(//h2[@class='Style2'])[2]"), "By region");
   EXPECT_EQ(text_of("(//h2[@class='Style2'])[3]"), "All rows");
   EXPECT_EQ(text_of("//h4[@class='Style4']"), "In the order of the file");
   EXPECT_EQ(text_of("//h5[@class='']"), "Source");
