@@ -3,6 +3,7 @@
 #include <string>
 
 #include "report/vellomark_obj.h"
+#include "xport/text/find_unit.h"
 #include "xport/text/number_format.h"
 
 using Xport::attr_id;
@@ -110,7 +111,7 @@ void VellomarkObj::AppendCell(const char16_t* text, bool in_section_table) {
   } else {
     xhtml_markup& cell = *append_element(row, tag_id::td);
     const ustring_view content(text);
-    if (content.find(u'\n') == ustring_view::npos)
+    if (Xport::find_unit(content, u'\n') == content.size())
       cell << content;
     else
       cell << with_line_breaks(content);

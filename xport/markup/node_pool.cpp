@@ -4,34 +4,9 @@
 #include <limits>
 #include <new>
 
-// Under the address sanitizer, memory that nobody holds is poisoned, so that the
-// pool hides no use of a dead node.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define VELLOMARK_POISON_FREE_MEMORY 1
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define VELLOMARK_POISON_FREE_MEMORY 1
-#endif
-#if defined(VELLOMARK_POISON_FREE_MEMORY)
-#include <sanitizer/asan_interface.h>
-#endif
-
 namespace Xport {
 
-namespace {
-
-#if defined(VELLOMARK_POISON_FREE_MEMORY)
-void poison(const void* memory, std::size_t bytes) { __asan_poison_memory_region(memory, bytes); }
-void unpoison(const void* memory, std::size_t bytes) {
-  __asan_unpoison_memory_region(memory, bytes);
-}
-#else
-void poison(const void*, std::size_t) {}
-void unpoison(const void*, std::size_t) {}
-#endif
-
-}  // namespace
+node_pool::sized_block node_pool::empty_heap_block_{nullptr, 0};
 
 node_pool::~node_pool() {
   while (pieces_ != nullptr) {
@@ -46,23 +21,8 @@ node_pool::~node_pool() {
   }
 }
 
-void* node_pool::allocate(std::size_t bytes) {
-  if (bytes > largest_small) return allocate_large(bytes);
-  const std::size_t rounded = round_up(bytes);
-  if (free_block* const block = free_[rounded / granule]) {
-    unpoison(block, rounded);
-    free_[rounded / granule] = block->next;
-    return block;
-  }
-  if (static_cast<std::size_t>(end_ - next_) < rounded) return allocate_from_new_piece(rounded);
-  char* const memory = next_;
-  next_ += rounded;
-  unpoison(memory, rounded);
-  return memory;
-}
-
 void node_pool::release(void* memory, std::size_t bytes) noexcept {
-  if (bytes > largest_small) {
+  if (round_up(bytes) > largest_small) {
     large_block* const block = static_cast<large_block*>(memory) - 1;
     (block->previous != nullptr ? block->previous->next : large_) = block->next;
     if (block->next != nullptr) block->next->previous = block->previous;
@@ -71,19 +31,23 @@ void node_pool::release(void* memory, std::size_t bytes) noexcept {
   }
   const std::size_t rounded = round_up(bytes);
   free_[rounded / granule] = new (memory) free_block{free_[rounded / granule]};
-  poison(memory, rounded);
+  pool_memory_free(memory, rounded);
 }
 
-void* node_pool::allocate_from_new_piece(std::size_t rounded) {
+// Memory that was released, or the start of a new piece.
+void* node_pool::allocate_small(std::size_t rounded) {
+  if (free_block* const released = free_[rounded / granule]) {
+    pool_memory_taken(released, rounded);
+    free_[rounded / granule] = released->next;
+    return released;
+  }
   void* const memory = ::operator new(piece_size_);
   pieces_ = new (memory) piece{pieces_};
-  next_ = reinterpret_cast<char*>(pieces_ + 1);
   end_ = static_cast<char*>(memory) + piece_size_;
   piece_size_ = std::min(piece_size_ * 2, largest_piece);
-  poison(next_, static_cast<std::size_t>(end_ - next_));
-  char* const first = next_;
-  next_ += rounded;
-  unpoison(first, rounded);
+  char* const first = reinterpret_cast<char*>(pieces_ + 1);
+  next_ = first + rounded;
+  pool_memory_free(next_, static_cast<std::size_t>(end_ - next_));
   return first;
 }
 

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 
+#include "xport/markup/pool_poison.h"
+
 namespace Xport {
 
 /// The memory of one tree: its nodes, their texts and their attributes.
@@ -24,6 +26,12 @@ class node_pool {
     return (bytes + granule - 1) / granule * granule;
   }
 
+  /// The head of a block of memory that knows where it comes from.
+  struct sized_block {
+    node_pool* pool;    ///< null for the general heap
+    std::size_t bytes;  ///< with this head; 0 for an empty block, which is never released
+  };
+
   node_pool() = default;
   node_pool(const node_pool&) = delete;
   node_pool& operator=(const node_pool&) = delete;
@@ -32,10 +40,24 @@ class node_pool {
   ~node_pool();
 
   /// Memory of at least `bytes`, which is above 0. Raises std::bad_alloc.
-  void* allocate(std::size_t bytes);
+  void* allocate(std::size_t bytes) {
+    const std::size_t rounded = round_up(bytes);
+    if (rounded > largest_small) return allocate_large(bytes);
+    if (free_[rounded / granule] != nullptr || static_cast<std::size_t>(end_ - next_) < rounded)
+      return allocate_small(rounded);
+    char* const memory = next_;
+    next_ += rounded;
+    pool_memory_taken(memory, rounded);
+    return memory;
+  }
 
   /// Takes back what allocate(bytes) gave.
   void release(void* memory, std::size_t bytes) noexcept;
+
+  /// The empty block of this pool and, for null, of the general heap.
+  static sized_block* empty_block(node_pool* pool) {
+    return pool != nullptr ? &pool->empty_block_ : &empty_heap_block_;
+  }
 
   /// Whether the tree has taken in nodes from outside the pool. Only then must
   /// it be visited before the pool goes.
@@ -57,11 +79,14 @@ class node_pool {
     large_block* previous;
   };
 
-  void* allocate_from_new_piece(std::size_t rounded);
+  void* allocate_small(std::size_t rounded);
   void* allocate_large(std::size_t bytes);
+
+  static sized_block empty_heap_block_;
 
   char* next_ = nullptr;
   char* end_ = nullptr;
+  sized_block empty_block_{this, 0};
   free_block* free_[largest_small / granule + 1] = {};
   piece* pieces_ = nullptr;
   large_block* large_ = nullptr;

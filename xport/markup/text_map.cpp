@@ -7,10 +7,10 @@
 
 namespace Xport {
 
-text_map_base::text_map_base(const text_map_base& other, node_pool* pool) : pool_(pool) {
-  if (other.block_ == nullptr) return;
+text_map_base::text_map_base(const text_map_base& other, node_pool* pool) : text_map_base(pool) {
+  if (other.empty()) return;
   block_ = make_block(other.block_->bytes);
-  std::memcpy(block_, other.block_, other.block_->bytes);
+  std::memcpy(block_ + 1, other.block_ + 1, other.block_->bytes - sizeof(block));
 }
 
 std::size_t text_map_base::size() const {
@@ -20,12 +20,13 @@ std::size_t text_map_base::size() const {
 }
 
 void text_map_base::clear() noexcept {
-  if (block_ == nullptr) return;
-  if (pool_ != nullptr)
-    pool_->release(block_, block_->bytes);
+  if (empty()) return;
+  node_pool* const source = pool();
+  if (source != nullptr)
+    source->release(block_, block_->bytes);
   else
     ::operator delete(block_);
-  block_ = nullptr;
+  block_ = node_pool::empty_block(source);
 }
 
 const text_map_base::entry_head* text_map_base::lower_bound(std::int32_t key) const {
@@ -58,8 +59,9 @@ bool text_map_base::erase(std::int32_t key) {
 }
 
 text_map_base::block* text_map_base::make_block(std::size_t bytes) {
-  void* const memory = pool_ != nullptr ? pool_->allocate(bytes) : ::operator new(bytes);
-  return new (memory) block{bytes};
+  node_pool* const source = pool();
+  void* const memory = source != nullptr ? source->allocate(bytes) : ::operator new(bytes);
+  return new (memory) block{source, bytes};
 }
 
 // Makes a block with the entries from `from` up to `to` left out and, if there is

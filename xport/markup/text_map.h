@@ -14,12 +14,12 @@ namespace Xport {
 /// What text_map is made of, for keys of any enumeration.
 ///
 /// An ordered map from numbers to texts, kept as one block of memory: the
-/// entries in ascending key, each a head and its code units. An empty map has no
-/// block. Each change makes a new block, which is right for the few attributes
+/// entries in ascending key, each a head and its code units. Empty maps share an
+/// empty block. Each change makes a new block, which is right for the few attributes
 /// that elements have, and safe where the new value is part of an old one.
 class text_map_base {
  public:
-  bool empty() const { return block_ == nullptr; }
+  bool empty() const { return block_->bytes == 0; }
 
   /// The number of entries. Linear in it.
   std::size_t size() const;
@@ -28,7 +28,7 @@ class text_map_base {
   void clear() noexcept;
 
   /// Where the memory comes from; null for the general heap.
-  node_pool* pool() const { return pool_; }
+  node_pool* pool() const { return block_->pool; }
 
  protected:
   struct entry_head {
@@ -41,22 +41,18 @@ class text_map_base {
                                                  bytes_of(length));
     }
   };
-  struct block {
-    std::size_t bytes;
-  };
+  using block = node_pool::sized_block;
 
-  explicit text_map_base(node_pool* pool) : pool_(pool) {}
+  explicit text_map_base(node_pool* pool) : block_(node_pool::empty_block(pool)) {}
   text_map_base(const text_map_base& other, node_pool* pool);
   text_map_base& operator=(const text_map_base&) = delete;
   ~text_map_base() { clear(); }
 
-  const entry_head* first() const {
-    return block_ != nullptr ? reinterpret_cast<const entry_head*>(block_ + 1) : nullptr;
-  }
+  const entry_head* first() const { return reinterpret_cast<const entry_head*>(block_ + 1); }
   const entry_head* last() const {
-    return block_ != nullptr ? reinterpret_cast<const entry_head*>(
-                                   reinterpret_cast<const char*>(block_) + block_->bytes)
-                             : nullptr;
+    return empty() ? first()
+                   : reinterpret_cast<const entry_head*>(reinterpret_cast<const char*>(block_) +
+                                                         block_->bytes);
   }
 
   /// The first entry whose key isn't below `key`.
@@ -76,8 +72,7 @@ class text_map_base {
   void replace(const entry_head* from, const entry_head* to, const std::int32_t* key,
                ustring_view value);
 
-  node_pool* pool_;
-  block* block_ = nullptr;
+  block* block_;  // never null
 };
 
 /// An ordered map from `Key`, an enumeration, to text. Iteration is in ascending

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "xport/markup/xhtml_writer.h"
+#include "xport/text/find_unit.h"
 
 namespace Xport {
 
@@ -18,8 +19,8 @@ void xhtml_writer::wrap(std::int64_t blanks) {
 // isn't changed.
 void xhtml_writer::put_lines(ustring_view text, std::int64_t blanks) {
   while (true) {
-    const std::size_t line_feed = text.find(u'\n');
-    if (line_feed == ustring_view::npos || blanks <= 0) break;
+    const std::size_t line_feed = find_unit(text, u'\n');
+    if (line_feed == text.size()) break;
     output_.put(text.substr(0, line_feed + 1));
     output_.put_blanks(blanks);
     text.remove_prefix(line_feed + 1);

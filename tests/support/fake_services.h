@@ -1,0 +1,160 @@
+#ifndef TESTS_SUPPORT_FAKE_SERVICES_H
+#define TESTS_SUPPORT_FAKE_SERVICES_H
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+#include "platform/url_opener.h"
+#include "xport/text/byte_file.h"
+#include "xport/text/char16.h"
+
+namespace test {
+
+/// What a report asks of a file system.
+enum class file_call { exists, create, open, write, close };
+
+/// Files and folders in memory. Notes every call with the path as it was given,
+/// and can fail any of them. Paths lead through folders that have to be there;
+/// the folder of a path without a separator, and of one that starts with a lone
+/// separator, is always there. Repeated separators count as one.
+class memory_files : public platform::file_system {
+ public:
+  struct call {
+    file_call what;
+    Xport::ustring path;
+
+    friend bool operator==(const call&, const call&) = default;
+  };
+
+  bool exists(const Xport::ustring& path) override {
+    if (note(file_call::exists, path)) return false;
+    return is_there(plain(path));
+  }
+
+  platform::folder_result create_directory(const Xport::ustring& path) override {
+    using platform::folder_result;
+    if (note(file_call::create, path)) return folder_result::failed;
+    const Xport::ustring name = plain(path);
+    if (is_there(name)) return folder_result::already_exists;
+    if (!parent_is_there(name)) return folder_result::failed;
+    folders.insert(name);
+    return folder_result::created;
+  }
+
+  std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) override {
+    if (note(file_call::open, path)) return nullptr;
+    const Xport::ustring name = plain(path);
+    if (folders.count(name) != 0 || !parent_is_there(name)) return nullptr;
+    contents[name].clear();
+    ++open_files;
+    return std::make_unique<output>(*this, path);
+  }
+
+  /// Fails the `number`th call of `what` from now on, the next one being 1.
+  void fail(file_call what, std::size_t number) { failing_at(what) = number; }
+
+  /// Fails every call of `what` from now on.
+  void fail_always(file_call what) { always_.insert(what); }
+
+  /// How often `what` was called.
+  std::size_t count(file_call what) const {
+    std::size_t found = 0;
+    for (const call& made : calls)
+      if (made.what == what) ++found;
+    return found;
+  }
+
+  /// The file's bytes as code units, least significant byte first.
+  Xport::ustring units(const Xport::ustring& path) const {
+    const std::string& bytes = contents.at(plain(path));
+    Xport::ustring text;
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
+      text.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
+                                           static_cast<unsigned char>(bytes[i + 1]) << 8));
+    return text;
+  }
+
+  std::vector<call> calls;
+  std::map<Xport::ustring, std::string> contents;  ///< by path, with single separators
+  std::set<Xport::ustring> folders;
+  std::size_t open_files = 0;  ///< files that were opened and not yet closed
+
+  /// `path` with forward slashes, single ones, and none at its end.
+  static Xport::ustring plain(const Xport::ustring& path) {
+    Xport::ustring name;
+    for (const char16_t unit : path) {
+      const bool separator = unit == u'/' || unit == u'\\';
+      if (!separator)
+        name += unit;
+      else if (name.empty() || name.back() != u'/')
+        name += u'/';
+    }
+    if (!name.empty() && name.back() == u'/') name.pop_back();
+    return name;
+  }
+
+ private:
+  class output final : public Xport::byte_output {
+   public:
+    output(memory_files& files, const Xport::ustring& path) : files_(files), path_(path) {}
+    ~output() override {
+      if (!closed_) --files_.open_files;
+    }
+    bool write(const void* bytes, std::size_t size) override {
+      if (files_.note(file_call::write, path_)) return false;
+      files_.contents[plain(path_)].append(static_cast<const char*>(bytes), size);
+      return true;
+    }
+    bool close() override {
+      closed_ = true;
+      --files_.open_files;
+      return !files_.note(file_call::close, path_);
+    }
+
+   private:
+    memory_files& files_;
+    Xport::ustring path_;
+    bool closed_ = false;
+  };
+
+  std::size_t& failing_at(file_call what) { return failing_[static_cast<std::size_t>(what)]; }
+
+  // Whether the call is one that has to fail.
+  bool note(file_call what, const Xport::ustring& path) {
+    calls.push_back({what, path});
+    if (always_.count(what) != 0) return true;
+    std::size_t& left = failing_at(what);
+    return left != 0 && --left == 0;
+  }
+
+  bool is_there(const Xport::ustring& name) const {
+    return name.empty() || folders.count(name) != 0 || contents.count(name) != 0;
+  }
+
+  bool parent_is_there(const Xport::ustring& name) const {
+    const std::size_t separator = name.rfind(u'/');
+    return separator == Xport::ustring::npos || separator == 0 ||
+           folders.count(name.substr(0, separator)) != 0;
+  }
+
+  std::array<std::size_t, 5> failing_{};  // calls left until one fails, 0 for none
+  std::set<file_call> always_;
+};
+
+/// Notes the URLs and opens nothing.
+class recording_opener : public platform::url_opener {
+ public:
+  void open(const Xport::ustring& url) override { urls.push_back(url); }
+
+  std::vector<Xport::ustring> urls;
+};
+
+}  // namespace test
+
+#endif
