@@ -22,7 +22,7 @@ node_pool::~node_pool() {
 }
 
 void node_pool::release(void* memory, std::size_t bytes) noexcept {
-  if (round_up(bytes) > largest_small) {
+  if (bytes > largest_small) {
     large_block* const block = static_cast<large_block*>(memory) - 1;
     (block->previous != nullptr ? block->previous->next : large_) = block->next;
     if (block->next != nullptr) block->next->previous = block->previous;

@@ -41,8 +41,8 @@ class node_pool {
 
   /// Memory of at least `bytes`, which is above 0. Raises std::bad_alloc.
   void* allocate(std::size_t bytes) {
+    if (bytes > largest_small) return allocate_large(bytes);
     const std::size_t rounded = round_up(bytes);
-    if (rounded > largest_small) return allocate_large(bytes);
     if (free_[rounded / granule] != nullptr || static_cast<std::size_t>(end_ - next_) < rounded)
       return allocate_small(rounded);
     char* const memory = next_;
@@ -71,7 +71,7 @@ class node_pool {
   struct free_block {
     free_block* next;
   };
-  struct piece {
+  struct alignas(granule) piece {
     piece* next;
   };
   struct alignas(granule) large_block {

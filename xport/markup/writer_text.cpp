@@ -32,9 +32,8 @@ void xhtml_writer::put_lines(ustring_view text, std::int64_t blanks) {
 // stays and isn't counted in the column; the blank behind the last word goes,
 // unless the text ends in white space, and stays counted.
 void xhtml_writer::put_wrapped(ustring_view text, std::int64_t blanks) {
-  if (text.empty()) return;
-  const bool ends_in_space = classes_.is_space(text.back());
-  if (text.front() == u' ') {
+  const bool ends_in_word = !text.empty() && !classes_.is_space(text.back());
+  if (text.starts_with(u' ')) {
     output_.put(u' ');
     text.remove_prefix(1);
   }
@@ -56,7 +55,7 @@ void xhtml_writer::put_wrapped(ustring_view text, std::int64_t blanks) {
     text.remove_prefix(length);
   }
   column += line.size();
-  if (!ends_in_space) line.pop_back();
+  if (ends_in_word) line.pop_back();
   output_.put(line);
 }
 

@@ -47,6 +47,7 @@ xhtml_markup* xhtml_doc::body() {
 }
 
 void xhtml_doc::reindex() {
+  html_ = head_ = title_ = body_ = stray_ = nullptr;
   for (xhtml_markup& top : root_) {
     if (top.tag() != tag_id::html) continue;
     html_ = &top;

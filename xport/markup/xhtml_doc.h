@@ -28,7 +28,8 @@ class xhtml_doc {
   xhtml_element* root() { return &root_; }
   const xhtml_element* root() const { return &root_; }
 
-  /// The elements as they are known, null where they aren't there.
+  /// The elements as they are known, null where they aren't there. Clearing their
+  /// parents makes what is known of them invalid, until reindex.
   xhtml_markup* html() const { return html_; }
   xhtml_markup* head() const { return head_; }
 
@@ -42,8 +43,8 @@ class xhtml_doc {
 
   /// Works out the known elements from the tree, for a tree that was filled
   /// through root(): the last `html`, and in any `html` the last `head`, `title`,
-  /// `body` and stray node. Fields for which nothing is found stay. No node is
-  /// ever deleted by it.
+  /// `body` and stray node. What isn't found is null, so that nothing leads to nodes
+  /// of a tree that was cleared. No node is ever deleted by it.
   void reindex();
 
   /// Renders `sheet` into a `style` element of the type "text/css" at the end of

@@ -22,8 +22,9 @@ class text_leaf;
 /// like the row "invalid tag", except that end_tag_text raises. It stores no
 /// attribute, is taken by no parent and writes nothing.
 ///
-/// Insertion, append and the attribute operations take constant time, apart from
-/// the copy itself and, for `html` and `head`, a look at their children.
+/// Insertion takes constant time, apart from the copy itself and, for `html` and
+/// `head`, a look at their children. Attribute and style operations take time
+/// linear in the element's attributes and properties.
 class xhtml_element : public xhtml_markup {
  public:
   /// An element by number. `id` and `class_name` become the attributes of that
@@ -41,10 +42,6 @@ class xhtml_element : public xhtml_markup {
 
   /// Deletes all children. Attributes and style stay.
   void clear_children() noexcept;
-
-  /// Lets go of the children without visiting them, for a tree whose pool goes
-  /// away as a whole.
-  void abandon_children() noexcept { first_child_ = nullptr; }
 
   markup_iterator adopt_child(xhtml_markup* node) override;
   void insert_range(const_markup_iterator position, const_markup_iterator first,
@@ -96,6 +93,8 @@ class xhtml_element : public xhtml_markup {
   node_pool* pool() const { return attributes_.pool(); }
 
  private:
+  friend class xhtml_doc;
+
   struct place {
     xhtml_element& parent;
   };
@@ -119,6 +118,9 @@ class xhtml_element : public xhtml_markup {
   template <class Node, class... Arguments>
   Node* make_node(std::size_t bytes, const Arguments&... arguments);
   static void dispose(xhtml_markup* node, node_pool* pool) noexcept;
+
+  // Lets go of the children without visiting them: their pool goes as a whole.
+  void abandon_children() noexcept { first_child_ = nullptr; }
 
   xhtml_markup* first_child_ = nullptr;
   Tag_trait_handle trait_;

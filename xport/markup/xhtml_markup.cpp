@@ -61,15 +61,16 @@ void const_markup_iterator::backward() {
 
 xhtml_markup::xhtml_markup() : xhtml_markup(node_type::none, sizeof(xhtml_markup)) {}
 
-xhtml_markup::xhtml_markup(const xhtml_markup& other) : xhtml_markup(other, sizeof(xhtml_markup)) {}
+xhtml_markup::xhtml_markup(const xhtml_markup& other) : xhtml_markup() { parent_ = other.parent_; }
 
 xhtml_markup::xhtml_markup(node_type type, std::size_t bytes)
-    : type_(type), granules_(static_cast<std::uint16_t>(bytes / node_pool::granule)) {}
+    : type_(type),
+      granules_(static_cast<std::uint16_t>(node_pool::round_up(bytes) / node_pool::granule)) {}
 
 xhtml_markup::xhtml_markup(const xhtml_markup& other, std::size_t bytes)
     : parent_(other.parent_),
       type_(other.type_),
-      granules_(static_cast<std::uint16_t>(bytes / node_pool::granule)) {}
+      granules_(static_cast<std::uint16_t>(node_pool::round_up(bytes) / node_pool::granule)) {}
 
 xhtml_markup::~xhtml_markup() = default;
 

@@ -41,7 +41,11 @@ inline constexpr std::uint32_t category_text = 4;
 ///
 /// Text is taken as it stands, unit by unit. Operations that insert or store
 /// raise std::bad_alloc, and std::length_error for a text of 2^32 units or more;
-/// the tree is then as it was.
+/// the tree is then as it was. (insert_range and insert_copies keep the copies
+/// that they had made by then.)
+///
+/// The kinds of node are those of this library: a class of one's own is a node of
+/// no kind, which no parent takes.
 ///
 /// No operation uses the machine stack by the depth of the tree.
 class xhtml_markup {
@@ -49,7 +53,8 @@ class xhtml_markup {
   /// A node of no kind, without a parent.
   xhtml_markup();
 
-  /// A deep copy on its own. Its parent is that of `other` until it is inserted.
+  /// A copy of what all nodes have in common: a node of no kind with the parent of
+  /// `other`. For a copy of the whole node see clone().
   xhtml_markup(const xhtml_markup& other);
   xhtml_markup& operator=(const xhtml_markup&) = delete;
 

@@ -8,7 +8,7 @@
 
 namespace Xport {
 
-xhtml_writer::xhtml_writer(stream_type& stream_to) : stream(&stream_to), output_(&stream_to) {}
+xhtml_writer::xhtml_writer(stream_type& stream_to) : stream(&stream_to), output_(stream) {}
 
 xhtml_writer::~xhtml_writer() {
   if (stream_mode != 1) delete stream;

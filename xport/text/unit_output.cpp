@@ -8,7 +8,7 @@ const char16 unit_output::blanks[blanks_at_once] = {
     u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ',
     u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' '};
 
-unit_output::unit_output(stream_type* stream)
+unit_output::unit_output(stream_type* const& stream)
     : stream_(stream),
       block_(std::make_unique_for_overwrite<char16[]>(block_units)),
       next_(block_.get()),

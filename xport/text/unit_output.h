@@ -21,8 +21,8 @@ class unit_output {
   /// The units of a block, 64 KiB.
   static constexpr std::size_t block_units = 32 * 1024;
 
-  /// Without a stream put nothing.
-  explicit unit_output(stream_type* stream);
+  /// Hands its blocks to the stream that `stream` leads to at that time.
+  explicit unit_output(stream_type* const& stream);
   unit_output(const unit_output&) = delete;
   unit_output& operator=(const unit_output&) = delete;
 
@@ -89,7 +89,7 @@ class unit_output {
   void put_long(ustring_view run);
   void put_many_blanks(std::int64_t count);
 
-  stream_type* stream_;
+  stream_type* const& stream_;
   std::unique_ptr<char16[]> block_;
   char16* next_;
   char16* end_;

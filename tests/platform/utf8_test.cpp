@@ -1,0 +1,111 @@
+#include "platform/posix/utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using platform::posix::to_native_path;
+using platform::posix::to_utf8;
+
+std::u16string unit(unsigned value) { return std::u16string(1, static_cast<char16_t>(value)); }
+
+TEST(ToUtf8, KnownTexts) {
+  EXPECT_EQ(to_utf8(u""), "");
+  EXPECT_EQ(to_utf8(u"plain/\\ text"), "plain/\\ text");
+  EXPECT_EQ(to_utf8(u"\u00E4"), "\xC3\xA4");
+  EXPECT_EQ(to_utf8(u"\u20AC"), "\xE2\x82\xAC");
+  EXPECT_EQ(to_utf8(u"\U0001F600"), "\xF0\x9F\x98\x80");
+  EXPECT_EQ(to_utf8(u"a\u4E2D\U0001F600b"),
+            "a\xE4\xB8\xAD\xF0\x9F\x98\x80"
+            "b");
+}
+
+// The first and the last code point of each length.
+TEST(ToUtf8, LimitsOfTheLengths) {
+  EXPECT_EQ(to_utf8(unit(0x01)), "\x01");
+  EXPECT_EQ(to_utf8(unit(0x7F)), "\x7F");
+  EXPECT_EQ(to_utf8(unit(0x80)), "\xC2\x80");
+  EXPECT_EQ(to_utf8(unit(0x7FF)), "\xDF\xBF");
+  EXPECT_EQ(to_utf8(unit(0x800)), "\xE0\xA0\x80");
+  EXPECT_EQ(to_utf8(unit(0xD7FF)), "\xED\x9F\xBF");
+  EXPECT_EQ(to_utf8(unit(0xE000)), "\xEE\x80\x80");
+  EXPECT_EQ(to_utf8(unit(0xFEFF)), "\xEF\xBB\xBF");
+  EXPECT_EQ(to_utf8(unit(0xFFFE)), "\xEF\xBF\xBE");
+  EXPECT_EQ(to_utf8(unit(0xFFFF)), "\xEF\xBF\xBF");
+  EXPECT_EQ(to_utf8(unit(0xD800) + unit(0xDC00)), "\xF0\x90\x80\x80");
+  EXPECT_EQ(to_utf8(unit(0xDBFF) + unit(0xDFFF)), "\xF4\x8F\xBF\xBF");
+}
+
+TEST(ToUtf8, LoneSurrogatesCannotBeExpressed) {
+  for (const unsigned high : {0xD800u, 0xDABCu, 0xDBFFu}) {
+    EXPECT_EQ(to_utf8(unit(high)), std::nullopt);
+    EXPECT_EQ(to_utf8(u"a" + unit(high)), std::nullopt);
+    EXPECT_EQ(to_utf8(unit(high) + u"a"), std::nullopt);
+    EXPECT_EQ(to_utf8(unit(high) + unit(high)), std::nullopt);
+    EXPECT_EQ(to_utf8(unit(high) + unit(0xE000)), std::nullopt);
+    EXPECT_EQ(to_utf8(unit(high) + unit(high) + unit(0xDC00)), std::nullopt);
+  }
+  for (const unsigned low : {0xDC00u, 0xDEADu, 0xDFFFu}) {
+    EXPECT_EQ(to_utf8(unit(low)), std::nullopt);
+    EXPECT_EQ(to_utf8(u"a" + unit(low) + u"b"), std::nullopt);
+    EXPECT_EQ(to_utf8(unit(low) + unit(0xD800)), std::nullopt);
+    EXPECT_EQ(to_utf8(unit(0xD800) + unit(0xDC00) + unit(low)), std::nullopt);
+  }
+}
+
+TEST(ToUtf8, AZeroUnitCannotBeExpressed) {
+  EXPECT_EQ(to_utf8(std::u16string_view(u"a\0b", 3)), std::nullopt);
+  EXPECT_EQ(to_utf8(std::u16string_view(u"\0", 1)), std::nullopt);
+}
+
+// By decoding, which is written another way than the encoder.
+TEST(ToUtf8, EveryCodePointComesBack) {
+  for (std::uint32_t point = 1; point <= 0x10FFFF; ++point) {
+    if (point >= 0xD800 && point <= 0xDFFF) continue;
+    std::u16string text;
+    if (point > 0xFFFF) {
+      text += static_cast<char16_t>(0xD7C0 + (point >> 10));
+      text += static_cast<char16_t>(0xDC00 | (point & 0x3FF));
+    } else {
+      text += static_cast<char16_t>(point);
+    }
+    const std::optional<std::string> bytes = to_utf8(text);
+    ASSERT_TRUE(bytes) << point;
+    const auto lead = static_cast<unsigned char>(bytes->front());
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    std::uint32_t decoded = length == 1 ? lead : lead % (1u << (7 - length));
+    for (std::size_t i = 1; i < bytes->size(); ++i) {
+      const auto tail = static_cast<unsigned char>((*bytes)[i]);
+      ASSERT_EQ(tail / 64, 2) << point;
+      decoded = decoded * 64 + tail % 64;
+    }
+    ASSERT_EQ(bytes->size(), length) << point;
+    ASSERT_EQ(length, point < 0x80 ? 1u : point < 0x800 ? 2u : point < 0x10000 ? 3u : 4u);
+    ASSERT_EQ(decoded, point);
+  }
+}
+
+TEST(ToNativePath, EachBackslashIsASlash) {
+  EXPECT_EQ(to_native_path(u""), "");
+  EXPECT_EQ(to_native_path(u"\\"), "/");
+  EXPECT_EQ(to_native_path(u"a\\b/c\\\\d"), "a/b/c//d");
+  EXPECT_EQ(to_native_path(u"/out/Vellomark/\\Report1.htm"), "/out/Vellomark//Report1.htm");
+  EXPECT_EQ(to_native_path(u"C:\\\u00E4\\\U0001F600"), "C:/\xC3\xA4/\xF0\x9F\x98\x80");
+}
+
+// Units whose bytes could be taken for a backslash keep what they are.
+TEST(ToNativePath, OtherUnitsStay) {
+  EXPECT_EQ(to_native_path(u"\u005B\u005D\u015C\u5C5C"), "[]\xC5\x9C\xE5\xB1\x9C");
+}
+
+TEST(ToNativePath, FailsLikeToUtf8) {
+  EXPECT_EQ(to_native_path(u"a\\" + unit(0xD800)), std::nullopt);
+  EXPECT_EQ(to_native_path(std::u16string_view(u"a\0", 2)), std::nullopt);
+}
+
+}  // namespace

@@ -1,0 +1,56 @@
+#ifndef TESTS_SUPPORT_FAKE_FILE_H
+#define TESTS_SUPPORT_FAKE_FILE_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "xport/text/byte_file.h"
+#include "xport/text/char16.h"
+
+namespace test {
+
+/// What a fake_file was asked to do, and what it is to refuse. Outlives the file.
+struct file_record {
+  std::string bytes;                ///< what was written, failed writes left out
+  std::vector<std::size_t> writes;  ///< the size of each write, failed ones too
+  int closes = 0;
+  int deaths = 0;
+  std::size_t failing_write = 0;  ///< the number of the write that fails, from 1; 0: none
+  bool fail_close = false;
+
+  /// The bytes as code units, least significant byte first.
+  Xport::ustring units() const {
+    Xport::ustring text;
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
+      text += static_cast<Xport::char16>(static_cast<unsigned char>(bytes[i]) |
+                                         static_cast<unsigned char>(bytes[i + 1]) << 8);
+    return text;
+  }
+};
+
+/// A file in memory that can be told to fail.
+class fake_file : public Xport::byte_output {
+ public:
+  explicit fake_file(file_record& record) : record_(record) {}
+  ~fake_file() override { ++record_.deaths; }
+
+  bool write(const void* bytes, std::size_t size) override {
+    record_.writes.push_back(size);
+    if (record_.writes.size() == record_.failing_write) return false;
+    record_.bytes.append(static_cast<const char*>(bytes), size);
+    return true;
+  }
+
+  bool close() override {
+    ++record_.closes;
+    return !record_.fail_close;
+  }
+
+ private:
+  file_record& record_;
+};
+
+}  // namespace test
+
+#endif
