@@ -23,8 +23,7 @@ namespace test {
 inline testing::AssertionResult same_units(Xport::ustring_view actual,
                                            Xport::ustring_view expected) {
   if (actual == expected) return testing::AssertionSuccess();
-  const auto differ =
-      std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+  const auto differ = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
   const auto at = static_cast<std::size_t>(differ.first - actual.begin());
   const Xport::ustring_view before = actual.substr(0, at);
   const auto line = std::count(before.begin(), before.end(), u'\n') + 1;

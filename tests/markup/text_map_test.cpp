@@ -1,0 +1,189 @@
+#include "xport/markup/text_map.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <random>
+#include <stdexcept>
+#include <string>
+
+#include "tree_text.h"
+
+namespace {
+
+using Xport::attr_id;
+using Xport::attribute_map;
+using Xport::css_property_id;
+using Xport::node_pool;
+using Xport::style_map;
+using Xport::ustring;
+using Xport::ustring_view;
+
+/// The entries as "key=value " in the order of the walk.
+template <class Map>
+std::string listing(const Map& map) {
+  EXPECT_EQ(test::detail::map_fault(map), "");
+  std::string text;
+  for (const auto& entry : map)
+    text += std::to_string(static_cast<std::int32_t>(entry.first)) + "=" +
+            test::printable(entry.second) + " ";
+  return text;
+}
+
+TEST(TextMap, IsEmptyAtFirst) {
+  const attribute_map map;
+  EXPECT_TRUE(map.empty());
+  EXPECT_EQ(map.size(), 0u);
+  EXPECT_TRUE(map.begin() == map.end());
+  EXPECT_EQ(map[attr_id::id], u"");
+  EXPECT_FALSE(map.contains(attr_id::id));
+  EXPECT_EQ(map.pool(), nullptr);
+}
+
+TEST(TextMap, AscendsByNumberWhateverTheOrderOfStoring) {
+  int keys[] = {0, 31, 73, 127, 243};
+  do {
+    attribute_map map;
+    for (const int key : keys) map.insert_or_assign(attr_id{key}, ustring(1, u'v'));
+    ASSERT_EQ(listing(map), "0=v 31=v 73=v 127=v 243=v ");
+  } while (std::next_permutation(std::begin(keys), std::end(keys)));
+}
+
+TEST(TextMap, KeepsNumbersOutsideTheTables) {
+  style_map map;
+  for (const int key : {INT32_MAX, 0, INT32_MIN, -1, 1000})
+    map.insert_or_assign(css_property_id{key}, u"x");
+  EXPECT_EQ(listing(map), "-2147483648=x -1=x 0=x 1000=x 2147483647=x ");
+}
+
+TEST(TextMap, ReplacesTheTextOfAKey) {
+  attribute_map map;
+  for (const int key : {1, 2, 3}) map.insert_or_assign(attr_id{key}, u"ab");
+  for (const char16_t* value : {u"", u"longer than before", u"c", u"cd", u"cde"}) {
+    map.insert_or_assign(attr_id{2}, value);
+    EXPECT_EQ(listing(map), "1=ab 2=" + test::printable(value) + " 3=ab ");
+  }
+}
+
+TEST(TextMap, TellsAnEmptyTextFromNone) {
+  attribute_map map;
+  map.insert_or_assign(attr_id::id, u"");
+  EXPECT_TRUE(map.contains(attr_id::id));
+  EXPECT_EQ(map.size(), 1u);
+  EXPECT_FALSE(map.empty());
+  EXPECT_EQ(map[attr_id::id], u"");
+}
+
+TEST(TextMap, ErasesEntries) {
+  attribute_map map;
+  for (const int key : {1, 2, 3}) map.insert_or_assign(attr_id{key}, ustring(3, u'a'));
+  EXPECT_FALSE(map.erase(attr_id{4}));
+  EXPECT_TRUE(map.erase(attr_id{2}));
+  EXPECT_FALSE(map.erase(attr_id{2}));
+  EXPECT_EQ(listing(map), "1=aaa 3=aaa ");
+  EXPECT_TRUE(map.erase(attr_id{1}));
+  EXPECT_TRUE(map.erase(attr_id{3}));
+  EXPECT_TRUE(map.empty());
+  map.insert_or_assign(attr_id{5}, u"b");
+  EXPECT_EQ(listing(map), "5=b ");
+}
+
+TEST(TextMap, ClearsItself) {
+  attribute_map map;
+  map.clear();
+  map.insert_or_assign(attr_id{1}, u"a");
+  map.clear();
+  map.clear();
+  EXPECT_TRUE(map.empty());
+  EXPECT_EQ(map[attr_id{1}], u"");
+}
+
+TEST(TextMap, StoresTextsOutOfItsOwnMemory) {
+  attribute_map map;
+  map.insert_or_assign(attr_id{2}, u"0123456789");
+  map.insert_or_assign(attr_id{1}, map[attr_id{2}]);
+  map.insert_or_assign(attr_id{3}, map[attr_id{2}].substr(3, 4));
+  map.insert_or_assign(attr_id{2}, map[attr_id{2}].substr(5));
+  EXPECT_EQ(listing(map), "1=0123456789 2=56789 3=3456 ");
+  map.insert_or_assign(attr_id{1}, map[attr_id{3}]);
+  EXPECT_EQ(listing(map), "1=3456 2=56789 3=3456 ");
+}
+
+TEST(TextMap, KeepsTextsOfEveryLength) {
+  attribute_map map;
+  for (int size = 0; size <= 600; ++size)
+    map.insert_or_assign(attr_id{size}, ustring(static_cast<std::size_t>(size), u'\uFFFF'));
+  for (int size = 0; size <= 600; ++size)
+    ASSERT_EQ(map[attr_id{size}], ustring(static_cast<std::size_t>(size), u'\uFFFF'));
+  map.insert_or_assign(attr_id{7}, ustring(5000000, u'z'));
+  EXPECT_TRUE(test::is_text(map[attr_id{7}], ustring(5000000, u'z')));
+  EXPECT_EQ(map.size(), 601u);
+}
+
+TEST(TextMap, RefusesTextsThatCantBeCounted) {
+  attribute_map map;
+  map.insert_or_assign(attr_id{1}, u"kept");
+  const char16_t unit = u'a';
+  const ustring_view endless(&unit, std::size_t{1} << 32);
+  EXPECT_THROW(map.insert_or_assign(attr_id{1}, endless), std::length_error);
+  EXPECT_THROW(map.insert_or_assign(attr_id{2}, endless), std::length_error);
+  EXPECT_EQ(listing(map), "1=kept ");
+}
+
+TEST(TextMap, CopiesAreIndependent) {
+  node_pool pool;
+  attribute_map map(&pool);
+  map.insert_or_assign(attr_id{1}, u"a");
+  attribute_map on_heap(map);
+  attribute_map in_pool(on_heap, &pool);
+  const attribute_map empty{attribute_map(), &pool};
+  EXPECT_EQ(map.pool(), &pool);
+  EXPECT_EQ(on_heap.pool(), nullptr);
+  EXPECT_EQ(in_pool.pool(), &pool);
+  on_heap.insert_or_assign(attr_id{1}, u"b");
+  in_pool.insert_or_assign(attr_id{2}, u"c");
+  EXPECT_EQ(listing(map), "1=a ");
+  EXPECT_EQ(listing(on_heap), "1=b ");
+  EXPECT_EQ(listing(in_pool), "1=a 2=c ");
+  EXPECT_TRUE(empty.empty());
+}
+
+/// The same changes, by chance, of a map and of one of the standard library.
+void change_by_chance(attribute_map& map) {
+  std::mt19937 random(1);
+  std::map<int, ustring> expected;
+  for (int step = 0; step < 5000; ++step) {
+    const int key = static_cast<int>(random() % 12);
+    const std::size_t size = random() % 4 == 0 ? random() % 400 : random() % 9;
+    const ustring value(size, static_cast<char16_t>(u'a' + random() % 26));
+    if (random() % 3 == 0) {
+      ASSERT_EQ(map.erase(attr_id{key}), expected.erase(key) == 1);
+    } else {
+      map.insert_or_assign(attr_id{key}, value);
+      expected[key] = value;
+    }
+    ASSERT_EQ(map.size(), expected.size());
+    auto entry = map.begin();
+    for (const auto& [number, text] : expected) {
+      ASSERT_EQ((*entry).first, attr_id{number});
+      ASSERT_TRUE(test::is_text((*entry).second, text));
+      ++entry;
+    }
+    ASSERT_TRUE(entry == map.end());
+  }
+}
+
+TEST(TextMap, OnTheHeapDoesWhatAStandardMapDoes) {
+  attribute_map map;
+  change_by_chance(map);
+}
+
+TEST(TextMap, InAPoolDoesWhatAStandardMapDoes) {
+  node_pool pool;
+  attribute_map map(&pool);
+  change_by_chance(map);
+}
+
+}  // namespace

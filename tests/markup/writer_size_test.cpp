@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include <cstddef>
+
+#include "writer_kit.h"
+#include "xport/text/unit_output.h"
+
+// Texts against the size of the block in which the writer gathers its output.
+
+namespace {
+
+using test::add;
+using test::make;
+using test::same_units;
+using test::written;
+using Xport::attr_id;
+using Xport::char16;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::xhtml_element;
+
+constexpr std::size_t block = Xport::unit_output::block_units;
+
+ustring all_units() {
+  ustring text;
+  for (unsigned unit = 1; unit <= 0xFFFF; ++unit) text += static_cast<char16>(unit);
+  return text;
+}
+
+// A text in which a wrong place shows.
+ustring numbered(std::size_t size) {
+  ustring text(size, u'\0');
+  for (std::size_t i = 0; i < size; ++i) text[i] = static_cast<char16>(0x4000 + i % 0x3FFF);
+  return text;
+}
+
+TEST(WriterSize, TextsAroundTheSizeOfABlock) {
+  for (const std::size_t blocks : {1u, 2u, 3u})
+    for (std::size_t size = blocks * block - 12; size <= blocks * block + 4; ++size) {
+      const ustring text = numbered(size);
+      ASSERT_TRUE(same_units(written(make(tag_id::b, text, make(tag_id::i, u"y"))),
+                             u"<b>" + text + u"<i>y</i></b>"))
+          << size;
+    }
+}
+
+TEST(WriterSize, TheLastUnitAtEveryPlaceOfTheBlocksEnd) {
+  for (std::size_t size = block - 8; size <= block + 2; ++size) {
+    const ustring text = ustring(size, u'a') + u"\uFFFF\uFFFF" + ustring(size, u'\uFFFF');
+    ASSERT_TRUE(same_units(written(Xport::xhtml_pcdata(text)), text)) << size;
+    ASSERT_TRUE(
+        same_units(written(make(tag_id::b, ustring(size, u'a'), u"\uFFFF", u"\uFFFF", u"z")),
+                   u"<b>" + ustring(size, u'a') + u"\uFFFF\uFFFFz</b>"))
+        << size;
+  }
+}
+
+TEST(WriterSize, LineFeedsAndBlanksAroundTheBlocksEnd) {
+  for (std::size_t size = block - 45; size <= block + 2; ++size) {
+    const ustring filler(size, u'a');
+    const auto out =
+        test::write_with(make(tag_id::p, filler + u"\nb\nc"),
+                         [](Xport::xhtml_writer& writer) { writer.indent_level = 15; });
+    const ustring blanks(32, u' ');
+    ASSERT_TRUE(same_units(out.text, u"<p>\n" + blanks + filler + u'\n' + blanks + u"b\n" + blanks +
+                                         u"c\n" + ustring(30, u' ') + u"</p>\n"))
+        << size;
+  }
+}
+
+TEST(WriterSize, CommentsAndInstructionsAroundTheBlocksEnd) {
+  for (std::size_t size = block - 12; size <= block + 2; ++size) {
+    const ustring filler(size, u'a');
+    ASSERT_TRUE(same_units(written(test::comment(filler)), u"<!-- " + filler + u" -->")) << size;
+    ASSERT_TRUE(same_units(written(test::instruction(filler)), u"<?" + filler + u" ?>\n")) << size;
+  }
+}
+
+TEST(WriterSize, AttributesAroundTheBlocksEnd) {
+  for (std::size_t size = block - 40; size <= block + 2; ++size) {
+    const ustring value = numbered(size);
+    xhtml_element b = make(tag_id::b);
+    b.set_attribute(attr_id::class_, value);
+    b.set_attribute(attr_id::id, u"i");
+    b.set_style(Xport::css_property_id::color, u"red");
+    ASSERT_TRUE(
+        same_units(written(b), u"<b class='" + value + u"' id='i' style='color: red;'></b>"))
+        << size;
+  }
+}
+
+TEST(WriterSize, WrappedTextThatIsLongerThanABlock) {
+  const ustring word(99, u'w');
+  ustring text;
+  ustring lines;
+  for (int i = 0; i < 2000; ++i) {
+    text += word + u"\n\n";
+    lines += word + u" \n";
+  }
+  text += u"end";
+  lines += u"end";
+  const auto out = test::write_with(
+      Xport::xhtml_pcdata(text), [](Xport::xhtml_writer& writer) { writer.max_line_length = 100; });
+  EXPECT_TRUE(same_units(out.text, lines));
+}
+
+TEST(WriterSize, AllUnitsInText) {
+  ustring expected = all_units();
+  expected.insert(expected.find(u'\n') + 1, u"  ");
+  EXPECT_TRUE(
+      same_units(written(make(tag_id::p, all_units())), u"<p>\n  " + expected + u"\n</p>\n"));
+}
+
+TEST(WriterSize, AllUnitsInAnAttribute) {
+  xhtml_element b = make(tag_id::b);
+  b.set_attribute(attr_id::title, all_units());
+  EXPECT_TRUE(same_units(written(b), u"<b title='" + all_units() + u"'></b>"));
+}
+
+TEST(WriterSize, ATextMayHoldTheZeroUnit) {
+  const ustring text(u"a\0b\0", 4);
+  EXPECT_TRUE(same_units(written(make(tag_id::b, text)), u"<b>" + text + u"</b>"));
+}
+
+// Short runs take a way of their own, by their length.
+TEST(WriterSize, EachShortLengthInEachPlace) {
+  ustring expected;
+  xhtml_element b = make(tag_id::b);
+  for (std::size_t size = 0; size <= 70; ++size) {
+    add(b, numbered(size));
+    expected += numbered(size);
+  }
+  EXPECT_TRUE(same_units(written(b), u"<b>" + expected + u"</b>"));
+}
+
+}  // namespace

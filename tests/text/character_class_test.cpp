@@ -1,0 +1,109 @@
+#include "xport/text/character_class.h"
+
+#include <gtest/gtest.h>
+
+#include <locale>
+#include <stdexcept>
+
+#include "support/golden.h"
+
+namespace {
+
+using test::same_units;
+using Xport::char16;
+using Xport::character_classes;
+using Xport::to_lower;
+
+// Makes a locale the global one, for the C library too, and puts the old one back.
+class CharacterClass : public testing::Test {
+ protected:
+  ~CharacterClass() override { std::locale::global(before_); }
+
+  static bool use_locale(const char* name) {
+    try {
+      std::locale::global(std::locale(name));
+      return true;
+    } catch (const std::runtime_error&) {
+      return false;
+    }
+  }
+
+ private:
+  std::locale before_;
+};
+
+TEST_F(CharacterClass, WhiteSpaceOfTheClassicLocale) {
+  const character_classes classes;
+  for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+    const bool expected = unit == 0x20 || (unit >= 0x09 && unit <= 0x0D);
+    EXPECT_EQ(classes.is_space(static_cast<char16>(unit)), expected) << unit;
+  }
+}
+
+TEST_F(CharacterClass, WhiteSpaceOfAUnicodeLocale) {
+  if (!use_locale("C.UTF-8")) GTEST_SKIP() << "there is no locale C.UTF-8";
+  const character_classes classes;
+  for (const char16 unit : {u' ', u'\t', u'\n', u'\v', u'\f', u'\r', u'\u1680', u'\u2003',
+                            u'\u2028', u'\u2029', u'\u3000'})
+    EXPECT_TRUE(classes.is_space(unit)) << static_cast<unsigned>(unit);
+  // A blank at which no line may be broken is no white space.
+  for (const char16 unit : {u'\0', u'a', u'\u00A0', u'\u202F', u'\u4E2D', u'\uFEFF',
+                            static_cast<char16_t>(0xD83D), u'\uFFFF'})
+    EXPECT_FALSE(classes.is_space(unit)) << static_cast<unsigned>(unit);
+}
+
+TEST_F(CharacterClass, TheLocaleIsThatOfTheConstruction) {
+  const character_classes before;
+  if (!use_locale("C.UTF-8")) GTEST_SKIP() << "there is no locale C.UTF-8";
+  const character_classes after;
+  EXPECT_FALSE(before.is_space(u'\u3000'));
+  EXPECT_TRUE(after.is_space(u'\u3000'));
+  use_locale("C");
+  EXPECT_TRUE(after.is_space(u'\u3000'));
+  EXPECT_FALSE(character_classes().is_space(u'\u3000'));
+}
+
+TEST_F(CharacterClass, TrimRight) {
+  const character_classes classes;
+  EXPECT_TRUE(same_units(classes.trim_right(u" a b \t\n"), u" a b"));
+  EXPECT_TRUE(same_units(classes.trim_right(u" \n "), u""));
+  EXPECT_TRUE(same_units(classes.trim_right(u""), u""));
+  EXPECT_TRUE(same_units(classes.trim_right(u"ab"), u"ab"));
+}
+
+TEST_F(CharacterClass, Trim) {
+  const character_classes classes;
+  EXPECT_TRUE(same_units(classes.trim(u"\t a b \r\n"), u"a b"));
+  EXPECT_TRUE(same_units(classes.trim(u" \n "), u""));
+  EXPECT_TRUE(same_units(classes.trim(u""), u""));
+  EXPECT_TRUE(same_units(classes.trim(u"\u3000a\u3000"), u"\u3000a\u3000"));
+}
+
+TEST_F(CharacterClass, TrimInAUnicodeLocale) {
+  if (!use_locale("C.UTF-8")) GTEST_SKIP() << "there is no locale C.UTF-8";
+  const character_classes classes;
+  EXPECT_TRUE(same_units(classes.trim(u"\u3000a\u00A0\u2003"), u"a\u00A0"));
+}
+
+TEST_F(CharacterClass, LowerCaseOfTheClassicLocale) {
+  EXPECT_TRUE(same_units(to_lower(u""), u""));
+  EXPECT_TRUE(same_units(to_lower(u"AbZ@[`{19"), u"abz@[`{19"));
+  EXPECT_TRUE(same_units(to_lower(u"\u00C9\u0416"), u"\u00C9\u0416"));
+}
+
+TEST_F(CharacterClass, LowerCaseOfAUnicodeLocale) {
+  if (!use_locale("C.UTF-8")) GTEST_SKIP() << "there is no locale C.UTF-8";
+  EXPECT_TRUE(same_units(to_lower(u"AbZ\u00C9\u0416\u4E2D"), u"abz\u00E9\u0436\u4E2D"));
+}
+
+TEST_F(CharacterClass, LowerCaseGoesUnitByUnit) {
+  for (const char* const name : {"C", "C.UTF-8"}) {
+    if (!use_locale(name)) continue;
+    // A capital beyond the first 65536 code points, a lone surrogate, the zero unit.
+    const Xport::ustring text(u"A\0\xD801\xDC00\xDC00\xFFFF", 6);
+    const Xport::ustring lower(u"a\0\xD801\xDC00\xDC00\xFFFF", 6);
+    EXPECT_TRUE(same_units(to_lower(text), lower)) << name;
+  }
+}
+
+}  // namespace
