@@ -23,7 +23,8 @@ class file_system {
  public:
   virtual ~file_system();
 
-  /// Whether something of that name is there, a file, a folder or anything else.
+  /// Whether something of that name is there, a file, a folder or anything else. A
+  /// link that leads nowhere counts as nothing.
   virtual bool exists(const Xport::ustring& path) = 0;
 
   /// Makes the last level of `path`.

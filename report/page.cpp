@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "report/vellomark_obj.h"
 
 using Xport::attr_id;

@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <cstdint>
 
 #include "report/vellomark_obj.h"
@@ -46,10 +47,10 @@ bool VellomarkObj::EnsureFolder(const ustring& path) const {
 
 // A path that is too long to be looked up counts as free.
 ustring VellomarkObj::UniqueReportName(const ustring& folder) const {
-  const ustring stem = stem_of(u"Report.htm");
   std::uint32_t counter = 1;
   while (true) {
-    const ustring name = stem + Xport::to_ustring(static_cast<std::int32_t>(counter)) + u".htm";
+    const ustring name =
+        u"Report" + Xport::to_ustring(static_cast<std::int32_t>(counter)) + u".htm";
     const ustring path = folder + u"\\" + name;
     ++counter;
     if (path.size() > longest_path || !files.exists(path) || counter == 0) return name;

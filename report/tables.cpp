@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <stdexcept>
-#include <string>
 
 #include "report/vellomark_obj.h"
 #include "xport/text/find_unit.h"
@@ -46,14 +45,12 @@ bool VellomarkObj::OpenTable(std::int32_t columns) {
 }
 
 // The element of section tables is one: an outer table loses its rows, and with
-// them all positions on its rows.
+// them the position on its last row. (States saved earlier have lost theirs.)
 bool VellomarkObj::OpenSectionTable(std::int32_t columns) {
   table_stack.push_back(
       {cursor, in_table, span_rows, span_rows_left, table_columns, next_column, row_pos});
   section_table.clear_children();
-  for (SavedTableState& saved : table_stack)
-    if (saved.row_pos.owner() == &section_table) saved.row_pos = {};
-  if (row_pos.owner() == &section_table) row_pos = {};
+  if (row_pos.owner() == &section_table) table_stack.back().row_pos = row_pos = {};
   StartTable(section_table, columns);
   return true;
 }

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <new>
-#include <type_traits>
 #include <utility>
 
 #include <boost/bind/bind.hpp>
@@ -23,8 +22,8 @@
 template <class T>
 class zov_shared_array {
  public:
-  typedef T value_type;
-  typedef const T* const_iterator;
+  typedef T value_type;             ///< what the array holds
+  typedef const T* const_iterator;  ///< a position in the array
 
   /// An empty array without storage.
   zov_shared_array() : size_(0), capacity_(0) {}
@@ -43,6 +42,7 @@ class zov_shared_array {
     return *this;
   }
 
+  /// Exchanges the storages. Raises nothing.
   void swap(zov_shared_array& other) {
     storage_.swap(other.storage_);
     std::swap(size_, other.size_);
@@ -50,8 +50,13 @@ class zov_shared_array {
     elements_.swap(other.elements_);
   }
 
+  /// The number of elements.
   std::size_t size() const { return size_; }
+
+  /// The number of elements that the storage has room for.
   std::size_t capacity() const { return capacity_; }
+
+  /// Whether there are no elements.
   bool empty() const { return size_ == 0; }
 
   /// The elements, contiguous; valid until the array is changed.
@@ -76,7 +81,7 @@ class zov_shared_array {
   /// that is shared or full is replaced by one of capacity size + 1 + size / 2.
   /// When an exception is raised the array is as it was.
   void push_back(const T& value) {
-    if (shared() || size_ == capacity_) {
+    if (shared() || size_ == capacity_ || !can_disarm()) {
       zov_shared_array grown(size_ + 1 + size_ / 2);
       for (std::size_t i = 0; i < size_; ++i) grown.append((*this)[i]);
       grown.append(value);
@@ -88,7 +93,7 @@ class zov_shared_array {
 
  private:
   struct cell {
-    typename std::aligned_storage<sizeof(T), std::alignment_of<T>::value>::type bytes;
+    alignas(T) unsigned char bytes[sizeof(T)];
   };
   typedef boost::function<void(T*)> element_deleter;
 
@@ -108,6 +113,12 @@ class zov_shared_array {
   }
 
   bool shared() const { return storage_.use_count() > 1; }
+
+  // A handle that was made across a library border may not be recognised here, for
+  // want of run-time type information. Its storage is then left as it is.
+  bool can_disarm() const {
+    return !elements_ || boost::get_deleter<element_deleter>(elements_) != 0;
+  }
 
   // Puts a copy of `value` behind the last element; there must be room. The
   // handle on the elements is made anew with the larger count. It is armed only

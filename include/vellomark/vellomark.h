@@ -24,7 +24,8 @@
 /// Errors. Refusals are answers: the three bool results tell of them. No
 /// operation catches exceptions, so std::bad_alloc and std::length_error of the
 /// standard containers reach the caller, and CloseTable may raise
-/// std::out_of_range as told there.
+/// std::out_of_range as told there. After an exception the report can be used on;
+/// the line, row or cell that was being added may be incomplete.
 ///
 /// Threads. One report serves one thread at a time and takes no locks. Separate
 /// reports may be used from separate threads.
@@ -42,8 +43,9 @@ class VELLOMARK_API IVellomark {
   /// the report folder where they are missing, and replaces a page of that name.
   ///
   /// With `file_name` null the name is Report1.htm or the one with the next free
-  /// number, and the page is then opened with the user's default handler, without
-  /// waiting and whether or not it could be written.
+  /// number (a path of 260 code units or more counts as free), and the page is
+  /// then opened with the user's default handler, without waiting and whether or
+  /// not it could be written.
   ///
   /// Returns true as soon as the page file was opened; an error in writing it
   /// (a full disk) isn't reported. Returns false, without opening anything, if a
@@ -54,7 +56,9 @@ class VELLOMARK_API IVellomark {
   /// Adds a line of text: to the current block of the page, as a cell to the
   /// open table, or to the last section (`to_section`, or section mode without
   /// direct links). In a cell each line feed becomes "<BR>"; elsewhere line feeds
-  /// stay. A null `text` adds the link that AddLink prepared last.
+  /// stay. A null `text` adds the link that AddLink prepared last, in a table the
+  /// cell with the text in front of it; for a section it adds nothing. Sections
+  /// can't be made in this version, so text and tables for them are dropped.
   virtual void AddText(const char16_t* text, bool to_section) = 0;
 
   /// Starts a new block, a `p`, at the end of the page. Later text goes there.
@@ -62,17 +66,19 @@ class VELLOMARK_API IVellomark {
 
   /// Adds a heading at the end of the page and a new block behind it. Styles 1
   /// to 4 give `h1` to `h4` with the class "Style1" to "Style4", 0 and below an
-  /// `h5` with an empty class; 5 and above add the text as AddText does.
+  /// `h5` with an empty class. 5 and above add the text as a line of the page or a
+  /// cell of the open table, whatever the section mode.
   virtual void AddHeading(const char16_t* text, std::int32_t style) = 0;
 
   /// Opens a table at the end of the page, with `columns` cells in a row, and
   /// returns true. Each AddText is then one cell; rows start by themselves. A
   /// row takes its first two cells even where `columns` is 1 or less. In section
-  /// mode the table is kept aside until CloseTable hands it to the last section.
+  /// mode the table is kept aside until CloseTable hands it to the last section;
+  /// a table that is opened while another one is kept there empties that one.
   virtual bool OpenTable(std::int32_t columns) = 0;
 
   /// Closes the table and starts a new block. Without an open table it does just
-  /// the latter. In section mode no block is started; with no table open there
+  /// the latter. In section mode no block is started; with no table opened in it
   /// it raises std::out_of_range ("invalid vector subscript") and changes nothing.
   virtual void CloseTable() = 0;
 
@@ -84,7 +90,10 @@ class VELLOMARK_API IVellomark {
   /// Adds a link to the anchor `target` of this page; the visible text of the
   /// link is the target. `text` appears in front of it in a table cell only.
   /// Either may be null; with both null the prepared link is emptied and nothing
-  /// is added. A target of 254 code units or more makes the call do nothing.
+  /// is added. With `target` null outside a table, an empty anchor with the target
+  /// of the last link is added and `text` is lost. In section mode without direct
+  /// links the link is prepared, but not added. A target of 254 code units or more
+  /// makes the call do nothing.
   virtual void AddLink(const char16_t* text, const char16_t* target) = 0;
 
   /// Sends later text and tables to the last section (true) or the page (false).

@@ -18,9 +18,16 @@ namespace {
 
 class posix_output final : public Xport::byte_output {
  public:
-  explicit posix_output(int descriptor) : descriptor_(descriptor) {}
+  posix_output() = default;
   ~posix_output() override {
     if (descriptor_ >= 0) close();
+  }
+
+  bool open(const char* path) {
+    do {
+      descriptor_ = ::open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    } while (descriptor_ < 0 && errno == EINTR);
+    return descriptor_ >= 0;
   }
 
   bool write(const void* bytes, std::size_t size) override {
@@ -44,7 +51,7 @@ class posix_output final : public Xport::byte_output {
   }
 
  private:
-  int descriptor_;
+  int descriptor_ = -1;
 };
 
 class posix_file_system final : public file_system {
@@ -64,12 +71,9 @@ class posix_file_system final : public file_system {
   std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) override {
     const std::optional<std::string> native = posix::to_native_path(path);
     if (!native) return nullptr;
-    int descriptor;
-    do {
-      descriptor = ::open(native->c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    } while (descriptor < 0 && errno == EINTR);
-    if (descriptor < 0) return nullptr;
-    return std::make_unique<posix_output>(descriptor);
+    auto file = std::make_unique<posix_output>();
+    if (!file->open(native->c_str())) return nullptr;
+    return file;
   }
 };
 

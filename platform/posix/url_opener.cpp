@@ -16,6 +16,15 @@ namespace platform {
 
 namespace {
 
+// The host's files are no business of the handler's.
+void close_inherited() {
+#if defined(__GLIBC_PREREQ)
+#if __GLIBC_PREREQ(2, 34)
+  ::close_range(STDERR_FILENO + 1, ~0U, 0);
+#endif
+#endif
+}
+
 // Runs in a child of a process that may have had other threads: only calls that
 // are safe there.
 [[noreturn]] void become_handler(char* const* arguments) {
@@ -28,8 +37,8 @@ namespace {
     ::dup2(null_device, STDIN_FILENO);
     ::dup2(null_device, STDOUT_FILENO);
     ::dup2(null_device, STDERR_FILENO);
-    if (null_device > STDERR_FILENO) ::close(null_device);
   }
+  close_inherited();
   ::execvp(arguments[0], arguments);
   ::_exit(127);
 }

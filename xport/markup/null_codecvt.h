@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cwchar>
 #include <locale>
+#include <memory>
 
 #include "xport/text/char16.h"
 
@@ -44,7 +45,10 @@ class NullCodecvt : public std::codecvt<char16, char, std::mbstate_t> {
 
 /// `base` with NullCodecvt in it; its name is "*".
 inline std::locale with_null_codecvt(const std::locale& base) {
-  return std::locale(base, new NullCodecvt);
+  auto facet = std::make_unique<NullCodecvt>();
+  std::locale locale(base, facet.get());  // owns the facet only when it is made
+  facet.release();
+  return locale;
 }
 
 }  // namespace Xport

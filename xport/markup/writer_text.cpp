@@ -55,7 +55,7 @@ void xhtml_writer::put_wrapped(ustring_view text, std::int64_t blanks) {
     text.remove_prefix(length);
   }
   column += line.size();
-  if (ends_in_word) line.pop_back();
+  if (ends_in_word && !line.empty()) line.pop_back();
   output_.put(line);
 }
 

@@ -139,7 +139,9 @@ class xhtml_markup {
   /// The element's content flags.
   virtual std::uint32_t content_flags() const;
 
-  /// A deep copy on the heap, which the caller owns; null where there is none.
+  /// A deep copy on the heap, which the caller owns; null where there is none. Its
+  /// parent() is that of this node, which must live as long as the copy is written
+  /// or asked for it without having been inserted.
   virtual xhtml_markup* clone() const;
 
   /// Whether this is an element that takes no content.

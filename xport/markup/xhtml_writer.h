@@ -47,7 +47,7 @@ class xhtml_writer {
   std::uint64_t max_line_length = 0;                   ///< units; 0: never wrap
   std::uint64_t column = 0;                            ///< where the writer believes it stands
   layout_flags_table layout_table = default_layout();  ///< break flags by element
-  stream_type* stream;                                 ///< the target; never null
+  stream_type* stream;                                 ///< the target; must not be null
   bool double_quotes = false;                          ///< attribute values in " and not in '
   bool spaced_equals = false;                          ///< " = " and not "=" behind attribute names
   std::uint32_t byte_order_mark = 2;                   ///< 2: U+FEFF; 3: U+0000 U+FEFF; else none

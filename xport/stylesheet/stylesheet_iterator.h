@@ -88,6 +88,9 @@ using const_stylesheet_rule_iterator =
 using stylesheet_iterator =
     vector_position<std::vector<std::unique_ptr<xhtml_stylesheet_item>>::const_iterator,
                     xhtml_stylesheet_item>;
+using const_stylesheet_iterator =
+    vector_position<std::vector<std::unique_ptr<xhtml_stylesheet_item>>::const_iterator,
+                    const xhtml_stylesheet_item>;
 
 }  // namespace Xport
 

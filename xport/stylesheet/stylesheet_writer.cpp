@@ -8,27 +8,37 @@ namespace {
 
 constexpr ustring_view selector_mark = u"<s>";
 
-ustring replace_in_one_pass(ustring text, ustring_view selector) {
-  for (std::size_t at = text.find(selector_mark); at != ustring::npos;
-       at = text.find(selector_mark, at + selector.size()))
-    text.replace(at, selector_mark.size(), selector);
-  return text;
+ustring replace_in_one_pass(ustring_view text, ustring_view selector) {
+  ustring replaced;
+  for (std::size_t mark = text.find(selector_mark); mark != text.npos;
+       mark = text.find(selector_mark)) {
+    replaced += text.substr(0, mark);
+    replaced += selector;
+    text.remove_prefix(mark + selector_mark.size());
+  }
+  replaced += text;
+  return replaced;
 }
 
 // Replaces from the beginning again after each replacement, so that a mark which
-// a selector makes up with its surroundings is replaced too. (The next mark can't
-// start more than two units before the last one.) That need not come to an end:
-// a template that takes far more replacements than it has marks is replaced in
-// one pass.
+// a selector makes up with its surroundings is replaced too. What is behind the
+// last replacement waits, turned round, to be looked at: time is linear in what
+// the replacements put in. As that need not come to an end, their number is bounded.
 ustring replace_marks(const ustring& rule_comment, ustring_view selector) {
-  ustring text = rule_comment;
-  std::size_t left = rule_comment.size() + 10'000;
-  for (std::size_t at = text.find(selector_mark); at != ustring::npos;
-       at = text.find(selector_mark, at < 2 ? 0 : at - 2)) {
+  if (selector.find(selector_mark) != selector.npos)
+    return replace_in_one_pass(rule_comment, selector);
+  std::size_t left = rule_comment.size() + stylesheet_writer::most_replacements;
+  ustring done;
+  ustring waiting(rule_comment.rbegin(), rule_comment.rend());
+  while (!waiting.empty()) {
+    done += waiting.back();
+    waiting.pop_back();
+    if (!done.ends_with(selector_mark)) continue;
     if (left-- == 0) return replace_in_one_pass(rule_comment, selector);
-    text.replace(at, selector_mark.size(), selector);
+    done.resize(done.size() - selector_mark.size());
+    waiting.append(selector.rbegin(), selector.rend());
   }
-  return text;
+  return done;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #ifndef XPORT_STYLESHEET_STYLESHEET_WRITER_H
 #define XPORT_STYLESHEET_STYLESHEET_WRITER_H
 
+#include <cstddef>
 #include <cstdint>
 #include <ostream>
 
@@ -17,13 +18,17 @@ class stylesheet_writer {
  public:
   using stream_type = std::basic_ostream<char16>;
 
+  /// See `rule_comment`.
+  static constexpr std::size_t most_replacements = 100'000;
+
   /// A writer with the default options on `stream_to`, which must outlive it.
   explicit stylesheet_writer(stream_type& stream_to) : stream(&stream_to) {}
 
   /// A comment before each rule, where it isn't empty. "<s>" in it is replaced by
-  /// the rule's selector, again and again until none is left. Where that would
-  /// not end, as for a selector that holds "<s>" itself, each "<s>" of the
-  /// template is replaced once.
+  /// the rule's selector, again and again until none is left. That would not end
+  /// for a selector that holds "<s>" itself, nor for some that make up marks with
+  /// their surroundings: there, and where it takes more than `most_replacements`
+  /// beyond the template's length, each "<s>" of the template is replaced once.
   ustring rule_comment;
   std::int16_t spare = 0;             ///< read by nothing
   bool selector_on_own_line = false;  ///< a line feed and not a space behind it

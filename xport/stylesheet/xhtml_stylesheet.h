@@ -25,8 +25,10 @@ class xhtml_stylesheet {
   /// the end.
   stylesheet_iterator add_item(const xhtml_stylesheet_item& item);
 
-  stylesheet_iterator begin() const { return stylesheet_iterator(items_.begin()); }
-  stylesheet_iterator end() const { return stylesheet_iterator(items_.end()); }
+  stylesheet_iterator begin() { return stylesheet_iterator(items_.begin()); }
+  stylesheet_iterator end() { return stylesheet_iterator(items_.end()); }
+  const_stylesheet_iterator begin() const { return const_stylesheet_iterator(items_.begin()); }
+  const_stylesheet_iterator end() const { return const_stylesheet_iterator(items_.end()); }
   std::size_t size() const { return items_.size(); }
 
  private:

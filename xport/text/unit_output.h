@@ -21,8 +21,10 @@ class unit_output {
   /// The units of a block, 64 KiB.
   static constexpr std::size_t block_units = 32 * 1024;
 
-  /// Hands its blocks to the stream that `stream` leads to at that time.
+  /// Hands its blocks to the stream that the variable `stream`, which must outlive
+  /// this object, leads to at that time.
   explicit unit_output(stream_type* const& stream);
+  explicit unit_output(stream_type* const&& stream) = delete;
   unit_output(const unit_output&) = delete;
   unit_output& operator=(const unit_output&) = delete;
 

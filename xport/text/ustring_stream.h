@@ -9,10 +9,14 @@
 namespace Xport {
 
 /// An output stream of code units into a string in memory. Unlike the standard
-/// library's string stream it keeps U+FFFF wherever it stands in a run of units.
+/// library's string stream it keeps U+FFFF wherever it stands in a run of units,
+/// and it raises std::bad_alloc when memory runs out.
 class ustring_stream : public std::basic_ostream<char16> {
  public:
-  ustring_stream() : std::basic_ostream<char16>(nullptr) { rdbuf(&buffer_); }
+  ustring_stream() : std::basic_ostream<char16>(nullptr) {
+    rdbuf(&buffer_);
+    exceptions(badbit);
+  }
 
   /// What was written so far; valid until more is written.
   const ustring& str() const { return buffer_.text; }

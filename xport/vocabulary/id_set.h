@@ -28,6 +28,11 @@ class id_set {
     for (std::size_t i = 0; i < word_count; ++i) words_[i] |= other.words_[i];
   }
 
+  /// Takes all of `other` out again.
+  constexpr void erase(const id_set& other) {
+    for (std::size_t i = 0; i < word_count; ++i) words_[i] &= ~other.words_[i];
+  }
+
   /// Whether `id` is in the set; false for any number outside 0 to Count - 1.
   constexpr bool contains(Id id) const {
     return static_cast<std::uint32_t>(id) < Count && (words_[word(id)] & bit(id)) != 0;

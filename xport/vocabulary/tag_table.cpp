@@ -55,8 +55,7 @@ constexpr void set_attributes(rule_records& records) {
   for (const detail::attribute_departure& departure : detail::attribute_rules::departures) {
     attribute_set& allowed = records[row(departure.element)].allowed_attributes;
     allowed.insert(departure.additions);
-    for (std::int32_t number = 0; number < 244; ++number)
-      if (departure.losses.contains(attr_id{number})) allowed.erase(attr_id{number});
+    allowed.erase(departure.losses);
   }
 }
 
