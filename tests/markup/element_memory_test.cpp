@@ -5,12 +5,14 @@
 #include <cstddef>
 #include <functional>
 #include <iterator>
+#include <locale>
 #include <memory>
 #include <ostream>
 #include <string>
 
 #include "support/allocation_failure.h"
 #include "tree_text.h"
+#include "xport/markup/null_codecvt.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_end_tag.h"
 
@@ -184,6 +186,7 @@ TEST(LostMemory, IsNoneInConstructors) {
   expect_nothing_lost([] { Xport::xhtml_processing_instruction text{long_text}; });
   expect_nothing_lost([] { Xport::xhtml_end_tag text{long_text}; });
   expect_nothing_lost([] { xhtml_doc doc(1); });
+  expect_nothing_lost([] { Xport::with_null_codecvt(std::locale::classic()); });
 }
 
 TEST(LostMemory, IsNoneInCopies) {

@@ -63,6 +63,7 @@ TEST(WriterPage, AnElementWrittenAloneHasNoMark) {
 TEST(WriterPage, AFailedStreamIsRefusedAndGetsNothing) {
   for (const auto state : {std::ios_base::failbit, std::ios_base::badbit}) {
     ustring_stream stream;
+    stream.exceptions(std::ios_base::goodbit);
     stream.setstate(state);
     xhtml_writer writer(stream);
     EXPECT_FALSE(xhtml_doc(1).write(writer));

@@ -136,8 +136,10 @@ TEST(StylesheetItem, EraseOneDeclaration) {
   EXPECT_EQ(behind - rule.declarations_begin(), 1);
   EXPECT_TRUE(same_units(behind->value, u"2"));
   EXPECT_TRUE(same_units(values(rule), u"red 2 "));
-  EXPECT_EQ(rule.erase_declaration(rule.declarations_begin() + 1), rule.declarations_end());
-  EXPECT_EQ(rule.erase_declaration(rule.declarations_begin()), rule.declarations_end());
+  stylesheet_rule_iterator last = rule.erase_declaration(rule.declarations_begin() + 1);
+  EXPECT_EQ(last, rule.declarations_end());
+  last = rule.erase_declaration(rule.declarations_begin());
+  EXPECT_EQ(last, rule.declarations_end());
   EXPECT_EQ(count(rule), 0);
 }
 
@@ -159,8 +161,8 @@ TEST(StylesheetItem, EraseARange) {
   at = rule.erase_declarations(rule.declarations_begin() + 1, rule.declarations_begin() + 3);
   EXPECT_EQ(at - rule.declarations_begin(), 1);
   EXPECT_TRUE(same_units(values(rule), u"1 blue "));
-  EXPECT_EQ(rule.erase_declarations(rule.declarations_begin(), rule.declarations_end()),
-            rule.declarations_end());
+  at = rule.erase_declarations(rule.declarations_begin(), rule.declarations_end());
+  EXPECT_EQ(at, rule.declarations_end());
   EXPECT_EQ(count(rule), 0);
   EXPECT_EQ(rule.erase_declarations(rule.declarations_end(), rule.declarations_end()),
             rule.declarations_end());

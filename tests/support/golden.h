@@ -79,7 +79,7 @@ inline std::string to_utf8(Xport::ustring_view text) {
       continue;
     }
     const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-    put((0xF00u >> more & 0xFF) | code >> (6 * more));
+    put((0xFF00u >> (more + 1) & 0xFF) | code >> (6 * more));
     for (int k = more - 1; k >= 0; --k) put(0x80 | (code >> (6 * k) & 0x3F));
   }
   return bytes;
