@@ -247,6 +247,11 @@ TEST_P(ElementWithoutRecord, StoresNoAttributeAndGoesNowhere) {
   }
 }
 
+TEST_P(ElementWithoutRecord, StoresNoStyle) {
+  EXPECT_FALSE(node.set_style(css_property_id::color, u"red"));
+  EXPECT_TRUE(node.style_properties()->empty());
+}
+
 TEST_P(ElementWithoutRecord, IsCopiedAsItIs) {
   const std::unique_ptr<xhtml_markup> copy(node.clone());
   ASSERT_NE(copy->tag_trait(), nullptr);

@@ -168,6 +168,7 @@ ustring xhtml_element::get_attribute(attr_id attribute) const {
 }
 
 bool xhtml_element::set_style(css_property_id property, ustring_view value) {
+  if (trait_.get() == nullptr) return false;
   style_.insert_or_assign(property, value);
   return true;
 }

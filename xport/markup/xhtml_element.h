@@ -19,8 +19,8 @@ class text_leaf;
 /// A position that isn't in this element's list is refused.
 ///
 /// An element without a record, made with a number outside the table, answers
-/// like the row "invalid tag", except that end_tag_text raises. It stores no
-/// attribute, is taken by no parent and writes nothing.
+/// like the row "invalid tag", except that end_tag_text raises. It stores
+/// nothing, is taken by no parent and writes nothing.
 ///
 /// Insertion takes constant time, apart from the copy itself and, for `html` and
 /// `head`, a look at their children. Attribute and style operations take time

@@ -35,7 +35,7 @@ ustring replace_marks(const ustring& rule_comment, ustring_view selector) {
     waiting.pop_back();
     if (!done.ends_with(selector_mark)) continue;
     if (left-- == 0) return replace_in_one_pass(rule_comment, selector);
-    done.resize(done.size() - selector_mark.size());
+    done.erase(done.size() - selector_mark.size());
     waiting.append(selector.rbegin(), selector.rend());
   }
   return done;
