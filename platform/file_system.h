@@ -27,12 +27,25 @@ class file_system {
   /// link that leads nowhere counts as nothing.
   virtual bool exists(const Xport::ustring& path) = 0;
 
+  /// Whether `path` is a file with content of its own, or leads to one: no folder,
+  /// no device.
+  virtual bool is_file(const Xport::ustring& path) = 0;
+
   /// Makes the last level of `path`.
   virtual folder_result create_directory(const Xport::ustring& path) = 0;
 
   /// Opens a file for writing as bytes, emptied if it is there, and denies
   /// nobody else the file. Null if that fails.
   virtual std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) = 0;
+
+  /// Copies a file, in place of a file that is there. True only if the copy is
+  /// complete and closed without an error; otherwise the target is as it was and
+  /// no half file is left behind. A file isn't copied onto itself, under whatever
+  /// name, and a folder isn't copied.
+  virtual bool copy_file(const Xport::ustring& source, const Xport::ustring& target) = 0;
+
+  /// Removes a file; false if that fails.
+  virtual bool remove_file(const Xport::ustring& path) = 0;
 
   /// The operating system's. Holds no state; may be used from any thread.
   static file_system& native();

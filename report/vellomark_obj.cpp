@@ -19,9 +19,3 @@ VellomarkObj::VellomarkObj(platform::file_system& files_to_use,
 }
 
 VellomarkObj::~VellomarkObj() = default;
-
-void VellomarkObj::SetSectionMode(bool on) { section_mode = on; }
-
-void VellomarkObj::BeginDirectLinks() { direct_links = true; }
-
-void VellomarkObj::EndDirectLinks() { direct_links = false; }

@@ -10,18 +10,12 @@
 
 #include "platform/file_system.h"
 #include "platform/url_opener.h"
+#include "report/report_section.h"
+#include "report/section_index.h"
 #include "xport/markup/markup_iterator.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/char16.h"
-
-/// A deferred section as it waits for the page.
-struct ReportSection {
-  Xport::ustring name;                       ///< the text of its heading; empty for none
-  std::list<Xport::xhtml_element> elements;  ///< its content in order
-  std::list<Xport::ustring> heading_texts;   ///< the headings above it, outermost first
-  std::list<std::int32_t> heading_styles;    ///< their styles, one for each text
-};
 
 /// The report behind IVellomark; see there for what the operations do.
 ///
@@ -71,6 +65,12 @@ class VellomarkObj final : public IVellomark {
     Xport::markup_iterator row_pos;
   };
 
+  /// The headings of sections that the page has at this moment.
+  struct PagePath {
+    std::vector<Xport::ustring> texts;
+    const section_index::node* node = nullptr;  // null for an empty path
+  };
+
   // page.cpp
   void StartParagraph();
   void AppendPlainText(const char16_t* text);
@@ -92,6 +92,14 @@ class VellomarkObj final : public IVellomark {
   // sections.cpp
   void AppendSectionText(const char16_t* text);
   void WriteSections(Xport::ustring folder, Xport::ustring stem);
+  static const section_index::entry* NextSection(const section_index& index, PagePath& path);
+  void PlaceHeadings(const section_index::entry& next, PagePath& path);
+  void PlaceElement(std::list<Xport::xhtml_element>& elements, const Xport::ustring& picture_folder,
+                    const Xport::ustring& picture_link);
+
+  // pictures.cpp
+  void RelocatePicture(std::list<Xport::xhtml_element>& elements,
+                       const Xport::ustring& picture_folder, const Xport::ustring& picture_link);
 
   // templates.cpp
   void FlushTemplateSegment();

@@ -10,55 +10,25 @@
 #include <optional>
 #include <string>
 
+#include "platform/posix/copy_file.h"
+#include "platform/posix/output_file.h"
 #include "platform/posix/utf8.h"
 
 namespace platform {
 
 namespace {
 
-class posix_output final : public Xport::byte_output {
- public:
-  posix_output() = default;
-  ~posix_output() override {
-    if (descriptor_ >= 0) close();
-  }
-
-  bool open(const char* path) {
-    do {
-      descriptor_ = ::open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    } while (descriptor_ < 0 && errno == EINTR);
-    return descriptor_ >= 0;
-  }
-
-  bool write(const void* bytes, std::size_t size) override {
-    const char* next = static_cast<const char*>(bytes);
-    while (size != 0) {
-      const ssize_t written = ::write(descriptor_, next, size);
-      if (written < 0 && errno == EINTR) continue;
-      if (written <= 0) return false;
-      next += written;
-      size -= static_cast<std::size_t>(written);
-    }
-    return true;
-  }
-
-  bool close() override {
-    // After EINTR the descriptor is gone on Linux: closing again could hit
-    // another thread's file.
-    const int result = ::close(descriptor_);
-    descriptor_ = -1;
-    return result == 0 || errno == EINTR;
-  }
-
- private:
-  int descriptor_ = -1;
-};
-
 class posix_file_system final : public file_system {
  public:
   bool exists(const Xport::ustring& path) override {
     const std::optional<std::string> native = posix::to_native_path(path);
     return native && ::access(native->c_str(), F_OK) == 0;
+  }
+
+  bool is_file(const Xport::ustring& path) override {
+    const std::optional<std::string> native = posix::to_native_path(path);
+    struct stat status;
+    return native && ::stat(native->c_str(), &status) == 0 && S_ISREG(status.st_mode);
   }
 
   folder_result create_directory(const Xport::ustring& path) override {
@@ -71,9 +41,20 @@ class posix_file_system final : public file_system {
   std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) override {
     const std::optional<std::string> native = posix::to_native_path(path);
     if (!native) return nullptr;
-    auto file = std::make_unique<posix_output>();
-    if (!file->open(native->c_str())) return nullptr;
+    auto file = std::make_unique<posix::output_file>();
+    if (!file->open(native->c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)) return nullptr;
     return file;
+  }
+
+  bool copy_file(const Xport::ustring& source, const Xport::ustring& target) override {
+    const std::optional<std::string> from = posix::to_native_path(source);
+    const std::optional<std::string> to = posix::to_native_path(target);
+    return from && to && posix::copy_file(*from, *to);
+  }
+
+  bool remove_file(const Xport::ustring& path) override {
+    const std::optional<std::string> native = posix::to_native_path(path);
+    return native && ::unlink(native->c_str()) == 0;
   }
 };
 

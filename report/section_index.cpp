@@ -1,0 +1,61 @@
+#include "report/section_index.h"
+
+#include <algorithm>
+#include <functional>
+#include <unordered_map>
+
+#include "xport/text/char16.h"
+
+namespace {
+
+struct edge {
+  const section_index::node* from;
+  Xport::ustring_view heading;
+  friend bool operator==(const edge&, const edge&) = default;
+};
+
+struct edge_hash {
+  std::size_t operator()(const edge& e) const {
+    return std::hash<const void*>()(e.from) * 31 + std::hash<Xport::ustring_view>()(e.heading);
+  }
+};
+
+}  // namespace
+
+section_index::section_index(std::list<ReportSection>& sections) {
+  std::unordered_map<edge, node*, edge_hash> children;
+  entries_.reserve(sections.size());
+  for (auto section = sections.begin(); section != sections.end(); ++section) {
+    const std::size_t number = entries_.size();
+    node* at = &root_;
+    at->waiting.push_back(number);
+    for (const Xport::ustring& heading : section->heading_texts) {
+      node*& child = children[{at, heading}];
+      if (child == nullptr) child = &nodes_.emplace_back(node{at, {}});
+      at = child;
+      at->waiting.push_back(number);
+    }
+    entries_.push_back({section, at});
+  }
+  placed_.resize(entries_.size());
+  std::reverse(root_.waiting.begin(), root_.waiting.end());
+  for (node& each : nodes_) std::reverse(each.waiting.begin(), each.waiting.end());
+}
+
+const section_index::entry* section_index::closest(const node& path) const {
+  for (const node* at = &path; at->parent != nullptr; at = at->parent)
+    if (const entry* const found = first_at(*at)) return found;
+  return nullptr;
+}
+
+void section_index::take(const entry& placed) {
+  placed_[static_cast<std::size_t>(&placed - entries_.data())] = true;
+}
+
+// A section stands in the list of each node above it and is placed but once, so
+// those placed are dropped when they come to the front.
+const section_index::entry* section_index::first_at(const node& path) const {
+  std::vector<std::size_t>& waiting = path.waiting;
+  while (!waiting.empty() && placed_[waiting.back()]) waiting.pop_back();
+  return waiting.empty() ? nullptr : &entries_[waiting.back()];
+}

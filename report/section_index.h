@@ -1,0 +1,54 @@
+#ifndef REPORT_SECTION_INDEX_H
+#define REPORT_SECTION_INDEX_H
+
+#include <cstddef>
+#include <deque>
+#include <list>
+#include <vector>
+
+#include "report/report_section.h"
+
+/// Finds the deferred section that comes next on the page, without a look at all
+/// that still wait.
+///
+/// The sections stand in a tree of their heading paths. Each node of it knows the
+/// sections at and below it in order of creation, so the section that shares the
+/// most headings with a path is the first one left at the deepest node on the way
+/// to that path.
+class section_index {
+ public:
+  /// A heading path that some section has. Lives as long as the index.
+  struct node {
+    const node* parent;                        ///< null for the empty path
+    mutable std::vector<std::size_t> waiting;  ///< sections here and below, the next one last
+  };
+
+  /// A section and its place in the tree.
+  struct entry {
+    std::list<ReportSection>::iterator section;
+    const node* path;
+  };
+
+  /// Indexes `sections`, which must stay as they are, but for those taken.
+  explicit section_index(std::list<ReportSection>& sections);
+
+  /// The first section of all that are left; null if there is none.
+  const entry* first() const { return first_at(root_); }
+
+  /// The first of the sections that share most leading headings with `path`, and
+  /// at least one; null if there is none.
+  const entry* closest(const node& path) const;
+
+  /// Counts the section as placed.
+  void take(const entry& placed);
+
+ private:
+  const entry* first_at(const node& path) const;
+
+  node root_{nullptr, {}};
+  std::deque<node> nodes_;
+  std::vector<entry> entries_;
+  std::vector<bool> placed_;
+};
+
+#endif
