@@ -1,6 +1,5 @@
 #include "report/section_index.h"
 
-#include <algorithm>
 #include <functional>
 #include <unordered_map>
 
@@ -23,23 +22,29 @@ struct edge_hash {
 }  // namespace
 
 section_index::section_index(std::list<ReportSection>& sections) {
-  std::unordered_map<edge, node*, edge_hash> children;
+  std::size_t headings = 0;
+  for (const ReportSection& section : sections) headings += section.heading_texts.size();
+  std::unordered_map<edge, node*, edge_hash> children(headings);
   entries_.reserve(sections.size());
   for (auto section = sections.begin(); section != sections.end(); ++section) {
     const std::size_t number = entries_.size();
     node* at = &root_;
-    at->waiting.push_back(number);
+    add(number, *at);
     for (const Xport::ustring& heading : section->heading_texts) {
       node*& child = children[{at, heading}];
-      if (child == nullptr) child = &nodes_.emplace_back(node{at, {}});
+      if (child == nullptr) child = &nodes_.emplace_back(node{at, nullptr, nullptr});
       at = child;
-      at->waiting.push_back(number);
+      add(number, *at);
     }
     entries_.push_back({section, at});
   }
   placed_.resize(entries_.size());
-  std::reverse(root_.waiting.begin(), root_.waiting.end());
-  for (node& each : nodes_) std::reverse(each.waiting.begin(), each.waiting.end());
+}
+
+void section_index::add(std::size_t section, node& path) {
+  waiting* const added = &waiting_.emplace_back(waiting{section, nullptr});
+  (path.first != nullptr ? path.last->next : path.first) = added;
+  path.last = added;
 }
 
 const section_index::entry* section_index::closest(const node& path) const {
@@ -55,7 +60,6 @@ void section_index::take(const entry& placed) {
 // A section stands in the list of each node above it and is placed but once, so
 // those placed are dropped when they come to the front.
 const section_index::entry* section_index::first_at(const node& path) const {
-  std::vector<std::size_t>& waiting = path.waiting;
-  while (!waiting.empty() && placed_[waiting.back()]) waiting.pop_back();
-  return waiting.empty() ? nullptr : &entries_[waiting.back()];
+  while (path.first != nullptr && placed_[path.first->section]) path.first = path.first->next;
+  return path.first != nullptr ? &entries_[path.first->section] : nullptr;
 }

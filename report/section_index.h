@@ -17,10 +17,17 @@
 /// to that path.
 class section_index {
  public:
+  /// One section in the list of a heading path at or above it.
+  struct waiting {
+    std::size_t section;
+    waiting* next;
+  };
+
   /// A heading path that some section has. Lives as long as the index.
   struct node {
-    const node* parent;                        ///< null for the empty path
-    mutable std::vector<std::size_t> waiting;  ///< sections here and below, the next one last
+    const node* parent;      ///< null for the empty path
+    mutable waiting* first;  ///< the sections at and below this path, in order
+    waiting* last;
   };
 
   /// A section and its place in the tree.
@@ -44,9 +51,11 @@ class section_index {
 
  private:
   const entry* first_at(const node& path) const;
+  void add(std::size_t section, node& path);
 
-  node root_{nullptr, {}};
+  node root_{nullptr, nullptr, nullptr};
   std::deque<node> nodes_;
+  std::deque<waiting> waiting_;
   std::vector<entry> entries_;
   std::vector<bool> placed_;
 };
