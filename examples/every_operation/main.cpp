@@ -1,9 +1,10 @@
 // Calls every operation that this version offers, always in the same way, and saves the page
 // as Vellomark/every_operation.htm below the folder that is named. The page shows what comes
 // out where a call is unusual, so it isn't valid everywhere; the tests tell where and why.
-// Templates and deferred sections aren't part of this version.
+// Templates aren't part of this version.
 #include <initializer_list>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 #include <vellomark/vellomark.h>
@@ -91,6 +92,51 @@ void use_section_mode(IVellomark& report) {
   report.AddText(u"Behind section mode", false);
 }
 
+// The sections come to the end of the page when it is saved, and there the third one follows
+// the first, with which it shares a heading. The last heading waits for a section in vain.
+void add_sections(IVellomark& report) {
+  report.AddHeading(u"Sections", 1);
+  report.AddSectionHeading(u"Shared", 2);
+  report.AddSectionHeading(u"Above the first", 3);
+  report.BeginSection(u"First", nullptr);
+  report.AddText(u"In the first section", true);
+
+  report.BeginDirectLinks();
+  report.BeginSection(u"left out on the page", u"Second");
+  report.EndDirectLinks();
+  report.SetSectionMode(true);
+  report.AddText(u"In the second section, above its table", false);
+  report.OpenTable(2);
+  report.SetFirstCellRows(2);
+  add_texts(report, {u"spans two rows", u"a", u"b"});
+  report.CloseTable();
+  report.AddText(u"and below", false);
+
+  report.AddSectionHeading(u"Shared", 2);
+  report.AddSectionHeading(u"Above the third", 3);
+  report.AddSectionHeading(nullptr, 4);
+  report.BeginSection(nullptr, u"left out");
+  report.BeginSection(u"", nullptr);
+  report.AddText(u"In a section without a name", false);
+  report.BeginDirectLinks();
+  report.BeginSection(u"left out", u"left out");
+  report.EndDirectLinks();
+  report.SetSectionMode(false);
+  report.AddSectionHeading(u"left out", 2);
+}
+
+// In section mode a table that isn't open can't be closed.
+bool close_no_section_table(IVellomark& report) {
+  report.SetSectionMode(true);
+  try {
+    report.CloseTable();
+  } catch (const std::out_of_range&) {
+    report.SetSectionMode(false);
+    return true;
+  }
+  return false;
+}
+
 bool use_template_fields(IVellomark& report) {
   zov_shared_array<CZovString> fields;
   report.GetTemplateFields(fields);
@@ -115,7 +161,8 @@ int main(int argc, char** argv) {
   add_links(*report);
   add_tables(*report);
   use_section_mode(*report);
-  if (!use_template_fields(*report) ||
+  add_sections(*report);
+  if (!close_no_section_table(*report) || !use_template_fields(*report) ||
       !report->Save(widen(folder).c_str(), u"every_operation.htm")) {
     std::cerr << "every_operation: cannot write below " << folder << '\n';
     return 1;

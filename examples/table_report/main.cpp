@@ -1,108 +1,30 @@
 // Makes a report of a CSV file whose first column groups its rows, and prints the path of
 // the page as its last line.
-#include <algorithm>
-#include <exception>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <iterator>
-#include <stdexcept>
 #include <string>
-#include <system_error>
-#include <vector>
 
 #include <vellomark/vellomark.h>
 
-#include "csv_reader.h"
-#include "options.h"
+#include "../support/csv_reader.h"
+#include "../support/host.h"
 #include "report_builder.h"
-#include "unicode.h"
 
-namespace table_report {
 namespace {
 
-namespace fs = std::filesystem;
-
-std::string read_file(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file || fs::is_directory(path)) throw std::runtime_error("cannot open " + path);
-  std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-  if (file.bad()) throw std::runtime_error("cannot read " + path);
-  return bytes;
-}
-
-csv_table read_table(const std::string& path) {
-  try {
-    csv_table table = read_csv(read_file(path));
-    if (table.header.size() < 2) throw csv_error(1, "the header has fewer than two columns");
-    return table;
-  } catch (const csv_error& error) {
-    throw std::runtime_error(path + ":" + std::to_string(error.line()) + ": " + error.what());
-  }
-}
-
-// Names go to the library as UTF-16, so they have to be UTF-8 here.
-std::u16string name_to_utf16(const std::string& name) {
-  try {
-    return to_utf16(name);
-  } catch (const invalid_utf8&) {
-    throw std::runtime_error("a name is not UTF-8: " + name);
-  }
-}
-
-// The name that the library gives to a page if it is to choose one.
-std::string next_report_name(const fs::path& folder) {
-  for (int number = 1;; ++number) {
-    const std::string name = "Report" + std::to_string(number) + ".htm";
-    std::error_code ignored;
-    if (!fs::exists(folder / name, ignored)) return name;
-  }
-}
-
-// Whether the file ends as a page does. Save doesn't tell of a disk that became full.
-bool is_complete(const fs::path& page) {
-  const std::string end("<\0/\0h\0t\0m\0l\0>\0\n\0", 16);
-  std::ifstream file(page, std::ios::binary);
-  std::string found(end.size(), ' ');
-  file.seekg(-static_cast<std::streamoff>(end.size()), std::ios::end);
-  return file.read(found.data(), static_cast<std::streamsize>(found.size())) && found == end;
-}
-
-int run(const std::vector<std::string>& arguments) {
-  const options chosen = parse_options(arguments);
+void make_report(const examples::options& chosen) {
   const std::string input = chosen.input.empty() ? TABLE_REPORT_DEFAULT_INPUT : chosen.input;
-  const csv_table table = read_table(input);
+  const examples::csv_table table = examples::read_table(input, 2);
+  const std::string source = std::filesystem::path(input).filename().string();
 
   boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
-  build_report(*report, table, name_to_utf16(fs::path(input).filename().string()));
-
-  // The browser needs an absolute path. A backslash is a separator to the library.
-  std::string folder = fs::absolute(chosen.folder).lexically_normal().string();
-  std::replace(folder.begin(), folder.end(), '\\', '/');
-  const fs::path report_folder = fs::path(folder) / "Vellomark";
-  const bool library_chooses = chosen.name.empty();
-  const fs::path page =
-      report_folder / (library_chooses ? next_report_name(report_folder) : chosen.name);
-  const std::u16string given_name = name_to_utf16(chosen.name);
-  if (!report->Save(name_to_utf16(folder).c_str(), library_chooses ? nullptr : given_name.c_str()))
-    throw std::runtime_error("cannot write the page " + page.string());
-  if (!is_complete(page)) throw std::runtime_error("the page is incomplete: " + page.string());
-  std::cout << "Wrote " << table.records.size() << " rows of " << input << " to the page\n"
-            << page.string() << std::endl;
-  return std::cout ? 0 : 1;
+  table_report::build_report(*report, table, examples::name_to_utf16(source));
+  const std::filesystem::path page = examples::save_page(*report, chosen);
+  examples::print_result(
+      "Wrote " + std::to_string(table.records.size()) + " rows of " + input + " to the page", page);
 }
 
 }  // namespace
-}  // namespace table_report
 
 int main(int argc, char** argv) {
-  try {
-    return table_report::run({argv + 1, argv + argc});
-  } catch (const table_report::usage_error& error) {
-    std::cerr << "table_report: " << error.what() << '\n';
-    return 2;
-  } catch (const std::exception& error) {
-    std::cerr << "table_report: " << error.what() << '\n';
-    return 1;
-  }
+  return examples::run_host("table_report", {argv + 1, argv + argc}, make_report);
 }

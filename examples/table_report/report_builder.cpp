@@ -4,26 +4,20 @@
 #include <cstdint>
 #include <map>
 
-#include "page_text.h"
+#include "../support/page_text.h"
 
 namespace table_report {
+
+using examples::anchor_names;
+using examples::anchored;
+using examples::counted;
+using examples::csv_record;
+using examples::csv_table;
+using examples::escape;
+using examples::strong;
+using examples::titled;
+
 namespace {
-
-std::u16string number(std::size_t value) {
-  const std::string digits = std::to_string(value);
-  return {digits.begin(), digits.end()};
-}
-
-std::u16string counted(std::size_t count, const std::u16string& one, const std::u16string& many) {
-  return number(count) + u" " + (count == 1 ? one : many);
-}
-
-// With a capital letter in front, if it is a small ASCII letter.
-std::u16string titled(std::u16string text) {
-  if (!text.empty() && text[0] >= u'a' && text[0] <= u'z')
-    text[0] = static_cast<char16_t>(text[0] - u'a' + u'A');
-  return text;
-}
 
 class builder {
  public:

@@ -7,7 +7,7 @@
 
 #include <vellomark/vellomark.h>
 
-#include "csv_reader.h"
+#include "../support/csv_reader.h"
 
 namespace table_report {
 
@@ -19,12 +19,13 @@ struct record_group {
 
 /// Groups the records by the first column, in the order in which the groups
 /// appear. Records of one group need not stand together.
-std::vector<record_group> group_records(const csv_table& table);
+std::vector<record_group> group_records(const examples::csv_table& table);
 
 /// Adds everything to `report`: an overview with links, a table in which the name
 /// of a group spans its records, and a table of all fields. `source` is the name
 /// of the file that was read. Needs a header with two columns or more.
-void build_report(IVellomark& report, const csv_table& table, const std::u16string& source);
+void build_report(IVellomark& report, const examples::csv_table& table,
+                  const std::u16string& source);
 
 }  // namespace table_report
 

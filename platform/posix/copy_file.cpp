@@ -29,14 +29,14 @@ class descriptor {
   int number_;
 };
 
-bool copy_content(int from, output_file& to) {
-  constexpr std::size_t block_size = 128 * 1024;
-  const auto block = std::make_unique<char[]>(block_size);
+constexpr std::size_t block_size = 128 * 1024;
+
+bool copy_content(int from, output_file& to, char* block) {
   while (true) {
-    const ssize_t got = ::read(from, block.get(), block_size);
+    const ssize_t got = ::read(from, block, block_size);
     if (got == 0) return true;
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0 || !to.write(block.get(), static_cast<std::size_t>(got))) return false;
+    if (got < 0 || !to.write(block, static_cast<std::size_t>(got))) return false;
   }
 }
 
@@ -59,11 +59,13 @@ bool copy_file(const std::string& source, const std::string& target) {
     return false;
   if (!may_replace(target, source_status)) return false;
 
+  // All memory is taken first: from here on nothing raises past the unfinished copy.
+  const auto block = std::make_unique<char[]>(block_size);
   std::string unfinished = target.substr(0, target.rfind('/') + 1) + ".copy-XXXXXX";
   const int number = ::mkostemp(unfinished.data(), O_CLOEXEC);
   if (number < 0) return false;
   output_file to(number);
-  const bool complete = copy_content(from.number(), to) &&
+  const bool complete = copy_content(from.number(), to, block.get()) &&
                         ::fchmod(number, source_status.st_mode & 0777) == 0 && to.close() &&
                         ::rename(unfinished.c_str(), target.c_str()) == 0;
   if (!complete) ::unlink(unfinished.c_str());

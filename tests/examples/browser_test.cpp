@@ -1,12 +1,12 @@
 // Opens the page of table_report in Chromium and looks at the document that it makes of it.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "tests/examples/browser.h"
 #include "tests/examples/page_file.h"
 #include "tests/examples/run_process.h"
 
@@ -14,24 +14,6 @@ namespace examples_test {
 namespace {
 
 namespace fs = std::filesystem;
-
-process_result chromium(const fs::path& profile, const std::vector<std::string>& arguments) {
-  std::vector<std::string> command = {"timeout",
-                                      "60",
-                                      find_program("chromium"),
-                                      "--headless",
-                                      "--no-sandbox",
-                                      "--disable-gpu",
-                                      "--disable-dev-shm-usage",
-                                      "--disable-quic",
-                                      "--no-first-run",
-                                      "--disable-background-networking",
-                                      "--disable-component-update",
-                                      "--disable-sync",
-                                      "--user-data-dir=" + profile.string()};
-  command.insert(command.end(), arguments.begin(), arguments.end());
-  return run_process(command, std::chrono::seconds(90));
-}
 
 // The page is made and opened once for all tests.
 class Browser : public testing::Test {
@@ -42,29 +24,20 @@ class Browser : public testing::Test {
     const process_result made = run_process({TABLE_REPORT_PROGRAM, scratch_->path().string()});
     ASSERT_EQ(made.exit_code, 0) << made.err;
     url_ = "file://" + last_line(made.out);
-    const process_result shown = chromium(scratch_->path() / "dom", {"--dump-dom", url_});
-    ASSERT_EQ(shown.exit_code, 0) << shown.err;
-    // The mark tells xmllint the encoding, which the page itself doesn't name.
-    write_bytes(dom(), "\xEF\xBB\xBF" + shown.out);
+    ASSERT_TRUE(dump_dom(url_, scratch_->path() / "profile", dom()));
   }
 
   static void TearDownTestSuite() { scratch_.reset(); }
 
   void SetUp() override {
-    if (find_program("chromium").empty()) GTEST_SKIP() << "chromium is not installed";
-    if (find_program("xmllint").empty()) GTEST_SKIP() << "xmllint is not installed";
+    for (const char* program : {"chromium", "xmllint"})
+      if (find_program(program).empty()) GTEST_SKIP() << program << " is not installed";
     ASSERT_TRUE(fs::exists(dom())) << "the page was not opened";
   }
 
   static fs::path dom() { return scratch_->path() / "dom.html"; }
 
-  // The value of an XPath expression in the browser's document, a text or a number.
-  static std::string ask(const std::string& expression) {
-    const process_result answer =
-        run_process({"xmllint", "--html", "--nonet", "--xpath", expression, dom().string()});
-    EXPECT_EQ(answer.exit_code, 0) << expression << ": " << answer.err;
-    return answer.out.substr(0, answer.out.find_last_not_of('\n') + 1);
-  }
+  static std::string ask(const std::string& expression) { return ask_xpath(dom(), expression); }
 
   static std::string text_of(const std::string& path) {
     return ask("normalize-space(" + path + ")");

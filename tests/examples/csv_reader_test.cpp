@@ -1,10 +1,10 @@
-#include "examples/table_report/csv_reader.h"
+#include "examples/support/csv_reader.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace table_report {
+namespace examples {
 namespace {
 
 // The records, the header among them, of text that is right.
@@ -109,4 +109,4 @@ TEST(CsvReader, RefusesInvalidUtf8) {
 }
 
 }  // namespace
-}  // namespace table_report
+}  // namespace examples

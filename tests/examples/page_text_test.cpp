@@ -1,10 +1,10 @@
-#include "examples/table_report/page_text.h"
+#include "examples/support/page_text.h"
 
 #include <gtest/gtest.h>
 
-#include "examples/table_report/unicode.h"
+#include "examples/support/unicode.h"
 
-namespace table_report {
+namespace examples {
 namespace {
 
 TEST(ToUtf16, ConvertsTheFirstAndLastNumberOfEachLength) {
@@ -63,6 +63,20 @@ TEST(Escape, ReplacesWhatXmlDoesNotAllow) {
       std::u16string({0xFFFD, 0xFFFD, 0x0009, 0xFFFD, 0x0020, 0xFFFD, 0xFFFD, 0xFFFD}));
 }
 
+TEST(Titled, BeginsWithACapitalLetter) {
+  EXPECT_EQ(titled(u"a b"), u"A b");
+  EXPECT_EQ(titled(u"zoo"), u"Zoo");
+  EXPECT_EQ(titled(u"\u00E9 {1"), u"\u00E9 {1");
+  EXPECT_EQ(titled(u"Ab"), u"Ab");
+  EXPECT_EQ(titled(u""), u"");
+}
+
+TEST(Counted, HasAWordForOneAndOneForMany) {
+  EXPECT_EQ(counted(0, u"row", u"rows"), u"0 rows");
+  EXPECT_EQ(counted(1, u"row", u"rows"), u"1 row");
+  EXPECT_EQ(counted(1234, u"row", u"rows"), u"1234 rows");
+}
+
 TEST(AnchorNames, AreNamesInXml) {
   anchor_names names;
   EXPECT_EQ(names.make(u"Northern Africa"), u"Northern-Africa");
@@ -91,4 +105,4 @@ TEST(Anchored, IsASpanWithTheNameAsItsId) {
 }
 
 }  // namespace
-}  // namespace table_report
+}  // namespace examples

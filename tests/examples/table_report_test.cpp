@@ -141,7 +141,7 @@ TEST_F(TableReport, RefusesInputThatCannotBeRead) {
 TEST_F(TableReport, NamesTheLineOfMalformedInput) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"", ":1: there is no header"},
-      {"a\nb\n", ":1: the header has fewer than two columns"},
+      {"a\nb\n", ":1: the header has fewer than 2 columns"},
       {"a,b\n1,2\n3,4\"\n", ":3: a quote inside a field without quotes"},
       {"a,b\n\"1\"x,2\n", ":2: text behind a closing quote"},
       {"a,b\n1,2\n1,\"2\n\n", ":3: a quote is not closed"},

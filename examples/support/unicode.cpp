@@ -1,6 +1,6 @@
 #include "unicode.h"
 
-namespace table_report {
+namespace examples {
 namespace {
 
 struct sequence_form {
@@ -52,4 +52,4 @@ std::u16string to_utf16(std::string_view utf8) {
   return text;
 }
 
-}  // namespace table_report
+}  // namespace examples

@@ -1,11 +1,12 @@
-#ifndef EXAMPLES_TABLE_REPORT_PAGE_TEXT_H
-#define EXAMPLES_TABLE_REPORT_PAGE_TEXT_H
+#ifndef EXAMPLES_SUPPORT_PAGE_TEXT_H
+#define EXAMPLES_SUPPORT_PAGE_TEXT_H
 
+#include <cstddef>
 #include <set>
 #include <string>
 #include <string_view>
 
-namespace table_report {
+namespace examples {
 
 /// Makes markup that shows `text` as it is: "&", "<" and ">" become character
 /// references, a line end becomes a line break, and what XML doesn't allow
@@ -19,6 +20,13 @@ std::u16string anchored(std::u16string_view anchor, std::u16string_view text);
 /// Markup that shows `text` in bold type.
 std::u16string strong(std::u16string_view text);
 
+/// The text with a capital letter in front, if it begins with a small ASCII letter.
+std::u16string titled(std::u16string text);
+
+/// Such as "2", "1 row" and "12 rows".
+std::u16string number(std::size_t value);
+std::u16string counted(std::size_t count, std::u16string_view one, std::u16string_view many);
+
 /// Hands out names for anchors, no name twice.
 class anchor_names {
  public:
@@ -31,6 +39,6 @@ class anchor_names {
   std::set<std::u16string> taken_;
 };
 
-}  // namespace table_report
+}  // namespace examples
 
 #endif

@@ -1,5 +1,5 @@
-#ifndef EXAMPLES_TABLE_REPORT_CSV_READER_H
-#define EXAMPLES_TABLE_REPORT_CSV_READER_H
+#ifndef EXAMPLES_SUPPORT_CSV_READER_H
+#define EXAMPLES_SUPPORT_CSV_READER_H
 
 #include <cstddef>
 #include <stdexcept>
@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace table_report {
+namespace examples {
 
 using csv_record = std::vector<std::u16string>;
 
@@ -42,6 +42,6 @@ class csv_error : public std::runtime_error {
 /// fields than the header, and for an empty text, which has no header.
 csv_table read_csv(std::string_view utf8);
 
-}  // namespace table_report
+}  // namespace examples
 
 #endif

@@ -1,8 +1,6 @@
 #include "page_text.h"
 
-#include <cstddef>
-
-namespace table_report {
+namespace examples {
 namespace {
 
 bool is_letter(char16_t unit) {
@@ -54,6 +52,21 @@ std::u16string strong(std::u16string_view text) {
   return u"<strong>" + escape(text) + u"</strong>";
 }
 
+std::u16string titled(std::u16string text) {
+  if (!text.empty() && text[0] >= u'a' && text[0] <= u'z')
+    text[0] = static_cast<char16_t>(text[0] - u'a' + u'A');
+  return text;
+}
+
+std::u16string number(std::size_t value) {
+  const std::string digits = std::to_string(value);
+  return {digits.begin(), digits.end()};
+}
+
+std::u16string counted(std::size_t count, std::u16string_view one, std::u16string_view many) {
+  return number(count).append(u" ").append(count == 1 ? one : many);
+}
+
 std::u16string anchor_names::make(std::u16string_view text) {
   std::u16string name;
   for (const char16_t unit : text.substr(0, 100)) {
@@ -67,11 +80,8 @@ std::u16string anchor_names::make(std::u16string_view text) {
   if (name.empty()) name = u"group";
   if (!is_letter(name.front())) name.insert(0, u"group-");
   const std::u16string wanted = name;
-  for (int number = 2; !taken_.insert(name).second; ++number) {
-    const std::string suffix = "-" + std::to_string(number);
-    name = wanted + std::u16string(suffix.begin(), suffix.end());
-  }
+  for (std::size_t i = 2; !taken_.insert(name).second; ++i) name = wanted + u"-" + number(i);
   return name;
 }
 
-}  // namespace table_report
+}  // namespace examples

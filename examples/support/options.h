@@ -1,11 +1,11 @@
-#ifndef EXAMPLES_TABLE_REPORT_OPTIONS_H
-#define EXAMPLES_TABLE_REPORT_OPTIONS_H
+#ifndef EXAMPLES_SUPPORT_OPTIONS_H
+#define EXAMPLES_SUPPORT_OPTIONS_H
 
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-namespace table_report {
+namespace examples {
 
 /// What the user asks for on the command line.
 struct options {
@@ -20,15 +20,15 @@ class usage_error : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Reads the arguments behind the program's name:
+/// Reads the arguments behind the name of `program`:
 ///
 ///     [--open] [--input FILE] [--name NAME] FOLDER
 ///
-/// Without --open the name is "table_report.htm" unless another one is given;
-/// with it the library chooses, so that --name is refused. "--" ends the options.
-/// Raises usage_error.
-options parse_options(const std::vector<std::string>& arguments);
+/// Without --open the name is that of the program and ".htm" unless another one
+/// is given; with it the library chooses, so that --name is refused. "--" ends
+/// the options. Raises usage_error.
+options parse_options(const std::string& program, const std::vector<std::string>& arguments);
 
-}  // namespace table_report
+}  // namespace examples
 
 #endif

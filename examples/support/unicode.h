@@ -1,12 +1,12 @@
-#ifndef EXAMPLES_TABLE_REPORT_UNICODE_H
-#define EXAMPLES_TABLE_REPORT_UNICODE_H
+#ifndef EXAMPLES_SUPPORT_UNICODE_H
+#define EXAMPLES_SUPPORT_UNICODE_H
 
 #include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
-namespace table_report {
+namespace examples {
 
 /// Bytes that aren't UTF-8.
 class invalid_utf8 : public std::runtime_error {
@@ -26,6 +26,6 @@ class invalid_utf8 : public std::runtime_error {
 /// is a character like any other.
 std::u16string to_utf16(std::string_view utf8);
 
-}  // namespace table_report
+}  // namespace examples
 
 #endif

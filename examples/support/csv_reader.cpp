@@ -5,7 +5,7 @@
 
 #include "unicode.h"
 
-namespace table_report {
+namespace examples {
 namespace {
 
 std::u16string decode(std::string_view utf8) {
@@ -103,4 +103,4 @@ csv_table read_csv(std::string_view utf8) {
   return table;
 }
 
-}  // namespace table_report
+}  // namespace examples

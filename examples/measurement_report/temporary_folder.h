@@ -1,0 +1,27 @@
+#ifndef EXAMPLES_MEASUREMENT_REPORT_TEMPORARY_FOLDER_H
+#define EXAMPLES_MEASUREMENT_REPORT_TEMPORARY_FOLDER_H
+
+#include <filesystem>
+
+namespace measurement_report {
+
+/// A new folder, removed with all that it holds at the end of its life. It is
+/// made where the system keeps temporary files, below TMPDIR if that is set.
+class temporary_folder {
+ public:
+  /// Raises std::runtime_error if the folder can't be made.
+  temporary_folder();
+  ~temporary_folder();
+  temporary_folder(const temporary_folder&) = delete;
+  temporary_folder& operator=(const temporary_folder&) = delete;
+
+  /// An absolute path.
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace measurement_report
+
+#endif

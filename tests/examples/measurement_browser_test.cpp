@@ -1,0 +1,139 @@
+// Opens the page of measurement_report in Chromium: whether the pictures are shown, and what a
+// click on a direct link does.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/examples/browser.h"
+#include "tests/examples/page_file.h"
+#include "tests/examples/run_process.h"
+
+namespace examples_test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Writes what only a script can see into an element `pre` of its own.
+const char* const probe = R"(<pre id="pictures"></pre><pre id="clicks"></pre><script>
+function write(id, lines) { document.getElementById(id).textContent = lines.join("\n"); }
+function target() {
+  const element = document.querySelector(":target");
+  return location.hash + " " + (element ? element.tagName + " " + element.id : "none");
+}
+function click(place) {
+  document.querySelector("a[href='#" + place + "']").click();
+  return target() + (scrollY > 0 ? " scrolled" : "");
+}
+onload = function() {
+  write("pictures", Array.from(document.images,
+      (image) => image.naturalWidth + "x" + image.naturalHeight + " " + image.complete));
+  const clicks = [click("Oslo")];
+  location.hash = "##Oslo";
+  clicks.push(target());
+  document.getElementById("Tromso").removeAttribute("id");
+  location.hash = "";
+  scrollTo(0, 0);
+  clicks.push(click("Tromso"));
+  write("clicks", clicks);
+};
+</script></body>)";
+
+// The page is made and opened once for all tests. What is opened is a copy beside it, with the
+// script, so that its pictures are found by the same links.
+class MeasurementBrowser : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    if (find_program("chromium").empty()) return;
+    scratch_ = std::make_unique<scratch_folder>();
+    const process_result made =
+        run_process({MEASUREMENT_REPORT_PROGRAM, scratch_->path().string()});
+    ASSERT_EQ(made.exit_code, 0) << made.err;
+    page_ = last_line(made.out);
+    std::string probed = page_as_utf8(page_);
+    const std::string end = "</body>";
+    const std::size_t at = probed.rfind(end);
+    ASSERT_NE(at, std::string::npos);
+    probed.replace(at, end.size(), probe);
+    const fs::path copy = page_.parent_path() / "probe.htm";
+    write_bytes(copy, "\xEF\xBB\xBF" + probed);
+    ASSERT_TRUE(dump_dom("file://" + copy.string(), scratch_->path() / "profile", dom()));
+  }
+
+  static void TearDownTestSuite() { scratch_.reset(); }
+
+  void SetUp() override {
+    for (const char* program : {"chromium", "xmllint"})
+      if (find_program(program).empty()) GTEST_SKIP() << program << " is not installed";
+    ASSERT_TRUE(fs::exists(dom())) << "the page was not opened";
+  }
+
+  static fs::path dom() { return scratch_->path() / "dom.html"; }
+
+  static std::string ask(const std::string& expression) { return ask_xpath(dom(), expression); }
+
+  static std::vector<std::string> lines_of(const std::string& id) {
+    std::istringstream text(ask("string(//pre[@id='" + id + "'])"));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) lines.push_back(line);
+    return lines;
+  }
+
+  static inline std::unique_ptr<scratch_folder> scratch_;
+  static inline fs::path page_;
+};
+
+// A picture that isn't found has a natural width of 0.
+TEST_F(MeasurementBrowser, LoadsEveryPicture) {
+  EXPECT_EQ(ask("count(//p/img)"), "24");
+  EXPECT_EQ(lines_of("pictures"), std::vector<std::string>(24, "560x200 true"));
+}
+
+TEST_F(MeasurementBrowser, HasADirectLinkToEachSection) {
+  EXPECT_EQ(ask("count(//a[@href])"), "24");
+  EXPECT_EQ(ask("count((//table)[1]//tr[td[1]/a[@href = concat('#', text())]])"), "24");
+  EXPECT_EQ(ask("count(//h4[@class='Style4' and @id = //a/@href and @id = concat('#', "
+                "normalize-space())])"),
+            "24");
+  EXPECT_EQ(ask("normalize-space((//table)[1]//tr[2])"),
+            "Europe, Norway: Tromso 0.0 (21 December) 24.0 (21 May)");
+}
+
+// Six continents, 15 countries and 24 places, each heading once, the places of a country below
+// it and north of each other.
+TEST_F(MeasurementBrowser, HasAnOutlineOfSharedHeadings) {
+  EXPECT_EQ(ask("count(//h2)"), "7");
+  EXPECT_EQ(ask("count(//h3)"), "15");
+  EXPECT_EQ(ask("count(//h4)"), "24");
+  EXPECT_EQ(ask("normalize-space((//h2)[2])"), "Europe");
+  EXPECT_EQ(ask("normalize-space((//h3)[1])"), "Norway");
+  EXPECT_EQ(ask("normalize-space((//h4)[1])"), "Tromso");
+  EXPECT_EQ(ask("normalize-space((//h4)[2])"), "Oslo");
+  EXPECT_EQ(ask("normalize-space((//h3)[2])"), "Iceland");
+  EXPECT_EQ(ask("normalize-space(//h4[@id='#Naha']/preceding::h4[1])"), "Tokyo");
+  EXPECT_EQ(ask("normalize-space(//h4[@id='#Naha']/preceding::h3[1])"), "Japan");
+  EXPECT_EQ(ask("normalize-space(//h4[@id='#Naha']/preceding::h2[1])"), "Asia");
+}
+
+// Below a section's heading stand a line and the picture in one block, and the table behind
+// another block, which is empty.
+TEST_F(MeasurementBrowser, HasTheContentOfEachSection) {
+  EXPECT_EQ(ask("count(//h4/following-sibling::*[1][self::p][a/span][img])"), "24");
+  EXPECT_EQ(ask("count(//h4/following-sibling::*[2][self::p][not(*)])"), "24");
+  EXPECT_EQ(ask("count(//h4/following-sibling::*[3][self::table][count(.//tr) = 13])"), "24");
+}
+
+// The id of a section's heading begins with the number sign, and a link has one in front of the
+// name, so the fragment of the link is the name alone and isn't that id. A click finds the
+// anchor that the host made; the heading is reached by a fragment with a sign of its own; and
+// without an anchor a click leads nowhere.
+TEST_F(MeasurementBrowser, ReachesTheHostsAnchorAndNotTheHeading) {
+  EXPECT_EQ(lines_of("clicks"), (std::vector<std::string>{"#Oslo SPAN Oslo scrolled",
+                                                          "##Oslo H4 #Oslo", "#Tromso none"}));
+}
+
+}  // namespace
+}  // namespace examples_test

@@ -1,0 +1,110 @@
+#include "report/element_plain_text.h"
+
+#include <random>
+#include <string>
+
+#include "support/golden.h"
+#include "support/text.h"
+#include "xport/markup/xhtml_element.h"
+#include "xport/text/char16.h"
+
+namespace sections_test {
+
+namespace {
+
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::xhtml_element;
+
+xhtml_element line(const ustring& text) {
+  xhtml_element element(tag_id::a, u"", u"");
+  element.append_text(text);
+  return element;
+}
+
+// Cuts as the rule tells it: positions into one text, from which tags are erased.
+// The first ">" is always looked for from the beginning.
+ustring cut(ustring text) {
+  std::size_t start = 0;
+  while (true) {
+    const std::size_t open = text.find(u'<', start);
+    const std::size_t close = text.find(u'>', 0);
+    const bool both = open != ustring::npos && close != ustring::npos;
+    if (both && close > open) {
+      text.erase(open, close - open + 1);
+      continue;
+    }
+    start += open + 1;
+    if (!both) return text;
+  }
+}
+
+TEST(ElementPlainText, LineIsItsText) {
+  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"C:\\charts\\a.tmp")), u"C:\\charts\\a.tmp"));
+  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"")), u""));
+}
+
+TEST(ElementPlainText, ReferencesStay) {
+  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a&amp;b &#65;")), u"a&amp;b &#65;"));
+}
+
+TEST(ElementPlainText, TagsInTheTextAreCut) {
+  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a<b>c</b>d")), u"acd"));
+}
+
+// The end tag of the line stays too, as nothing is cut behind a lone ">".
+TEST(ElementPlainText, LoneEndEndsTheCutting) {
+  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a>b<i>c")), u"a>b<i>c</a>"));
+}
+
+TEST(ElementPlainText, LoneBeginningTakesWhatFollowsItToTheEndTag) {
+  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a<b")), u"a"));
+}
+
+TEST(ElementPlainText, NestedElementsAreCut) {
+  xhtml_element element = line(u"one ");
+  xhtml_element inner(tag_id::b, u"id", u"class");
+  inner.append_text(u"two");
+  element.append_copy(inner);
+  EXPECT_TRUE(test::same_units(ElementPlainText(element), u"one two"));
+}
+
+// The writer breaks the line behind `br` and around `img`.
+TEST(ElementPlainText, EmptyElementsLeaveTheirLineEnds) {
+  EXPECT_TRUE(test::same_units(ElementPlainText(xhtml_element(tag_id::br, u"", u"")), u"\n"));
+}
+
+TEST(ElementPlainText, LongTextIsNotWrapped) {
+  const ustring text = ustring(3000, u'x') + u' ' + ustring(3000, u'y');
+  EXPECT_TRUE(test::same_units(ElementPlainText(line(text)), text));
+}
+
+TEST(ElementPlainText, RandomTextsAreCutByTheRule) {
+  const ustring units = u"<>a/\n";
+  for (std::mt19937::result_type seed = 1; seed <= 20000; ++seed) {
+    std::mt19937 source(seed);
+    ustring text(source() % 16, u'a');
+    for (char16_t& unit : text) unit = units[source() % units.size()];
+    const xhtml_element element = line(text);
+    ASSERT_TRUE(test::same_units(ElementPlainText(element), cut(test::written(element))))
+        << "text " << test::printable(text);
+  }
+}
+
+// A start tag may itself have a ">" in a value.
+TEST(ElementPlainText, RandomValuesAreCutByTheRule) {
+  const ustring units = u"<>a/\n";
+  for (std::mt19937::result_type seed = 1; seed <= 20000; ++seed) {
+    std::mt19937 source(seed);
+    ustring value(source() % 8, u'a');
+    for (char16_t& unit : value) unit = units[source() % units.size()];
+    xhtml_element element = line(u"t");
+    element.set_attribute(Xport::attr_id::href, value);
+    ASSERT_TRUE(test::same_units(ElementPlainText(element), cut(test::written(element))))
+        << "value " << test::printable(value);
+  }
+}
+
+}  // namespace
+
+}  // namespace sections_test

@@ -1,0 +1,143 @@
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "support/allocation_failure.h"
+#include "tests/report/sections/picture_report.h"
+
+namespace sections_test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* names[] = {"one", "two"};
+
+// A report with two pictures. Made anew for each attempt.
+class small_report {
+ public:
+  small_report() {
+    for (const char* const name : names)
+      test::make_file(folder_.path() / (std::string(name) + ".tmp"), name);
+    const ustring one = folder_.text(u"\\one.tmp");
+    const ustring two = folder_.text(u"\\two.tmp");
+    add_section(report_, {u"A heading that doesn't fit a short text", u"B"},
+                u"A name that doesn't fit a short text", {u"line 1", one.c_str()});
+    report_.SetSectionMode(true);
+    report_.OpenTable(2);
+    report_.AddText(u"cell", false);
+    report_.CloseTable();
+    report_.SetSectionMode(false);
+    add_section(report_, {u"C"}, u"", {two.c_str(), u"line 2"});
+    out_ = folder_.text(u"/out");
+  }
+
+  bool save() { return report_.Save(out_.c_str(), u"page.htm"); }
+
+  void expect_no_loss() const {
+    std::set<std::string> allowed;
+    for (const char* const name : names) {
+      const fs::path source = folder_.path() / (std::string(name) + ".tmp");
+      const fs::path picture = pictures() / (std::string(name) + ".bmp");
+      EXPECT_TRUE(fs::exists(source) || fs::exists(picture)) << name;
+      if (fs::exists(source)) {
+        EXPECT_EQ(test::bytes_of(source), name);
+      }
+      if (fs::exists(picture)) {
+        EXPECT_EQ(test::bytes_of(picture), name);
+      }
+      allowed.insert(std::string(name) + ".bmp");
+    }
+    for (const std::string& name : names_in(pictures())) EXPECT_EQ(allowed.count(name), 1u) << name;
+  }
+
+  void expect_complete() const {
+    const ustring body = body_of(page_text(folder_.path() / "out" / "Vellomark" / "page.htm"));
+    for (const ustring_view once :
+         {u"<a>line 1</a>", u"<a>line 2</a>", u"          cell\n",
+          u"<img src='page_files\\one.bmp'/>", u"<img src='page_files\\two.bmp'/>"})
+      EXPECT_EQ(count_of(once, body), 1u) << test::printable(once) << "\n" << test::printable(body);
+    EXPECT_EQ(count_of(u"<br/>", body), 4u);
+    for (const ustring_view at_least_once :
+         {u"      A heading that doesn't fit a short text\n", u"      B\n", u"      C\n",
+          u" id='#A name that doesn't fit a short text'"})
+      EXPECT_GE(count_of(at_least_once, body), 1u) << test::printable(at_least_once);
+  }
+
+ private:
+  fs::path pictures() const { return folder_.path() / "out" / "Vellomark" / "page_files"; }
+
+  test::temp_folder folder_;
+  test::recording_opener browser_;
+  VellomarkObj report_{platform::file_system::native(), browser_};
+  ustring out_;
+};
+
+// Memory that runs out at any point of Save loses no picture and no content; the next
+// Save completes the page. (Where it runs out while the page is written, the output
+// stream keeps that to itself and Save passes.)
+TEST(OutOfMemory, SaveLosesNothingAndMayBeRepeated) {
+  std::size_t failures = 0;
+  for (std::size_t number = 1;; ++number) {
+    SCOPED_TRACE("allocation " + std::to_string(number));
+    small_report report;
+    const std::size_t calls_before = test::allocation_calls();
+    test::fail_allocation(number);
+    try {
+      report.save();
+    } catch (const std::bad_alloc&) {
+    }
+    test::fail_allocation(0);
+    const bool failed = test::allocation_calls() - calls_before >= number;
+    report.expect_no_loss();
+    if (failed) {
+      ++failures;
+      EXPECT_TRUE(report.save());
+      report.expect_no_loss();
+    }
+    report.expect_complete();
+    if (HasFailure() || !failed) break;
+  }
+  EXPECT_GT(failures, 50u);
+}
+
+TEST(OutOfMemory, SaveAndReleaseGiveAllMemoryBack) {
+  bool failed = true;
+  small_report().save();  // what the process makes once and keeps
+  for (std::size_t number = 1; failed; ++number) {
+    const std::size_t before = test::live_allocations();
+    {
+      small_report report;
+      const std::size_t calls_before = test::allocation_calls();
+      test::fail_allocation(number);
+      try {
+        report.save();
+      } catch (const std::bad_alloc&) {
+      }
+      test::fail_allocation(0);
+      failed = test::allocation_calls() - calls_before >= number;
+    }
+    ASSERT_EQ(test::live_allocations(), before) << "allocation " << number;
+  }
+}
+
+// A section's operations leave either what they add or nothing.
+TEST(OutOfMemory, AddingToASectionAddsAllOrNothing) {
+  test::temp_folder folder;
+  test::recording_opener browser;
+  VellomarkObj report(platform::file_system::native(), browser);
+  const auto each = [](auto attempt) { test::fail_each_allocation(attempt, [] {}); };
+  each([&] { report.AddSectionHeading(u"A heading that doesn't fit a short text", 1); });
+  each([&] { report.BeginSection(u"A name that doesn't fit a short text", nullptr); });
+  each([&] { report.AddText(u"A line that doesn't fit a short text", true); });
+  ASSERT_TRUE(report.Save(folder.text().c_str(), u"page.htm"));
+  const ustring body = body_of(page_text(folder.path() / "Vellomark" / "page.htm"));
+  EXPECT_TRUE(test::same_units(body, block() +
+                                         heading(u'1', u"A heading that doesn't fit a short text") +
+                                         section(u"A name that doesn't fit a short text") +
+                                         block({u"A line that doesn't fit a short text"})));
+}
+
+}  // namespace
+
+}  // namespace sections_test
