@@ -1,13 +1,10 @@
 #include "report/element_plain_text.h"
 
-#include <ios>
-
 #include "xport/markup/xhtml_writer.h"
 #include "xport/text/ustring_stream.h"
 
 Xport::ustring ElementPlainText(const Xport::xhtml_element& element) {
   Xport::ustring_stream stream;
-  stream.exceptions(std::ios_base::badbit);  // else a lack of memory cuts the text
   Xport::xhtml_writer writer(stream);
   element.write(writer);
 

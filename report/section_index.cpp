@@ -47,9 +47,9 @@ void section_index::add(std::size_t section, node& path) {
   path.last = added;
 }
 
-const section_index::entry* section_index::closest(const node& path) const {
-  for (const node* at = &path; at->parent != nullptr; at = at->parent)
-    if (const entry* const found = first_at(*at)) return found;
+const section_index::entry* section_index::closest(const node*& path) const {
+  for (; path->parent != nullptr; path = path->parent)
+    if (const entry* const found = first_at(*path)) return found;
   return nullptr;
 }
 

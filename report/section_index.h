@@ -43,8 +43,9 @@ class section_index {
   const entry* first() const { return first_at(root_); }
 
   /// The first of the sections that share most leading headings with `path`, and
-  /// at least one; null if there is none.
-  const entry* closest(const node& path) const;
+  /// at least one; null if there is none. Moves `path` up to where it was found:
+  /// nothing is left below, and nothing will be.
+  const entry* closest(const node*& path) const;
 
   /// Counts the section as placed.
   void take(const entry& placed);

@@ -48,9 +48,9 @@ void VellomarkObj::AppendSectionText(const char16_t* text) {
 }
 
 // Sections that share headings come together: next is the one that has most of
-// the page's last headings, and where none has any, the first one made. A section
-// leaves the list with its last element, so what an exception interrupts can be
-// placed by another call.
+// the page's last headings, and where none has any, the first one made. What is on
+// the page leaves the record, and the record leaves the list with its last element:
+// another call completes what an exception interrupted.
 void VellomarkObj::WriteSections(ustring folder, ustring stem) {
   stem += u"_files\\";
   folder += stem;
@@ -66,6 +66,7 @@ void VellomarkObj::WriteSections(ustring folder, ustring stem) {
     if (!section.name.empty()) {
       pending_id = u"#" + section.name;
       AddHeading(section.name.c_str(), 4);
+      section.name.clear();
     }
     for (; !section.elements.empty(); section.elements.pop_front())
       PlaceElement(section.elements, folder, stem);
@@ -76,7 +77,7 @@ void VellomarkObj::WriteSections(ustring folder, ustring stem) {
 
 const section_index::entry* VellomarkObj::NextSection(const section_index& index, PagePath& path) {
   if (path.node != nullptr)
-    if (const section_index::entry* const closest = index.closest(*path.node)) return closest;
+    if (const section_index::entry* const closest = index.closest(path.node)) return closest;
   path = PagePath();
   return index.first();
 }

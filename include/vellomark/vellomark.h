@@ -47,6 +47,14 @@ class VELLOMARK_API IVellomark {
   /// then opened with the user's default handler, without waiting and whether or
   /// not it could be written.
   ///
+  /// Before that it puts all sections on the page and moves their pictures into the
+  /// folder named after the page, up to its first full stop, with "_files". There a
+  /// picture has the name of its file with ".bmp" in place of the last four code
+  /// units, and takes the place of an older one of that name. A picture that can't
+  /// be copied stays where it is, and its path stays as text. A line of fewer than
+  /// four code units that names a file raises std::out_of_range ("invalid string
+  /// position"); what isn't on the page by then is still there for another Save.
+  ///
   /// Returns true as soon as the page file was opened; an error in writing it
   /// (a full disk) isn't reported. Returns false, without opening anything, if a
   /// folder can't be made, and false if the page file can't be opened. The page
@@ -57,8 +65,12 @@ class VELLOMARK_API IVellomark {
   /// open table, or to the last section (`to_section`, or section mode without
   /// direct links). In a cell each line feed becomes "<BR>"; elsewhere line feeds
   /// stay. A null `text` adds the link that AddLink prepared last, in a table the
-  /// cell with the text in front of it; for a section it adds nothing. Sections
-  /// can't be made in this version, so text and tables for them are dropped.
+  /// cell with the text in front of it; for a section it adds nothing. Without a
+  /// section, text for one is dropped.
+  ///
+  /// A line of a section that is the path of an existing file is a picture: Save
+  /// moves the file into the page's folder of pictures and shows it. Paths have the
+  /// form that vellomark::PicturePath makes (<vellomark/picture_path.h>).
   virtual void AddText(const char16_t* text, bool to_section) = 0;
 
   /// Starts a new block, a `p`, at the end of the page. Later text goes there.
@@ -99,11 +111,24 @@ class VELLOMARK_API IVellomark {
   /// Sends later text and tables to the last section (true) or the page (false).
   virtual void SetSectionMode(bool on) = 0;
 
-  /// Makes a deferred section. Not available in this version: does nothing.
+  /// Makes a deferred section, which Save puts on the page; its path of headings
+  /// are those that AddSectionHeading has queued. The section takes what comes in
+  /// section mode, or through AddText with `to_section`, until the next one begins.
+  /// `name` becomes its own heading, with "#" and the name as its `id`; an empty
+  /// name makes none.
+  ///
+  /// With direct links on, the section is named `target`, and AddLink(name, target)
+  /// leaves a link on the page where it stands; in section mode with direct links
+  /// on, the call does nothing. (The "#" is part of the `id`, so a browser doesn't
+  /// find the heading by that link: put an anchor of your own into the section.)
+  ///
+  /// A null `name` makes the call do nothing, and so does a null `target` with
+  /// direct links on; otherwise `target` isn't read.
   virtual void BeginSection(const char16_t* name, const char16_t* target) = 0;
 
-  /// Queues a heading for the next section. Not available in this version: does
-  /// nothing.
+  /// Queues a heading for the path of the next section, outermost first, with a
+  /// style as AddHeading takes it. Sections with the same first headings come
+  /// together on the page, and each heading is written once.
   virtual void AddSectionHeading(const char16_t* text, std::int32_t style) = 0;
 
   /// Reads a template page. Not available in this version: does nothing.

@@ -56,6 +56,17 @@ class memory_files : public platform::file_system {
     return std::make_unique<output>(*this, path);
   }
 
+  bool is_file(const Xport::ustring& path) override { return contents.count(plain(path)) != 0; }
+
+  bool copy_file(const Xport::ustring& source, const Xport::ustring& target) override {
+    if (!is_file(source) || !parent_is_there(plain(target)) || plain(source) == plain(target))
+      return false;
+    contents[plain(target)] = contents[plain(source)];
+    return true;
+  }
+
+  bool remove_file(const Xport::ustring& path) override { return contents.erase(plain(path)) != 0; }
+
   /// Fails the `number`th call of `what` from now on, the next one being 1.
   void fail(file_call what, std::size_t number) { failing_at(what) = number; }
 
