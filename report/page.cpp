@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "report/vellomark_obj.h"
 
 using Xport::attr_id;
@@ -47,13 +49,11 @@ void VellomarkObj::AddHeading(const char16_t* text, std::int32_t style) {
     AppendPlainText(text);
     return;
   }
+  const ustring id = std::exchange(pending_id, ustring());
   const heading kind = heading_of(style);
   Xport::xhtml_markup& added = *append_element(*doc->body(), kind.tag);
   added.set_attribute(attr_id::class_, kind.class_name);
-  if (!pending_id.empty()) {
-    added.set_attribute(attr_id::id, pending_id);
-    pending_id.clear();
-  }
+  if (!id.empty()) added.set_attribute(attr_id::id, id);
   added.push_back_text(text);
   StartParagraph();
 }

@@ -47,7 +47,7 @@ void section_index::add(std::size_t section, node& path) {
   path.last = added;
 }
 
-const section_index::entry* section_index::closest(const node*& path) const {
+const section_index::entry* section_index::closest(node*& path) {
   for (; path->parent != nullptr; path = path->parent)
     if (const entry* const found = first_at(*path)) return found;
   return nullptr;
@@ -59,7 +59,7 @@ void section_index::take(const entry& placed) {
 
 // A section stands in the list of each node above it and is placed but once, so
 // those placed are dropped when they come to the front.
-const section_index::entry* section_index::first_at(const node& path) const {
+const section_index::entry* section_index::first_at(node& path) {
   while (path.first != nullptr && placed_[path.first->section]) path.first = path.first->next;
   return path.first != nullptr ? &entries_[path.first->section] : nullptr;
 }

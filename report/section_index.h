@@ -25,33 +25,35 @@ class section_index {
 
   /// A heading path that some section has. Lives as long as the index.
   struct node {
-    const node* parent;      ///< null for the empty path
-    mutable waiting* first;  ///< the sections at and below this path, in order
+    node* parent;    ///< null for the empty path
+    waiting* first;  ///< the sections at and below this path, in order
     waiting* last;
   };
 
   /// A section and its place in the tree.
   struct entry {
     std::list<ReportSection>::iterator section;
-    const node* path;
+    node* path;
   };
 
   /// Indexes `sections`, which must stay as they are, but for those taken.
   explicit section_index(std::list<ReportSection>& sections);
+  section_index(const section_index&) = delete;
+  section_index& operator=(const section_index&) = delete;
 
   /// The first section of all that are left; null if there is none.
-  const entry* first() const { return first_at(root_); }
+  const entry* first() { return first_at(root_); }
 
   /// The first of the sections that share most leading headings with `path`, and
   /// at least one; null if there is none. Moves `path` up to where it was found:
   /// nothing is left below, and nothing will be.
-  const entry* closest(const node*& path) const;
+  const entry* closest(node*& path);
 
   /// Counts the section as placed.
   void take(const entry& placed);
 
  private:
-  const entry* first_at(const node& path) const;
+  const entry* first_at(node& path);
   void add(std::size_t section, node& path);
 
   node root_{nullptr, nullptr, nullptr};

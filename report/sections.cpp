@@ -48,18 +48,20 @@ void VellomarkObj::AppendSectionText(const char16_t* text) {
 }
 
 // Sections that share headings come together: next is the one that has most of
-// the page's last headings, and where none has any, the first one made. What is on
-// the page leaves the record, and the record leaves the list with its last element:
-// another call completes what an exception interrupted.
+// the page's last headings, and where none has any, the first one made. Content
+// that is on the page leaves the record, and the record leaves the list with the last
+// of it: another call completes what an exception interrupted.
 void VellomarkObj::WriteSections(ustring folder, ustring stem) {
-  stem += u"_files\\";
-  folder += stem;
+  stem += u"_files\\";  // now the folder of pictures as the page names it
+  folder += stem;       // and as the disk does
   if (sections.empty()) return;
   files.create_directory(folder);
 
   section_index index(sections);
   PagePath path;
   while (const section_index::entry* const next = NextSection(index, path)) {
+    // From here on it is changed: the rest of it comes first in another call.
+    sections.splice(sections.begin(), sections, next->section);
     PlaceHeadings(*next, path);
     StartParagraph();
     ReportSection& section = *next->section;
@@ -68,14 +70,13 @@ void VellomarkObj::WriteSections(ustring folder, ustring stem) {
       AddHeading(section.name.c_str(), 4);
       section.name.clear();
     }
-    for (; !section.elements.empty(); section.elements.pop_front())
-      PlaceElement(section.elements, folder, stem);
+    while (!section.elements.empty()) PlaceElement(section.elements, folder, stem);
     index.take(*next);
     sections.erase(next->section);
   }
 }
 
-const section_index::entry* VellomarkObj::NextSection(const section_index& index, PagePath& path) {
+const section_index::entry* VellomarkObj::NextSection(section_index& index, PagePath& path) {
   if (path.node != nullptr)
     if (const section_index::entry* const closest = index.closest(path.node)) return closest;
   path = PagePath();
@@ -105,16 +106,18 @@ void VellomarkObj::PlaceHeadings(const section_index::entry& next, PagePath& pat
   section.heading_styles.clear();
 }
 
-// Puts the first element on the page: a table between blocks, else into the
+// Moves the first element to the page: a table between blocks, else into the
 // block, as a picture if it names one.
 void VellomarkObj::PlaceElement(std::list<xhtml_element>& elements, const ustring& picture_folder,
                                 const ustring& picture_link) {
   if (elements.front().tag() == tag_id::table) {
     StartParagraph();
     doc->body()->append_copy(elements.front());
+    elements.pop_front();
     StartParagraph();
     return;
   }
   RelocatePicture(elements, picture_folder, picture_link);
   cursor->push_back_copy(elements.front());
+  elements.pop_front();
 }

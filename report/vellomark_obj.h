@@ -68,7 +68,7 @@ class VellomarkObj final : public IVellomark {
   /// The headings of sections that the page has at this moment.
   struct PagePath {
     std::vector<Xport::ustring> texts;
-    const section_index::node* node = nullptr;  // null for an empty path
+    section_index::node* node = nullptr;  // null for an empty path
   };
 
   // page.cpp
@@ -92,7 +92,7 @@ class VellomarkObj final : public IVellomark {
   // sections.cpp
   void AppendSectionText(const char16_t* text);
   void WriteSections(Xport::ustring folder, Xport::ustring stem);
-  static const section_index::entry* NextSection(const section_index& index, PagePath& path);
+  static const section_index::entry* NextSection(section_index& index, PagePath& path);
   void PlaceHeadings(const section_index::entry& next, PagePath& path);
   void PlaceElement(std::list<Xport::xhtml_element>& elements, const Xport::ustring& picture_folder,
                     const Xport::ustring& picture_link);

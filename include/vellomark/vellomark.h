@@ -23,9 +23,9 @@
 ///
 /// Errors. Refusals are answers: the three bool results tell of them. No
 /// operation catches exceptions, so std::bad_alloc and std::length_error of the
-/// standard containers reach the caller, and CloseTable may raise
+/// standard containers reach the caller, and CloseTable and Save may raise
 /// std::out_of_range as told there. After an exception the report can be used on;
-/// the line, row or cell that was being added may be incomplete.
+/// the heading, line, row or cell that was being added may be incomplete.
 ///
 /// Threads. One report serves one thread at a time and takes no locks. Separate
 /// reports may be used from separate threads.
@@ -47,13 +47,15 @@ class VELLOMARK_API IVellomark {
   /// then opened with the user's default handler, without waiting and whether or
   /// not it could be written.
   ///
-  /// Before that it puts all sections on the page and moves their pictures into the
+  /// Before the page is written, it puts all sections on the page and moves their pictures into the
   /// folder named after the page, up to its first full stop, with "_files". There a
   /// picture has the name of its file with ".bmp" in place of the last four code
   /// units, and takes the place of an older one of that name. A picture that can't
   /// be copied stays where it is, and its path stays as text. A line of fewer than
   /// four code units that names a file raises std::out_of_range ("invalid string
-  /// position"); what isn't on the page by then is still there for another Save.
+  /// position"); what isn't on the page by then is still there for another Save. The
+  /// page's and the pictures' names go into the page as they are: a browser finds
+  /// no picture by a name with one of "'", "&", "<", "#", "?" or "%" in it.
   ///
   /// Returns true as soon as the page file was opened; an error in writing it
   /// (a full disk) isn't reported. Returns false, without opening anything, if a
@@ -111,8 +113,8 @@ class VELLOMARK_API IVellomark {
   /// Sends later text and tables to the last section (true) or the page (false).
   virtual void SetSectionMode(bool on) = 0;
 
-  /// Makes a deferred section, which Save puts on the page; its path of headings
-  /// are those that AddSectionHeading has queued. The section takes what comes in
+  /// Makes a deferred section, which Save puts on the page; its path is made of
+  /// the headings that AddSectionHeading has queued. The section takes what comes in
   /// section mode, or through AddText with `to_section`, until the next one begins.
   /// `name` becomes its own heading, with "#" and the name as its `id`; an empty
   /// name makes none.

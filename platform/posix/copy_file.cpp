@@ -65,8 +65,8 @@ bool copy_file(const std::string& source, const std::string& target) {
   const int number = ::mkostemp(unfinished.data(), O_CLOEXEC);
   if (number < 0) return false;
   output_file to(number);
-  const bool complete = copy_content(from.number(), to, block.get()) &&
-                        ::fchmod(number, source_status.st_mode & 0777) == 0 && to.close() &&
+  ::fchmod(number, source_status.st_mode & 0777);  // where the disk has no modes, without
+  const bool complete = copy_content(from.number(), to, block.get()) && to.close() &&
                         ::rename(unfinished.c_str(), target.c_str()) == 0;
   if (!complete) ::unlink(unfinished.c_str());
   return complete;

@@ -103,7 +103,7 @@ TEST_F(MeasurementBrowser, HasADirectLinkToEachSection) {
 }
 
 // Six continents, 15 countries and 24 places, each heading once, the places of a country below
-// it and north of each other.
+// it and from north to south.
 TEST_F(MeasurementBrowser, HasAnOutlineOfSharedHeadings) {
   EXPECT_EQ(ask("count(//h2)"), "7");
   EXPECT_EQ(ask("count(//h3)"), "15");

@@ -147,6 +147,8 @@ TEST_F(Text, EmptyTexts) {
       u"      <a href='#'></a><br/>",
       u"      <a href='#'></a><br/>",
       u"    </p>",
+      u"    <p>",  // of the section
+      u"    </p>",
   }));
 }
 

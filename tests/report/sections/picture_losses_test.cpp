@@ -318,8 +318,7 @@ TEST_F(PictureLosses, ShortTextThatNamesAFolderDoesNotRaise) {
       test::same_units(saved(), paragraph(text_line(u"abc") + text_line(u".") + text_line(u".."))));
 }
 
-// What was placed stays placed. The headings of the path aren't repeated, but the
-// section's own heading is, as it begins anew.
+// What was placed stays placed, and no heading is repeated.
 TEST_F(PictureLosses, SecondSaveCompletesThePageAfterTheCauseIsRemoved) {
   const working_folder inside(folder.path());
   test::make_file(source(u"abc"), "bytes");
@@ -331,14 +330,14 @@ TEST_F(PictureLosses, SecondSaveCompletesThePageAfterTheCauseIsRemoved) {
   EXPECT_EQ(test::bytes_of(source(u"abc")), "bytes");
   EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "picture");
 
-  // As long as the cause is there, nothing more is placed but the section's heading.
+  // As long as the cause is there, nothing more is placed.
   EXPECT_EQ(raised_by_save(report, folder.text(u"/out")), "invalid string position");
   fs::remove(source(u"abc"));
   EXPECT_TRUE(test::same_units(
       saved(),
       heading(u'1', u"A") + section(u"S") + paragraph(text_line(u"above")) +  // first
-          block() + section(u"S") + block() +                                 // second
-          block() + section(u"S") +
+          block() + block() +                                                 // second
+          block() +
           paragraph(text_line(u"abc") + text_line(u"below") + image(u"page_files\\x.bmp")) +
           heading(u'1', u"B") + section(u"T") + paragraph(text_line(u"other"))));
   EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "picture");
@@ -346,8 +345,7 @@ TEST_F(PictureLosses, SecondSaveCompletesThePageAfterTheCauseIsRemoved) {
   EXPECT_EQ(browser.urls.size(), 0u);
 }
 
-// Its path has been placed, so it waits like a section without one: others that were
-// made before it come first, and their headings stand above what is left of it.
+// Its path has been placed, and what is left of it comes first, behind its beginning.
 TEST_F(PictureLosses, InterruptedSectionIsOneWithoutAPath) {
   const working_folder inside(folder.path());
   test::make_file(source(u"abc"), "bytes");
@@ -357,8 +355,8 @@ TEST_F(PictureLosses, InterruptedSectionIsOneWithoutAPath) {
   EXPECT_EQ(raised_by_save(report, folder.text(u"/out")), "invalid string position");
   fs::remove(source(u"abc"));
   EXPECT_TRUE(test::same_units(saved(), heading(u'1', u"A") + block({u"1"}) + heading(u'2', u"B") +
-                                            block({u"3"}) + block() + heading(u'1', u"C") +
-                                            block({u"2"}) + block({u"abc"})));
+                                            block({u"3"}) + block() + block({u"abc"}) +
+                                            heading(u'1', u"C") + block({u"2"})));
 }
 
 // It may be given more in between: its record is the last one.

@@ -114,7 +114,7 @@ TEST(RandomOrder, IndexFindsWhatThePlainSearchFinds) {
         most = shared_headings(paths[i], paths[from]);
         closest = i;
       }
-      const section_index::node* path = entries[from]->path;
+      section_index::node* path = entries[from]->path;
       const section_index::entry* const found = index.closest(path);
       ASSERT_EQ(number_of(found), closest) << "seed " << seed;
       if (found != nullptr && below(source, 4) != 0) next = found;
