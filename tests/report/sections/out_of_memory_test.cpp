@@ -110,7 +110,7 @@ TEST_P(OutOfMemoryBehind, SaveLosesNothingAndMayBeRepeated) {
   EXPECT_GT(failures, 50u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Blocks, OutOfMemoryBehind, testing::Range(0, 200, 16));
+INSTANTIATE_TEST_SUITE_P(Blocks, OutOfMemoryBehind, testing::Range(0, 60));
 
 TEST(OutOfMemory, SaveAndReleaseGiveAllMemoryBack) {
   bool failed = true;
