@@ -23,18 +23,18 @@ ustring picture_name(const ustring& source) {
 }  // namespace
 
 // If the first element's text is the path of a file, moves the file into
-// `folder` and puts an `img` in the element's place. The source goes last, when
+// the folder of pictures and puts an `img` in the element's place. The source goes last, when
 // the copy is complete and the `img` stands in for it, so that nothing is lost
 // wherever this fails.
-void VellomarkObj::RelocatePicture(std::list<xhtml_element>& elements, const ustring& folder,
-                                   const ustring& link) {
+void VellomarkObj::RelocatePicture(std::list<xhtml_element>& elements,
+                                   const ustring& picture_folder, const ustring& picture_link) {
   const ustring source = ElementPlainText(elements.front());
   if (source.empty() || !files.is_file(source)) return;
   const ustring picture = picture_name(source);
-  if (!files.copy_file(source, folder + picture)) return;
+  if (!files.copy_file(source, picture_folder + picture)) return;
 
   std::list<xhtml_element> image;
-  image.emplace_back(tag_id::img, u"", u"").set_attribute(attr_id::src, link + picture);
+  image.emplace_back(tag_id::img, u"", u"").set_attribute(attr_id::src, picture_link + picture);
   elements.pop_front();
   elements.splice(elements.begin(), image);
   files.remove_file(source);

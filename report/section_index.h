@@ -36,7 +36,8 @@ class section_index {
     node* path;
   };
 
-  /// Indexes `sections`, which must stay as they are, but for those taken.
+  /// Indexes `sections`. Those that aren't taken must stay in the list, in whatever
+  /// order.
   explicit section_index(std::list<ReportSection>& sections);
   section_index(const section_index&) = delete;
   section_index& operator=(const section_index&) = delete;

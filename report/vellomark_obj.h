@@ -126,7 +126,7 @@ class VellomarkObj final : public IVellomark {
   Xport::ustring pending_id;             // the `id` of the next heading, used once
   std::list<Xport::ustring> path_texts;  // headings queued for the next section
   std::list<std::int32_t> path_styles;
-  std::list<ReportSection> sections;  // in order of creation
+  std::list<ReportSection> sections;  // in order of creation, but for one that Save began
   std::list<Xport::ustring> template_fields;
   std::list<std::vector<Xport::markup_iterator>> template_segments;  // wait for the page
   Xport::xhtml_doc template_doc;                                     // the loaded template

@@ -47,15 +47,15 @@ class VELLOMARK_API IVellomark {
   /// then opened with the user's default handler, without waiting and whether or
   /// not it could be written.
   ///
-  /// Before the page is written, it puts all sections on the page and moves their pictures into the
-  /// folder named after the page, up to its first full stop, with "_files". There a
-  /// picture has the name of its file with ".bmp" in place of the last four code
-  /// units, and takes the place of an older one of that name. A picture that can't
-  /// be copied stays where it is, and its path stays as text. A line of fewer than
-  /// four code units that names a file raises std::out_of_range ("invalid string
-  /// position"); what isn't on the page by then is still there for another Save. The
-  /// page's and the pictures' names go into the page as they are: a browser finds
-  /// no picture by a name with one of "'", "&", "<", "#", "?" or "%" in it.
+  /// Before the page is written, it puts all sections on the page and moves their
+  /// pictures into the folder named after the page, up to its first full stop, with
+  /// "_files". There a picture has the name of its file with ".bmp" in place of the
+  /// last four code units, and takes the place of an older one of that name. A
+  /// picture that can't be copied stays where it is, and its path stays as text. A
+  /// line of fewer than four code units that names a file raises std::out_of_range
+  /// ("invalid string position"); what isn't on the page by then is still there for
+  /// another Save. The page's and the pictures' names go into the page as they are: a
+  /// browser finds no picture by a name with one of "'", "&", "<", "#", "?" or "%".
   ///
   /// Returns true as soon as the page file was opened; an error in writing it
   /// (a full disk) isn't reported. Returns false, without opening anything, if a

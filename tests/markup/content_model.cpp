@@ -5,6 +5,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "support/content_rows.h"
+
 namespace test::content_model {
 
 namespace {
@@ -12,56 +14,15 @@ namespace {
 // All names in the order of their numbers. Those in capitals are elements that
 // Strict lacks.
 const char rows[] =
-    "ROOT a abbr acronym address APPLET area b base BASEFONT bdo big blockquote body br button "
+    "doc_root a abbr acronym address APPLET area b base BASEFONT bdo big blockquote body br button "
     "caption CENTER cite code col colgroup dd del dfn DIR div dl dt em fieldset FONT form FRAME "
     "FRAMESET h1 h2 h3 h4 h5 h6 head hr html i IFRAME img input ins ISINDEX kbd label legend li "
     "link map MENU meta NOFRAMES noscript object ol optgroup option p param pre q S samp script "
     "select small span STRIKE strong style sub sup table tbody td textarea tfoot th thead title "
     "tr tt U ul var INVALID";
 
-struct family {
-  const char* members;
-  std::uint32_t category;  // 1 block, 2 inline, 0 neither
-  std::uint32_t content;   // 1 blocks, 2 inline elements and text, 4 text
-  const char* named;
-  const char* excluded;
-};
-
-const family families[] = {
-    {"area base col link meta param", 0, 0, "", ""},
-    {"head", 0, 0, "base link meta script style title", ""},
-    {"html", 0, 0, "body head", ""},
-    {"colgroup", 0, 0, "col", ""},
-    {"optgroup", 0, 0, "option", ""},
-    {"tr", 0, 0, "td th", ""},
-    {"tbody tfoot thead", 0, 0, "tr", ""},
-    {"body", 0, 1, "del ins script", ""},
-    {"caption dt legend", 0, 2, "", ""},
-    {"dd del ins li td th", 0, 3, "", ""},
-    {"option style title", 0, 4, "", ""},
-    {"hr", 1, 0, "", ""},
-    {"table", 1, 0, "caption col colgroup tbody tfoot thead tr", ""},
-    {"dl", 1, 0, "dd dt", ""},
-    {"ol ul", 1, 0, "li", ""},
-    {"blockquote", 1, 1, "script", ""},
-    {"h1 h2 h3 h4 h5 h6 p", 1, 2, "", ""},
-    {"pre", 1, 2, "", "big img object small sub sup"},
-    {"address", 1, 2, "p", ""},
-    {"div noscript", 1, 3, "", ""},
-    {"form", 1, 3, "", "form"},
-    {"ROOT", 1, 3, "html", ""},
-    {"fieldset", 1, 3, "legend", ""},
-    {"br img input", 2, 0, "", ""},
-    {"select", 2, 0, "optgroup option", ""},
-    {"map", 2, 1, "area", ""},
-    {"abbr acronym b bdo big cite code dfn em i kbd q samp small span strong sub sup tt var", 2, 2,
-     "", ""},
-    {"a", 2, 2, "", "a"},
-    {"label", 2, 2, "", "label"},
-    {"button", 2, 3, "", "a button fieldset form input label select textarea"},
-    {"object", 2, 3, "param", ""},
-    {"script textarea", 2, 4, "", ""},
-    // What can't be used keeps the two numbers of the row before it.
+// What can't be used keeps the two numbers of the row before it.
+const content_row unusable_rows[] = {
     {"APPLET", 1, 2, "", ""},
     {"BASEFONT NOFRAMES INVALID", 0, 0, "", ""},
     {"CENTER", 0, 2, "", ""},
@@ -89,13 +50,17 @@ std::set<std::string> words(const char* text) {
 const rule& rule_of(int number) {
   static const auto rules = [] {
     std::map<std::string, rule> by_name;
-    for (const family& f : families)
-      for (const std::string& member : words(f.members))
+    const auto add = [&by_name](const content_row& row) {
+      for (const std::string& member : words(row.elements))
         if (!by_name
-                 .insert(
-                     {member, {member, f.category, f.content, words(f.named), words(f.excluded)}})
+                 .insert({member,
+                          {member, row.category_flags, row.content_flags,
+                           words(row.allowed_children), words(row.excluded_children)}})
                  .second)
-          throw std::logic_error(member + " stands in two families");
+          throw std::logic_error(member + " stands in two rows");
+    };
+    for (const content_row& row : content_rows) add(row);
+    for (const content_row& row : unusable_rows) add(row);
     std::map<int, rule> by_number;
     std::istringstream stream(rows);
     for (std::string name; stream >> name;)
@@ -106,7 +71,7 @@ const rule& rule_of(int number) {
   return rules.at(number);
 }
 
-bool is_usable(const rule& r) { return r.name == "ROOT" || (r.name[0] >= 'a' && r.name[0] <= 'z'); }
+bool is_usable(const rule& r) { return r.name[0] >= 'a' && r.name[0] <= 'z'; }
 
 }  // namespace
 
