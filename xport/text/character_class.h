@@ -1,6 +1,8 @@
 #ifndef XPORT_TEXT_CHARACTER_CLASS_H
 #define XPORT_TEXT_CHARACTER_CLASS_H
 
+#include <array>
+#include <cstdint>
 #include <locale>
 
 #include "xport/text/char16.h"
@@ -10,13 +12,26 @@ namespace Xport {
 /// Asks the global C++ locale, as it is at construction, what class a code unit
 /// belongs to. Units are widened to `wchar_t` one by one, so halves of surrogate
 /// pairs are asked about on their own. Make one for each operation that looks at
-/// many units: finding the locale's facet is the costly step.
+/// many units: finding the locale's facet is the costly step, and answers for the
+/// first 256 units are kept. One object serves one thread at a time.
 class character_classes {
  public:
   character_classes();
 
   /// Whether `unit` is white space (`std::ctype_base::space`).
-  bool is_space(char16 unit) const;
+  bool is_space(char16 unit) const { return is(space, unit); }
+
+  /// Whether `unit` is white space or a blank (`space` or `blank`).
+  bool is_space_or_blank(char16 unit) const { return is(space | blank, unit); }
+
+  /// Whether `unit` is a letter or a digit (`std::ctype_base::alnum`).
+  bool is_alnum(char16 unit) const { return is(alnum, unit); }
+
+  /// Whether `unit` is a decimal digit (`std::ctype_base::digit`).
+  bool is_digit(char16 unit) const { return is(digit, unit); }
+
+  /// `unit` in lower case, by the same locale.
+  char16 to_lower(char16 unit) const;
 
   /// `text` without white space at its end.
   ustring_view trim_right(ustring_view text) const;
@@ -25,8 +40,17 @@ class character_classes {
   ustring_view trim(ustring_view text) const;
 
  private:
+  enum : std::uint8_t { space = 1, blank = 2, alnum = 4, digit = 8, known = 16 };
+
+  bool is(unsigned classes, char16 unit) const {
+    const std::uint8_t kept = unit < kept_.size() ? kept_[unit] : 0;
+    return ((kept != 0 ? kept : ask(unit)) & classes) != 0;
+  }
+  std::uint8_t ask(char16 unit) const;
+
   std::locale locale_;
   const std::ctype<wchar_t>* facet_;
+  mutable std::array<std::uint8_t, 256> kept_{};
 };
 
 /// `text` with every unit lower-cased by the C library's `towlower`.

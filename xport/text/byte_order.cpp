@@ -1,0 +1,79 @@
+#include "xport/text/byte_order.h"
+
+#include <sstream>
+#include <utility>
+
+#include "xport/text/character_class.h"
+#include "xport/text/unit_input.h"
+
+namespace Xport {
+
+namespace {
+
+constexpr char16 little_endian_mark = 0xFEFF;
+constexpr char16 big_endian_mark = 0xFFFE;
+
+// The bytes EF BB, with which UTF-8 text may begin, in either order.
+constexpr char16 utf8_mark = 0xBBEF;
+constexpr char16 utf8_mark_swapped = 0xEFBB;
+
+// What formatted extraction would give next, left in the input. The standard
+// library's own needs facets that no locale has for 16-bit units.
+char16 look_ahead(std::basic_istream<char16>& stream) {
+  unit_input input(stream.rdbuf());
+  if ((stream.flags() & std::ios_base::skipws) != 0) {
+    const character_classes classes;
+    while (!input.at_end() && classes.is_space(input.peek())) input.advance();
+  }
+  if (input.at_end()) stream.setstate(std::ios_base::eofbit | std::ios_base::failbit);
+  return input.peek();
+}
+
+void skip_second_unit(std::basic_istream<char16>& stream, char16 expected) {
+  if (stream.good() && look_ahead(stream) == expected) unit_input(stream.rdbuf()).advance();
+}
+
+ustring read_swapped(unit_input input) {
+  ustring text;
+  for (ustring_view window = input.window(); !window.empty(); window = input.window()) {
+    const std::size_t count = std::min(window.find(end_unit), window.size());
+    for (const char16 unit : window.substr(0, count))
+      text += static_cast<char16>((unit << 8) | (unit >> 8));
+    input.advance(count);
+  }
+  return text;
+}
+
+}  // namespace
+
+void detect_byte_order(std::basic_istream<char16>*& stream, bool owns_stream) {
+  if (!stream->good()) return;
+  const char16 first = look_ahead(*stream);
+  if (!stream->good()) return;
+  unit_input input(stream->rdbuf());
+  switch (first) {
+    case 0:
+      input.advance();
+      skip_second_unit(*stream, big_endian_mark);
+      break;
+    case utf8_mark:
+    case utf8_mark_swapped:
+      input.advance();
+      break;
+    case little_endian_mark:
+      input.advance();
+      skip_second_unit(*stream, 0);
+      break;
+    case big_endian_mark: {
+      input.advance();
+      auto* const swapped = new std::basic_istringstream<char16>(read_swapped(input));
+      if (owns_stream) delete stream;
+      stream = swapped;
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+}  // namespace Xport
