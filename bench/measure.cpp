@@ -2,20 +2,12 @@
 
 #include <unistd.h>
 
-#include <ctime>
-
 #include "bench/allocation_counter.h"
 #include "bench/process_state.h"
 
 namespace bench {
 
 namespace {
-
-double seconds_now(clock_kind clock) {
-  timespec now = {};
-  clock_gettime(clock == clock_kind::wall ? CLOCK_MONOTONIC : CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
 
 void warm_up(contender& subject, page_kind kind, const page_target& target) {
   const workload work({kind, 2 * table_columns});

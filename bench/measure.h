@@ -3,15 +3,10 @@
 
 #include <cstdint>
 
+#include "bench/clock.h"
 #include "bench/contender.h"
 
 namespace bench {
-
-/// What a clock counts.
-enum class clock_kind {
-  wall,  ///< time that passes, steadily
-  cpu    ///< time that the process spends on a processor, the kernel's share included
-};
 
 /// Seconds of one run by the clock, and the memory it took.
 struct timing {

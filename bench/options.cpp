@@ -1,31 +1,8 @@
 #include "bench/options.h"
 
-#include <unistd.h>
-
-#include <cstdlib>
+#include "bench/command_line.h"
 
 namespace bench {
-
-namespace {
-
-std::optional<std::size_t> positive_number(const char* text) {
-  char* end = nullptr;
-  const unsigned long number = std::strtoul(text, &end, 10);
-  if (*text < '0' || *text > '9' || *end != '\0' || number == 0) {
-    return std::nullopt;
-  }
-  return number;
-}
-
-std::string default_folder() {
-  if (access("/dev/shm", W_OK) == 0) {
-    return "/dev/shm";
-  }
-  const char* const chosen = std::getenv("TMPDIR");
-  return chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
-}
-
-}  // namespace
 
 const char* const usage =
     "usage: report_bench [--quick] [--repeat N] [--cpu-time] [--folder DIR]\n"

@@ -1,8 +1,4 @@
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,32 +6,11 @@
 #include "bench/comparison.h"
 #include "bench/options.h"
 #include "bench/process_state.h"
+#include "bench/scratch_folder.h"
 
 namespace {
 
 using namespace bench;
-
-/// A folder of its own below another one, with the report folder inside. Both go
-/// with the object, once the pages in them are gone.
-class scratch_folder {
- public:
-  explicit scratch_folder(const std::string& parent) : path_(parent + "/report_bench.XXXXXX") {
-    made_ = mkdtemp(path_.data()) != nullptr && mkdir((path_ + "/Vellomark").c_str(), 0777) == 0;
-  }
-  scratch_folder(const scratch_folder&) = delete;
-  scratch_folder& operator=(const scratch_folder&) = delete;
-  ~scratch_folder() {
-    rmdir((path_ + "/Vellomark").c_str());
-    rmdir(path_.c_str());
-  }
-
-  bool made() const { return made_; }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-  bool made_;
-};
 
 int print_whole_table(const options& chosen, const std::string& folder) {
   std::vector<workload_plan> plans;
@@ -93,7 +68,7 @@ int main(int count, char** words) {
     std::fputs(usage, stderr);
     return 2;
   }
-  const scratch_folder folder(chosen->folder);
+  const scratch_folder folder(chosen->folder, "report_bench");
   if (!folder.made()) {
     std::fprintf(stderr, "report_bench: no folder can be made in %s\n", chosen->folder.c_str());
     return 1;

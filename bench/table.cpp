@@ -3,39 +3,14 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "bench/statistics.h"
+
 namespace bench {
 
 namespace {
 
-std::vector<double> sorted(const outcome& of, double timing::*part) {
-  std::vector<double> values;
-  for (const timing& run : of.timings) {
-    values.push_back(run.*part);
-  }
-  std::sort(values.begin(), values.end());
-  return values;
-}
-
-double median(const outcome& of, double timing::*part) {
-  const std::vector<double> values = sorted(of, part);
-  const std::size_t half = values.size() / 2;
-  return values.size() % 2 != 0 ? values[half] : (values[half - 1] + values[half]) / 2;
-}
-
-/// Half the distance between the quartiles of the whole, in parts of the median.
-double spread(const outcome& of) {
-  const std::vector<double> values = sorted(of, &timing::together);
-  const std::size_t last = values.size() - 1;
-  return (values[last - last / 4] - values[last / 4]) / 2 / median(of, &timing::together);
-}
-
-double median_peak(const outcome& of) {
-  std::vector<std::uint64_t> values;
-  for (const timing& run : of.timings) {
-    values.push_back(run.peak_bytes);
-  }
-  std::sort(values.begin(), values.end());
-  return static_cast<double>(values[values.size() / 2]);
+double median_of(const outcome& of, double timing::*part) {
+  return median(values_of(of.timings, part));
 }
 
 const outcome& find(const page_outcome& page, const std::string& name) {
@@ -44,7 +19,7 @@ const outcome& find(const page_outcome& page, const std::string& name) {
 }
 
 double time_per_item(const page_outcome& page, const std::string& name) {
-  return median(find(page, name), &timing::together) / static_cast<double>(page.plan.items);
+  return median_of(find(page, name), &timing::together) / static_cast<double>(page.plan.items);
 }
 
 /// The smallest page of the same kind: what growth is measured against.
@@ -69,9 +44,9 @@ void print_head() {
 
 void print_row(const std::vector<page_outcome>& pages, const page_outcome& page,
                const outcome& of) {
-  const double unit = median(find(page, pugixml_name), &timing::together);
-  const double floor = median(find(page, bare_loop_name), &timing::together);
-  const double together = median(of, &timing::together);
+  const double unit = median_of(find(page, pugixml_name), &timing::together);
+  const double floor = median_of(find(page, bare_loop_name), &timing::together);
+  const double together = median_of(of, &timing::together);
   const page_outcome& first = smallest(pages, page.plan.kind);
   const double growth = time_per_item(page, of.name) / time_per_item(first, of.name);
   const auto nodes = static_cast<double>(page.plan.nodes());
@@ -79,12 +54,12 @@ void print_row(const std::vector<page_outcome>& pages, const page_outcome& page,
   const auto calls = static_cast<double>(of.counts.write_calls);
   const double written = static_cast<double>(of.counts.written_bytes) / 1024;
   std::printf("%-15s %-9s | %6.3f %6.3f %7.3f %8.3f %5.1f%% | %6.2f %6.2f",
-              page.plan.label().c_str(), of.name.c_str(), median(of, &timing::build) / unit,
-              median(of, &timing::save) / unit, median(of, &timing::destroy) / unit,
-              together / unit, 100 * spread(of), together / floor, growth);
+              page.plan.label().c_str(), of.name.c_str(), median_of(of, &timing::build) / unit,
+              median_of(of, &timing::save) / unit, median_of(of, &timing::destroy) / unit,
+              together / unit, 100 * spread(values_of(of.timings, &timing::together)), together / floor, growth);
   std::printf(" | %8.4f %6.1f %6.1f | %6.0f %7.1f %9.0f\n",
               static_cast<double>(of.counts.allocations) / items,
-              static_cast<double>(of.counts.live_bytes) / nodes, median_peak(of) / nodes, calls,
+              static_cast<double>(of.counts.live_bytes) / nodes, median(values_of(of.timings, &timing::peak_bytes)) / nodes, calls,
               calls > 0 ? written / calls : 0, written);
 }
 

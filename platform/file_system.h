@@ -38,6 +38,10 @@ class file_system {
   /// nobody else the file. Null if that fails.
   virtual std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) = 0;
 
+  /// Opens a file for reading as bytes, and denies nobody else the file. Null if that
+  /// fails; a folder can't be opened.
+  virtual std::unique_ptr<Xport::byte_input> open_for_reading(const Xport::ustring& path) = 0;
+
   /// Copies a file, in place of a file that is there. True only if the copy is
   /// complete and closed without an error; otherwise the target is as it was and
   /// no half file is left behind. A file isn't copied onto itself, under whatever

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "platform/posix/copy_file.h"
+#include "platform/posix/input_file.h"
 #include "platform/posix/output_file.h"
 #include "platform/posix/utf8.h"
 
@@ -43,6 +44,14 @@ class posix_file_system final : public file_system {
     if (!native) return nullptr;
     auto file = std::make_unique<posix::output_file>();
     if (!file->open(native->c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)) return nullptr;
+    return file;
+  }
+
+  std::unique_ptr<Xport::byte_input> open_for_reading(const Xport::ustring& path) override {
+    const std::optional<std::string> native = posix::to_native_path(path);
+    if (!native) return nullptr;
+    auto file = std::make_unique<posix::input_file>();
+    if (!file->open(native->c_str())) return nullptr;
     return file;
   }
 

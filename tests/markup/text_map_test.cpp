@@ -8,7 +8,9 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "support/allocation_failure.h"
 #include "tree_text.h"
 
 namespace {
@@ -130,6 +132,177 @@ TEST(TextMap, RefusesTextsThatCantBeCounted) {
   EXPECT_THROW(map.insert_or_assign(attr_id{1}, endless), std::length_error);
   EXPECT_THROW(map.insert_or_assign(attr_id{2}, endless), std::length_error);
   EXPECT_EQ(listing(map), "1=kept ");
+}
+
+using entries = std::vector<attribute_map::value_type>;
+
+TEST(TextMap, StoresSeveralNewEntriesInTheOrderOfTheirNumbers) {
+  const attribute_map::value_type given[] = {
+      {attr_id{31}, u"b"}, {attr_id{0}, u""}, {attr_id{243}, u"dddd"}, {attr_id{73}, u"ccc"}};
+  std::vector<int> order = {0, 1, 2, 3};
+  do {
+    entries shuffled;
+    for (const int number : order) shuffled.push_back(given[number]);
+    attribute_map map;
+    map.insert_missing(shuffled);
+    ASSERT_EQ(listing(map), "0= 31=b 73=ccc 243=dddd ");
+  } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST(TextMap, KeepsEntriesThatAreThereWhenSeveralAreStored) {
+  attribute_map map;
+  for (const int key : {2, 4, 6}) map.insert_or_assign(attr_id{key}, u"old");
+  map.insert_missing(entries{{attr_id{6}, u"new"}, {attr_id{7}, u"g"}, {attr_id{2}, u"new"}});
+  EXPECT_EQ(listing(map), "2=old 4=old 6=old 7=g ");
+  map.insert_missing(
+      entries{{attr_id{5}, u"e"}, {attr_id{4}, u"new"}, {attr_id{3}, u"c"}, {attr_id{1}, u"a"}});
+  EXPECT_EQ(listing(map), "1=a 2=old 3=c 4=old 5=e 6=old 7=g ");
+}
+
+TEST(TextMap, AnEmptyTextThatIsThereCountsAsThere) {
+  attribute_map map;
+  map.insert_or_assign(attr_id{1}, u"");
+  map.insert_missing(entries{{attr_id{1}, u"new"}});
+  EXPECT_EQ(listing(map), "1= ");
+}
+
+TEST(TextMap, TakesTheFirstOfEqualKeysOfSeveralNewEntries) {
+  attribute_map map;
+  map.insert_missing(entries{{attr_id{3}, u"first"},
+                             {attr_id{1}, u""},
+                             {attr_id{3}, u"second"},
+                             {attr_id{1}, u"second"},
+                             {attr_id{2}, u"x"},
+                             {attr_id{3}, u"third"}});
+  EXPECT_EQ(listing(map), "1= 2=x 3=first ");
+}
+
+TEST(TextMap, StoresSeveralNumbersOutsideTheTables) {
+  style_map map;
+  std::vector<style_map::value_type> given;
+  for (const int key : {INT32_MAX, 0, INT32_MIN, -1, 1000})
+    given.push_back({css_property_id{key}, u"x"});
+  map.insert_missing(given);
+  EXPECT_EQ(listing(map), "-2147483648=x -1=x 0=x 1000=x 2147483647=x ");
+}
+
+TEST(TextMap, TakesOneBlockForSeveralNewEntries) {
+  attribute_map map;
+  const entries given = {{attr_id{3}, u"a"}, {attr_id{1}, u"b"}, {attr_id{2}, u"c"}};
+  const std::size_t before = test::allocation_calls();
+  map.insert_missing(given);
+  EXPECT_EQ(test::allocation_calls() - before, 1u);
+  EXPECT_EQ(listing(map), "1=b 2=c 3=a ");
+  const entries more = {{attr_id{9}, u"d"}, {attr_id{1}, u"e"}, {attr_id{0}, u"f"}};
+  const std::size_t middle = test::allocation_calls();
+  map.insert_missing(more);
+  EXPECT_EQ(test::allocation_calls() - middle, 1u);
+  EXPECT_EQ(listing(map), "0=f 1=b 2=c 3=a 9=d ");
+}
+
+TEST(TextMap, TakesNoMemoryWhereNothingIsNew) {
+  attribute_map map;
+  map.insert_missing({});
+  EXPECT_TRUE(map.empty());
+  map.insert_or_assign(attr_id{1}, u"a");
+  map.insert_or_assign(attr_id{2}, u"b");
+  const ustring_view text = map[attr_id{1}];
+  const entries given = {{attr_id{2}, u"x"}, {attr_id{1}, u"y"}, {attr_id{2}, u"z"}};
+  const std::size_t before = test::allocation_calls();
+  map.insert_missing(given);
+  map.insert_missing({});
+  EXPECT_EQ(test::allocation_calls(), before);
+  EXPECT_EQ(map[attr_id{1}].data(), text.data());
+  EXPECT_EQ(listing(map), "1=a 2=b ");
+}
+
+TEST(TextMap, StoresSeveralTextsOutOfItsOwnMemory) {
+  attribute_map map;
+  map.insert_or_assign(attr_id{5}, u"0123456789");
+  const ustring_view own = map[attr_id{5}];
+  map.insert_missing(
+      entries{{attr_id{6}, own}, {attr_id{1}, own.substr(7)}, {attr_id{3}, own.substr(2, 3)}});
+  EXPECT_EQ(listing(map), "1=789 3=234 5=0123456789 6=0123456789 ");
+}
+
+TEST(TextMap, RefusesSeveralEntriesWithATextThatCantBeCounted) {
+  attribute_map map;
+  map.insert_or_assign(attr_id{1}, u"kept");
+  const char16_t unit = u'a';
+  const ustring_view endless(&unit, std::size_t{1} << 32);
+  EXPECT_THROW(map.insert_missing(entries{{attr_id{2}, u"b"}, {attr_id{3}, endless}}),
+               std::length_error);
+  EXPECT_EQ(listing(map), "1=kept ");
+  map.insert_missing(entries{{attr_id{1}, endless}, {attr_id{2}, u"b"}, {attr_id{2}, endless}});
+  EXPECT_EQ(listing(map), "1=kept 2=b ");
+}
+
+TEST(TextMap, StoresAsManyNewKeysAtOnceAsATableCanHave) {
+  attribute_map map;
+  map.insert_or_assign(attr_id{1000}, u"kept");
+  entries given;
+  for (int key = 255; key >= 0; --key) {
+    given.push_back({attr_id{key}, u"v"});
+    given.push_back({attr_id{key}, u"w"});
+  }
+  entries too_many = given;
+  too_many.push_back({attr_id{256}, u"x"});
+  EXPECT_THROW(map.insert_missing(too_many), std::length_error);
+  EXPECT_EQ(listing(map), "1000=kept ");
+  map.insert_missing(given);
+  EXPECT_EQ(map.size(), 257u);
+  for (int key = 0; key < 256; ++key) ASSERT_EQ(map[attr_id{key}], u"v");
+}
+
+TEST(TextMap, StaysAsItWasWhenMemoryRunsOutForSeveralEntries) {
+  attribute_map map;
+  map.insert_or_assign(attr_id{2}, u"kept");
+  const entries given = {{attr_id{3}, u"c"}, {attr_id{1}, u"a"}};
+  const std::size_t failures = test::fail_each_allocation(
+      [&] { map.insert_missing(given); }, [&] { EXPECT_EQ(listing(map), "2=kept "); });
+  EXPECT_EQ(failures, 1u);
+  EXPECT_EQ(listing(map), "1=a 2=kept 3=c ");
+}
+
+/// Batches by chance for a map and for one of the standard library.
+void store_batches_by_chance(attribute_map& map) {
+  std::mt19937 random(2);
+  std::map<int, ustring> expected;
+  for (int step = 0; step < 3000; ++step) {
+    std::vector<ustring> values(random() % 7);
+    for (ustring& value : values)
+      value.assign(random() % 4 == 0 ? random() % 300 : random() % 9,
+                   static_cast<char16_t>(u'a' + random() % 26));
+    entries given;
+    for (const ustring& value : values) {
+      const int key = static_cast<int>(random() % 40);
+      given.push_back({attr_id{key}, value});
+      expected.emplace(key, value);
+    }
+    map.insert_missing(given);
+    if (random() % 8 == 0) {
+      map.clear();
+      expected.clear();
+    }
+    ASSERT_EQ(map.size(), expected.size());
+    auto entry = map.begin();
+    for (const auto& [number, text] : expected) {
+      ASSERT_EQ((*entry).first, attr_id{number});
+      ASSERT_TRUE(test::is_text((*entry).second, text));
+      ++entry;
+    }
+  }
+}
+
+TEST(TextMap, OnTheHeapStoresBatchesAsAStandardMapDoes) {
+  attribute_map map;
+  store_batches_by_chance(map);
+}
+
+TEST(TextMap, InAPoolStoresBatchesAsAStandardMapDoes) {
+  node_pool pool;
+  attribute_map map(&pool);
+  store_batches_by_chance(map);
 }
 
 TEST(TextMap, CopiesAreIndependent) {

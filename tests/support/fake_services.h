@@ -17,7 +17,7 @@
 namespace test {
 
 /// What a report asks of a file system.
-enum class file_call { exists, create, open, write, close };
+enum class file_call { exists, create, open, write, close, open_for_reading, read, rewind };
 
 /// Files and folders in memory. Notes every call with the path as it was given,
 /// and can fail any of them. Paths lead through folders that have to be there;
@@ -54,6 +54,12 @@ class memory_files : public platform::file_system {
     contents[name].clear();
     ++open_files;
     return std::make_unique<output>(*this, path);
+  }
+
+  std::unique_ptr<Xport::byte_input> open_for_reading(const Xport::ustring& path) override {
+    if (note(file_call::open_for_reading, path) || !is_file(path)) return nullptr;
+    ++open_files;
+    return std::make_unique<input>(*this, path);
   }
 
   bool is_file(const Xport::ustring& path) override { return contents.count(plain(path)) != 0; }
@@ -134,6 +140,31 @@ class memory_files : public platform::file_system {
     bool closed_ = false;
   };
 
+  // Sees what is written to the file meanwhile.
+  class input final : public Xport::byte_input {
+   public:
+    input(memory_files& files, const Xport::ustring& path) : files_(files), path_(path) {}
+    ~input() override { --files_.open_files; }
+    std::size_t read(void* bytes, std::size_t size) override {
+      if (files_.note(file_call::read, path_)) return 0;
+      const auto found = files_.contents.find(plain(path_));
+      if (found == files_.contents.end() || at_ > found->second.size()) return 0;
+      const std::size_t count = found->second.copy(static_cast<char*>(bytes), size, at_);
+      at_ += count;
+      return count;
+    }
+    bool rewind() override {
+      if (files_.note(file_call::rewind, path_)) return false;
+      at_ = 0;
+      return true;
+    }
+
+   private:
+    memory_files& files_;
+    Xport::ustring path_;
+    std::size_t at_ = 0;
+  };
+
   std::size_t& failing_at(file_call what) { return failing_[static_cast<std::size_t>(what)]; }
 
   // Whether the call is one that has to fail.
@@ -154,7 +185,7 @@ class memory_files : public platform::file_system {
            folders.count(name.substr(0, separator)) != 0;
   }
 
-  std::array<std::size_t, 5> failing_{};  // calls left until one fails, 0 for none
+  std::array<std::size_t, 8> failing_{};  // calls left until one fails, 0 for none
   std::set<file_call> always_;
 };
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <locale>
+#include <memory>
 #include <stdexcept>
 
 #include "support/golden.h"
@@ -61,6 +62,65 @@ TEST_F(CharacterClass, TheLocaleIsThatOfTheConstruction) {
   use_locale("C");
   EXPECT_TRUE(after.is_space(u'\u3000'));
   EXPECT_FALSE(character_classes().is_space(u'\u3000'));
+}
+
+TEST_F(CharacterClass, ClassesOfTheClassicLocale) {
+  const character_classes classes;
+  for (unsigned number = 0; number <= 0xFFFF; ++number) {
+    const auto unit = static_cast<char16>(number);
+    const bool digit = number >= '0' && number <= '9';
+    const bool letter = (number >= 'a' && number <= 'z') || (number >= 'A' && number <= 'Z');
+    const bool space = number == ' ' || (number >= '\t' && number <= '\r');
+    EXPECT_EQ(classes.is_digit(unit), digit) << number;
+    EXPECT_EQ(classes.is_alnum(unit), digit || letter) << number;
+    EXPECT_EQ(classes.is_space_or_blank(unit), space) << number;
+    const unsigned lower = number >= 'A' && number <= 'Z' ? number + ('a' - 'A') : number;
+    EXPECT_EQ(classes.to_lower(unit), lower) << number;
+  }
+}
+
+TEST_F(CharacterClass, ClassesOfAUnicodeLocale) {
+  if (!use_locale("C.UTF-8")) GTEST_SKIP() << "there is no locale C.UTF-8";
+  const character_classes classes;
+  for (const char16 unit : {u'a', u'Z', u'0', u'\u00E9', u'\u0416', u'\u4E2D'})
+    EXPECT_TRUE(classes.is_alnum(unit)) << static_cast<unsigned>(unit);
+  for (const char16 unit : {u'\0', u' ', u'-', u'_', u':', u'\u00A0', u'\u2014', u'\u3000',
+                            static_cast<char16>(0xD83D), u'\uFFFF'})
+    EXPECT_FALSE(classes.is_alnum(unit)) << static_cast<unsigned>(unit);
+  EXPECT_TRUE(classes.is_digit(u'7'));
+  EXPECT_FALSE(classes.is_digit(u'\u0664')) << "digits of other scripts are none";
+  EXPECT_TRUE(classes.is_space_or_blank(u'\t'));
+  EXPECT_TRUE(classes.is_space_or_blank(u'\u3000'));
+  EXPECT_FALSE(classes.is_space_or_blank(u'\u00A0'));
+  EXPECT_EQ(classes.to_lower(u'\u00C9'), u'\u00E9');
+  EXPECT_EQ(classes.to_lower(u'\u0416'), u'\u0436');
+  EXPECT_EQ(classes.to_lower(u'\uFFFF'), u'\uFFFF');
+}
+
+// Answers that are kept are the same as those that were asked for, whichever class was
+// asked for first.
+TEST_F(CharacterClass, AnswersDoNotDependOnWhatWasAskedBefore) {
+  const character_classes used;
+  for (unsigned number = 0; number <= 0x1FF; ++number) {
+    const auto unit = static_cast<char16>(number);
+    for (int round = 0; round < 2; ++round) {
+      EXPECT_EQ(used.is_digit(unit), character_classes().is_digit(unit)) << number;
+      EXPECT_EQ(used.is_space(unit), character_classes().is_space(unit)) << number;
+      EXPECT_EQ(used.is_alnum(unit), character_classes().is_alnum(unit)) << number;
+      EXPECT_EQ(used.is_space_or_blank(unit), character_classes().is_space_or_blank(unit));
+    }
+  }
+}
+
+TEST_F(CharacterClass, ACopyAnswersByTheSameLocale) {
+  auto original = std::make_unique<character_classes>();
+  EXPECT_FALSE(original->is_space(u'\u3000'));
+  const character_classes copy(*original);
+  original.reset();
+  if (!use_locale("C.UTF-8")) GTEST_SKIP() << "there is no locale C.UTF-8";
+  EXPECT_FALSE(copy.is_space(u'\u3000'));
+  EXPECT_TRUE(copy.is_alnum(u'a'));
+  EXPECT_EQ(copy.to_lower(u'\u00C9'), u'\u00C9');
 }
 
 TEST_F(CharacterClass, TrimRight) {

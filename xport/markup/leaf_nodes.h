@@ -2,6 +2,7 @@
 #define XPORT_MARKUP_LEAF_NODES_H
 
 #include "xport/markup/text_leaf.h"
+#include "xport/text/character_class.h"
 
 namespace Xport {
 
@@ -16,7 +17,11 @@ class xhtml_pcdata final : public text_leaf {
   std::uint32_t category_flags() const override { return category_text; }
   void trim_trailing_space() override;
 
+  /// The same with white space as `classes` know it.
+  void trim_trailing_space(const character_classes& classes);
+
  private:
+  friend class node_maker;
   friend class xhtml_element;
   xhtml_pcdata(ustring_view text, const place& where) : text_leaf(node_type::pcdata, text, where) {}
 };
@@ -29,6 +34,9 @@ class xhtml_comment final : public text_leaf {
   /// units are left, it loses "-->" at its end. White space is cut from both ends.
   explicit xhtml_comment(ustring_view token);
 
+  /// What the constructor keeps of a token.
+  static ustring_view body(ustring_view token, const character_classes& classes);
+
   void write(xhtml_writer& writer) const override;
   xhtml_markup* clone() const override { return new xhtml_comment(*this); }
   std::uint32_t category_flags() const override { return category_inline; }
@@ -37,6 +45,7 @@ class xhtml_comment final : public text_leaf {
   virtual xhtml_comment& comment_self() { return *this; }
 
  private:
+  friend class node_maker;
   friend class xhtml_element;
   xhtml_comment(ustring_view text, const place& where)
       : text_leaf(node_type::comment, text, where) {}
@@ -50,11 +59,15 @@ class xhtml_processing_instruction final : public text_leaf {
   /// end. White space is cut from both ends.
   explicit xhtml_processing_instruction(ustring_view token);
 
+  /// What the constructor keeps of a token.
+  static ustring_view body(ustring_view token, const character_classes& classes);
+
   void write(xhtml_writer& writer) const override;
   xhtml_markup* clone() const override { return new xhtml_processing_instruction(*this); }
   std::uint32_t category_flags() const override { return category_block; }
 
  private:
+  friend class node_maker;
   friend class xhtml_element;
   xhtml_processing_instruction(ustring_view text, const place& where)
       : text_leaf(node_type::processing_instruction, text, where) {}
@@ -71,6 +84,7 @@ class xhtml_doctype_declaration final : public text_leaf {
   std::uint32_t category_flags() const override { return category_block; }
 
  private:
+  friend class node_maker;
   friend class xhtml_element;
   xhtml_doctype_declaration(ustring_view text, const place& where)
       : text_leaf(node_type::doctype, text, where) {}

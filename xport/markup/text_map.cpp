@@ -1,11 +1,25 @@
 #include "xport/markup/text_map.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <new>
 #include <stdexcept>
 
 namespace Xport {
+
+namespace {
+
+std::size_t bytes_between(const void* from, const void* to) {
+  return static_cast<std::size_t>(static_cast<const char*>(to) - static_cast<const char*>(from));
+}
+
+void check_length(ustring_view value) {
+  if (value.size() > std::numeric_limits<std::uint32_t>::max())
+    throw std::length_error("attribute value too long");
+}
+
+}  // namespace
 
 text_map_base::text_map_base(const text_map_base& other, node_pool* pool) : text_map_base(pool) {
   if (other.empty()) return;
@@ -40,12 +54,50 @@ const text_map_base::entry_head* text_map_base::find(std::int32_t key) const {
   return entry != last() && entry->key == key ? entry : nullptr;
 }
 
+void text_map_base::additions::insert(std::int32_t key, const ustring_view* value) {
+  std::size_t at = count;
+  while (at != 0 && entries[at - 1].key > key) --at;
+  if (at != 0 && entries[at - 1].key == key) return;
+  if (count == most_additions) throw std::length_error("too many different keys");
+  std::copy_backward(entries + at, entries + count, entries + count + 1);
+  entries[at] = {key, value};
+  ++count;
+}
+
 void text_map_base::assign(std::int32_t key, ustring_view value) {
-  if (value.size() > std::numeric_limits<std::uint32_t>::max())
-    throw std::length_error("attribute value too long");
+  check_length(value);
   const entry_head* const from = lower_bound(key);
   const bool present = from != last() && from->key == key;
   replace(from, present ? from->next() : from, &key, value);
+}
+
+void text_map_base::add_missing(additions& added) {
+  const entry_head* entry = first();
+  std::size_t count = 0;
+  std::size_t bytes = empty() ? sizeof(block) : block_->bytes;
+  for (std::size_t i = 0; i < added.count; ++i) {
+    const addition& next = added.entries[i];
+    while (entry != last() && entry->key < next.key) entry = entry->next();
+    if (entry != last() && entry->key == next.key) continue;
+    check_length(*next.value);
+    bytes += bytes_of(next.value->size());
+    added.entries[count++] = next;
+  }
+  if (count == 0) return;
+
+  block* const changed = make_block(bytes);
+  char* out = reinterpret_cast<char*>(changed + 1);
+  const entry_head* run = first();
+  for (const addition& next : std::span(added.entries, count)) {
+    entry = run;
+    while (entry != last() && entry->key < next.key) entry = entry->next();
+    out = put_run(out, run, entry);
+    out = put_entry(out, next.key, *next.value);
+    run = entry;
+  }
+  put_run(out, run, last());
+  clear();
+  block_ = changed;
 }
 
 bool text_map_base::erase(std::int32_t key) {
@@ -64,30 +116,30 @@ text_map_base::block* text_map_base::make_block(std::size_t bytes) {
   return new (memory) block{source, bytes};
 }
 
+// Copies the entries from `from` up to `to`.
+char* text_map_base::put_run(char* out, const entry_head* from, const entry_head* to) {
+  const std::size_t bytes = bytes_between(from, to);
+  if (bytes != 0) std::memcpy(out, from, bytes);
+  return out + bytes;
+}
+
+char* text_map_base::put_entry(char* out, std::int32_t key, ustring_view value) {
+  new (out) entry_head{key, static_cast<std::uint32_t>(value.size())};
+  if (!value.empty())
+    std::memcpy(out + sizeof(entry_head), value.data(), value.size() * sizeof(char16));
+  return out + bytes_of(value.size());
+}
+
 // Makes a block with the entries from `from` up to `to` left out and, if there is
 // a key, an entry for it in their place.
 void text_map_base::replace(const entry_head* from, const entry_head* to, const std::int32_t* key,
                             ustring_view value) {
-  const auto bytes_between = [](const entry_head* begin, const entry_head* end) {
-    return static_cast<std::size_t>(reinterpret_cast<const char*>(end) -
-                                    reinterpret_cast<const char*>(begin));
-  };
-  const std::size_t head = bytes_between(first(), from);
-  const std::size_t tail = bytes_between(to, last());
   const std::size_t entry = key != nullptr ? bytes_of(value.size()) : 0;
-
-  block* const changed = make_block(sizeof(block) + head + entry + tail);
-  char* out = reinterpret_cast<char*>(changed + 1);
-  if (head != 0) std::memcpy(out, first(), head);
-  out += head;
-  if (key != nullptr) {
-    const entry_head* const added =
-        new (out) entry_head{*key, static_cast<std::uint32_t>(value.size())};
-    if (!value.empty())
-      std::memcpy(out + sizeof(entry_head), value.data(), added->length * sizeof(char16));
-    out += entry;
-  }
-  if (tail != 0) std::memcpy(out, to, tail);
+  const std::size_t kept = bytes_between(first(), from) + bytes_between(to, last());
+  block* const changed = make_block(sizeof(block) + kept + entry);
+  char* out = put_run(reinterpret_cast<char*>(changed + 1), first(), from);
+  if (key != nullptr) out = put_entry(out, *key, value);
+  put_run(out, to, last());
   clear();
   block_ = changed;
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <span>
 
 #include "xport/markup/node_pool.h"
 #include "xport/text/char16.h"
@@ -19,6 +20,9 @@ namespace Xport {
 /// that elements have, and safe where the new value is part of an old one.
 class text_map_base {
  public:
+  /// The different keys that one change can add. No table has as many rows.
+  static constexpr std::size_t most_additions = 256;
+
   bool empty() const { return block_->bytes == 0; }
 
   /// The number of entries. Linear in it.
@@ -59,7 +63,20 @@ class text_map_base {
   const entry_head* lower_bound(std::int32_t key) const;
   const entry_head* find(std::int32_t key) const;
 
+  /// The new entries of one change in ascending key, the first of equal keys only.
+  struct addition {
+    std::int32_t key;
+    const ustring_view* value;
+  };
+  struct additions {
+    std::size_t count = 0;
+    addition entries[most_additions];
+
+    void insert(std::int32_t key, const ustring_view* value);
+  };
+
   void assign(std::int32_t key, ustring_view value);
+  void add_missing(additions& added);
   bool erase(std::int32_t key);
 
   /// A head and its units, padded so that the next head is aligned.
@@ -68,6 +85,9 @@ class text_map_base {
   }
 
  private:
+  static char* put_run(char* out, const entry_head* from, const entry_head* to);
+  static char* put_entry(char* out, std::int32_t key, ustring_view value);
+
   block* make_block(std::size_t bytes);
   void replace(const entry_head* from, const entry_head* to, const std::int32_t* key,
                ustring_view value);
@@ -130,6 +150,17 @@ class text_map : public text_map_base {
   /// Stores `value`, in place of what is there.
   void insert_or_assign(Key key, ustring_view value) {
     assign(static_cast<std::int32_t>(key), value);
+  }
+
+  /// Stores those of `entries` whose key isn't there, the first of equal keys. They
+  /// may stand in any order. However many they are, the map is made anew once, and not
+  /// at all where nothing is new. Raises std::length_error for more than `most_additions`
+  /// different keys too. Meant for few different keys: time grows with their square.
+  void insert_missing(std::span<const value_type> entries) {
+    additions added;
+    for (const value_type& entry : entries)
+      added.insert(static_cast<std::int32_t>(entry.first), &entry.second);
+    add_missing(added);
   }
 
   /// Removes the entry; false if there is none.

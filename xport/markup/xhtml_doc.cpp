@@ -46,6 +46,14 @@ xhtml_markup* xhtml_doc::body() {
   return body_;
 }
 
+descendant_markup_iterator xhtml_doc::descendant_begin() {
+  return descendant_markup_iterator(root_.begin(), &root_, true);
+}
+
+descendant_markup_iterator xhtml_doc::descendant_end() {
+  return descendant_markup_iterator(root_.end(), &root_, false);
+}
+
 void xhtml_doc::reindex() {
   html_ = head_ = title_ = body_ = stray_ = nullptr;
   for (xhtml_markup& top : root_) {

@@ -1,6 +1,7 @@
 #ifndef XPORT_MARKUP_XHTML_DOC_H
 #define XPORT_MARKUP_XHTML_DOC_H
 
+#include "xport/markup/descendant_markup_iterator.h"
 #include "xport/markup/markup_iterator.h"
 #include "xport/markup/node_pool.h"
 #include "xport/markup/xhtml_element.h"
@@ -40,6 +41,11 @@ class xhtml_doc {
 
   /// The last child of `html` that isn't an element, as reindex found it.
   xhtml_markup* stray() const { return stray_; }
+
+  /// The walk over the root and all nodes of the document, from its start to where it
+  /// is over.
+  descendant_markup_iterator descendant_begin();
+  descendant_markup_iterator descendant_end();
 
   /// Works out the known elements from the tree, for a tree that was filled
   /// through root(): the last `html`, and in any `html` the last `head`, `title`,

@@ -7,6 +7,7 @@
 
 #include "xport/markup/containment.h"
 #include "xport/markup/leaf_nodes.h"
+#include "xport/markup/make_node.h"
 #include "xport/markup/xhtml_writer.h"
 
 namespace Xport {
@@ -77,7 +78,7 @@ void xhtml_element::clear_children() noexcept {
 
 markup_iterator xhtml_element::adopt_child(xhtml_markup* node) {
   if (node == nullptr || !can_contain(*node)) return end();
-  if (node_pool* const tree_pool = pool()) tree_pool->note_adopted();
+  if (pool() != nullptr && !node->in_pool_) pool()->note_adopted();
   link(node, nullptr);
   return markup_iterator(node, this);
 }
@@ -311,31 +312,6 @@ void xhtml_element::copy_children(const xhtml_element& source) {
       into = static_cast<xhtml_element*>(into->parent_);
     }
     from = from->next_;
-  }
-}
-
-// A leaf of a pool has room for its whole text, unless that is long.
-template <class Leaf>
-Leaf* xhtml_element::make_leaf(ustring_view text) {
-  constexpr std::size_t head = sizeof(text_leaf) - sizeof(text_leaf::outside_text);
-  std::size_t bytes = sizeof(Leaf);
-  if (pool() != nullptr && text.size() <= text_leaf::longest_in_node)
-    bytes = std::max(bytes, node_pool::round_up(head + text.size() * sizeof(char16)));
-  return make_node<Leaf>(bytes, text, text_leaf::place{*this, bytes});
-}
-
-template <class Node, class... Arguments>
-Node* xhtml_element::make_node(std::size_t bytes, const Arguments&... arguments) {
-  node_pool* const tree_pool = pool();
-  void* const memory = tree_pool != nullptr ? tree_pool->allocate(bytes) : ::operator new(bytes);
-  try {
-    return new (memory) Node(arguments...);
-  } catch (...) {
-    if (tree_pool != nullptr)
-      tree_pool->release(memory, bytes);
-    else
-      ::operator delete(memory);
-    throw;
   }
 }
 

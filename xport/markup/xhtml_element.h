@@ -8,7 +8,9 @@
 
 namespace Xport {
 
+class character_classes;
 class text_leaf;
+class xhtml_parser;
 
 /// An element: a rule record, attributes, an inline style and children. The one
 /// kind of node that takes children. What XHTML 1.0 Strict doesn't permit is
@@ -34,6 +36,13 @@ class xhtml_element : public xhtml_markup {
   /// As above, with all memory of its content from `pool`, which it must not
   /// outlive.
   xhtml_element(tag_id tag, ustring_view id, ustring_view class_name, node_pool* pool);
+
+  /// An element from the text of a start tag, with its "<" and, if it has one, its
+  /// ">"; of the row "invalid tag" if no known name follows the "<". A name ends at the
+  /// first unit that isn't `alnum`, attributes follow it only behind white space. The
+  /// parser is told of an unknown name and of a "/" behind the name of an element that
+  /// takes content.
+  xhtml_element(ustring_view start_tag_text, xhtml_parser& parser);
 
   /// A deep copy on the heap. Its parent is that of `other` until it is inserted.
   xhtml_element(const xhtml_element& other);
@@ -78,6 +87,15 @@ class xhtml_element : public xhtml_markup {
   std::uint32_t category_flags() const override { return rules().category_flags; }
   bool can_contain(const xhtml_markup& node) const override;
 
+  /// Stores the attributes in `text`, what a start tag holds behind its name. Of equal
+  /// names the first counts, and what the element has already stays. Nothing tells
+  /// whether the element takes them; unknown names are dropped. The value of "style"
+  /// goes to the inline style, as by parse_style_attribute().
+  void parse_attributes(ustring_view text);
+
+  /// The same with white space as `classes` know it.
+  void parse_attributes(ustring_view text, const character_classes& classes);
+
   /// append_copy of an element with this number and nothing else, made in place.
   markup_iterator append_element(tag_id tag);
 
@@ -93,6 +111,7 @@ class xhtml_element : public xhtml_markup {
   node_pool* pool() const { return attributes_.pool(); }
 
  private:
+  friend class node_maker;
   friend class xhtml_doc;
 
   struct place {

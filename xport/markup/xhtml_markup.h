@@ -188,6 +188,7 @@ class xhtml_markup {
 
  private:
   friend class const_markup_iterator;
+  friend class node_maker;
   friend class text_leaf;
   friend class xhtml_element;
   friend class xhtml_writer;

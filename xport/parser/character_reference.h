@@ -72,6 +72,10 @@ void load_default_references(references_by_code& references);
 /// `form` in it was changed.
 void rebuild_reference_indexes(xhtml_parser& parser);
 
+/// Appends the preferred spelling of `entry` to `text`; nothing for form_none and for
+/// numbers outside the enumeration.
+void append_spelling(ustring& text, const character_reference& entry);
+
 /// Puts the preferred spelling of `entry`, nothing for form_none, in the place of
 /// the `count` units of `text` from `position` on, which must be there. Returns the
 /// index of the last unit of the spelling (position - 1 for an empty one, which

@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <istream>
+#include <memory>
+#include <optional>
 #include <ostream>
-#include <string>
 
+#include "xport/markup/node_maker.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/parser/character_reference.h"
 #include "xport/text/char16.h"
@@ -14,9 +16,6 @@
 #include "xport/vocabulary/tag_id.h"
 
 namespace Xport {
-
-class xhtml_comment;
-class xhtml_processing_instruction;
 
 /// Levels of messages: the bits of xhtml_parser::message_mask.
 enum message_level : std::uint32_t {
@@ -111,14 +110,14 @@ class xhtml_parser {
   /// `prefix` and the text from the cursor up to and with the next ">".
   ustring read_declaration(ustring_view prefix);
 
-  bool normalize_text = false;      ///< text goes through normalize_references
-  std::uint32_t message_mask = 0;   ///< the levels that are reported
-  bool preserve_newlines = false;   ///< text keeps its newlines
-  bool owns_input = false;          ///< the stream behind `input` goes with the parser
-  std::uint32_t line = 1;           ///< the current line, as far as the readers count
+  bool normalize_text = false;         ///< text goes through normalize_references
+  std::uint32_t message_mask = 0;      ///< the levels that are reported
+  bool preserve_newlines = false;      ///< text keeps its newlines
+  bool owns_input = false;             ///< the stream behind `input` goes with the parser
+  std::uint32_t line = 1;              ///< the current line, as far as the readers count
   tag_id last_tag = tag_id::doc_root;  ///< what the last reader stored
-  input_type* input;                ///< what is read
-  messages_type* messages = nullptr;  ///< where messages go, not owned; null: nowhere
+  input_type* input;                   ///< what is read
+  messages_type* messages = nullptr;   ///< where messages go, not owned; null: nowhere
   references_by_character by_character;
   references_by_code by_code;
   references_by_name by_name;
@@ -126,10 +125,37 @@ class xhtml_parser {
 
  protected:
   /// Deletes a node that a reader gave and no tree took. Null is ignored.
-  void discard(xhtml_markup* node) noexcept;
+  static void discard(xhtml_markup* node) noexcept { node_maker::discard(node); }
 
  private:
-  // see the sources
+  class tree_scope;
+  struct discarder {
+    void operator()(xhtml_markup* node) const noexcept { discard(node); }
+  };
+  using held_node = std::unique_ptr<xhtml_markup, discarder>;
+
+  unit_input units() const { return unit_input(input != nullptr ? input->rdbuf() : nullptr); }
+  bool reports(std::uint32_t level) const {
+    return messages != nullptr && (message_mask & level) != 0;
+  }
+
+  void report_encounter(const xhtml_markup& node, std::uint32_t level);
+  void report_refusal(const xhtml_markup& parent, const xhtml_markup& refused, bool passes_up);
+  void report_mismatch(const xhtml_markup& parent, const xhtml_markup& end_tag, bool passes_up);
+  bool place(xhtml_markup*& parent, held_node& current);
+  bool close(xhtml_markup& parent, held_node& current);
+  void trim_last_text(xhtml_markup& parent);
+
+  void append_run(ustring_view run);
+  std::optional<ustring_view> take_plain_text();
+  void gather_text(tag_id parent);
+  void gather_newline(bool script);
+  xhtml_markup* make_text(xhtml_markup* parent, ustring_view text);
+
+  character_classes classes_;
+  node_maker nodes_;  // for the tree that parse_children fills
+  ustring gathered_;  // what isn't whole in the input's window
+  ustring text_;      // a text that is being read
 };
 
 }  // namespace Xport

@@ -1,8 +1,38 @@
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
+#include <algorithm>
+#include <sstream>
 #include <utility>
 
+#include "xport/stylesheet/stylesheet_reader.h"
+#include "xport/text/byte_order.h"
+#include "xport/text/unit_input.h"
+
 namespace Xport {
+
+namespace {
+
+// A stream in whose place another one may be put.
+struct owned_stream {
+  explicit owned_stream(std::basic_istream<char16>* owned) : stream(owned) {}
+  owned_stream(const owned_stream&) = delete;
+  owned_stream& operator=(const owned_stream&) = delete;
+  ~owned_stream() { delete stream; }
+
+  std::basic_istream<char16>* stream;
+};
+
+ustring rest_of(unit_input input) {
+  ustring text;
+  for (ustring_view window = input.window(); !window.empty(); window = input.window()) {
+    const std::size_t count = std::min(window.find(end_unit), window.size());
+    text += window.substr(0, count);
+    input.advance(count);
+  }
+  return text;
+}
+
+}  // namespace
 
 xhtml_stylesheet::~xhtml_stylesheet() = default;
 
@@ -11,6 +41,20 @@ stylesheet_iterator xhtml_stylesheet::add_item(const xhtml_stylesheet_item& item
   if (!copy) return end();
   items_.push_back(std::move(copy));
   return --end();
+}
+
+bool xhtml_stylesheet::parse(std::unique_ptr<std::basic_istream<char16>> stream) {
+  items_.clear();
+  if (!stream) return true;
+  owned_stream source(stream.release());
+  detect_byte_order(source.stream, true);
+  if (!source.stream->fail()) read_stylesheet(*source.stream, items_);
+  return true;
+}
+
+bool xhtml_stylesheet::parse(std::basic_istream<char16>& stream) {
+  return parse(
+      std::make_unique<std::basic_istringstream<char16>>(rest_of(unit_input(stream.rdbuf()))));
 }
 
 }  // namespace Xport

@@ -2,10 +2,12 @@
 #define XPORT_STYLESHEET_XHTML_STYLESHEET_H
 
 #include <cstddef>
+#include <istream>
 #include <memory>
 #include <vector>
 
 #include "xport/stylesheet/stylesheet_items.h"
+#include "xport/text/char16.h"
 
 namespace Xport {
 
@@ -24,6 +26,34 @@ class xhtml_stylesheet {
   /// position. A neutral item can't be held: nothing is added, and the result is
   /// the end.
   stylesheet_iterator add_item(const xhtml_stylesheet_item& item);
+
+  /// Replaces the content by what is read from the text of `stream`: rules, comments and
+  /// `@import` lines. Anything else is dropped without a word, and the result is always
+  /// true. The sheet is empty for a null pointer, and for a stream that has failed. A
+  /// byte-order mark is taken out of the text first (see detect_byte_order). U+FFFF
+  /// ends the text. Units come from the stream's buffer and leave the stream's state alone.
+  ///
+  /// What is read isn't always what was written:
+  /// - A comment within a selector or a property name stands ahead of its rule. The unit
+  ///   behind it is lost, and likewise that behind a lone "/" there.
+  /// - A value of up to two units goes on behind its end, less one unit, up to the next
+  ///   ";" or "}": `margin: 0; padding: 1px;` gives `margin` the value `0padding: 1px`.
+  /// - A quote at the end of a longer value is lost, and one behind its end; one at its
+  ///   beginning stays.
+  /// - A property that isn't in the table is dropped with its value.
+  /// - An import is the next word without its first four units, and without quotes,
+  ///   parentheses and semicolons at its end; a word below nine units is none.
+  ///
+  /// A text that ends within a rule is never done with: parse doesn't return, unless by
+  /// an exception of the stream's buffer. It takes no more memory meanwhile.
+  ///
+  /// What the buffer raises and std::bad_alloc pass through; the sheet then holds the
+  /// items that were complete.
+  bool parse(std::unique_ptr<std::basic_istream<char16>> stream);
+
+  /// Copies all that is left in the buffer of `stream`, whatever the stream's state, and
+  /// parses the copy. If copying raises an exception, the sheet is as it was.
+  bool parse(std::basic_istream<char16>& stream);
 
   stylesheet_iterator begin() { return stylesheet_iterator(items_.begin()); }
   stylesheet_iterator end() { return stylesheet_iterator(items_.end()); }

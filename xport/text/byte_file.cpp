@@ -4,4 +4,6 @@ namespace Xport {
 
 byte_output::~byte_output() = default;
 
+byte_input::~byte_input() = default;
+
 }  // namespace Xport

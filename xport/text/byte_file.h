@@ -23,6 +23,25 @@ class byte_output {
   virtual bool close() = 0;
 };
 
+/// A file opened for reading, in the same way.
+class byte_input {
+ public:
+  byte_input() = default;
+  byte_input(const byte_input&) = delete;
+  byte_input& operator=(const byte_input&) = delete;
+
+  /// Closes the file.
+  virtual ~byte_input();
+
+  /// Reads the next `size` bytes into `bytes` and gives their number, which is
+  /// smaller at the end of the file and where it can't be read only; 0 if there is
+  /// nothing.
+  virtual std::size_t read(void* bytes, std::size_t size) = 0;
+
+  /// Goes back to the first byte; false if that can't be done, as in a pipe.
+  virtual bool rewind() = 0;
+};
+
 }  // namespace Xport
 
 #endif

@@ -1,7 +1,8 @@
 #include "xport/text/byte_order.h"
 
+#include <algorithm>
+#include <ios>
 #include <sstream>
-#include <utility>
 
 #include "xport/text/character_class.h"
 #include "xport/text/unit_input.h"
@@ -17,16 +18,35 @@ constexpr char16 big_endian_mark = 0xFFFE;
 constexpr char16 utf8_mark = 0xBBEF;
 constexpr char16 utf8_mark_swapped = 0xEFBB;
 
-// What formatted extraction would give next, left in the input. The standard
-// library's own needs facets that no locale has for 16-bit units.
-char16 look_ahead(std::basic_istream<char16>& stream) {
-  unit_input input(stream.rdbuf());
-  if ((stream.flags() & std::ios_base::skipws) != 0) {
-    const character_classes classes;
-    while (!input.at_end() && classes.is_space(input.peek())) input.advance();
+void skip_space(unit_input input) {
+  const character_classes classes;
+  while (!input.at_end() && classes.is_space(input.peek())) input.advance();
+}
+
+// What is being handled goes on its way only if the stream's owner wants it to.
+void note_exception(std::basic_istream<char16>& stream) {
+  try {
+    stream.setstate(std::ios_base::badbit);
+  } catch (const std::ios_base::failure&) {  // what went wrong tells more
   }
-  if (input.at_end()) stream.setstate(std::ios_base::eofbit | std::ios_base::failbit);
-  return input.peek();
+  if ((stream.exceptions() & std::ios_base::badbit) != 0) throw;
+}
+
+// What formatted extraction would give next, left in the input; `end_unit` if the
+// stream isn't good afterwards. The standard library's own needs facets that no
+// locale has for 16-bit units.
+char16 look_ahead(std::basic_istream<char16>& stream) {
+  const unit_input input(stream.rdbuf());
+  char16 unit = end_unit;
+  try {
+    if ((stream.flags() & std::ios_base::skipws) != 0) skip_space(input);
+    unit = input.peek();
+  } catch (...) {
+    note_exception(stream);
+    return end_unit;
+  }
+  if (unit == end_unit) stream.setstate(std::ios_base::eofbit | std::ios_base::failbit);
+  return unit;
 }
 
 void skip_second_unit(std::basic_istream<char16>& stream, char16 expected) {
@@ -48,10 +68,8 @@ ustring read_swapped(unit_input input) {
 
 void detect_byte_order(std::basic_istream<char16>*& stream, bool owns_stream) {
   if (!stream->good()) return;
-  const char16 first = look_ahead(*stream);
-  if (!stream->good()) return;
   unit_input input(stream->rdbuf());
-  switch (first) {
+  switch (look_ahead(*stream)) {
     case 0:
       input.advance();
       skip_second_unit(*stream, big_endian_mark);

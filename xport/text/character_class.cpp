@@ -6,15 +6,12 @@ namespace Xport {
 
 character_classes::character_classes() : facet_(&std::use_facet<std::ctype<wchar_t>>(locale_)) {}
 
-std::uint8_t character_classes::ask(char16 unit) const {
-  const auto has = [this, unit](std::ctype_base::mask mask, unsigned bit) {
-    return facet_->is(mask, static_cast<wchar_t>(unit)) ? bit : 0U;
+unsigned character_classes::ask(unsigned classes, char16 unit) const {
+  const auto has = [&](std::ctype_base::mask mask, unsigned bit) {
+    return (classes & bit) != 0 && facet_->is(mask, static_cast<wchar_t>(unit)) ? bit : 0U;
   };
-  const auto classes = static_cast<std::uint8_t>(
-      known | has(std::ctype_base::space, space) | has(std::ctype_base::blank, blank) |
-      has(std::ctype_base::alnum, alnum) | has(std::ctype_base::digit, digit));
-  if (unit < kept_.size()) kept_[unit] = classes;
-  return classes;
+  return has(std::ctype_base::space, space) | has(std::ctype_base::blank, blank) |
+         has(std::ctype_base::alnum, alnum) | has(std::ctype_base::digit, digit);
 }
 
 char16 character_classes::to_lower(char16 unit) const {

@@ -40,13 +40,17 @@ class character_classes {
   ustring_view trim(ustring_view text) const;
 
  private:
-  enum : std::uint8_t { space = 1, blank = 2, alnum = 4, digit = 8, known = 16 };
+  enum : unsigned { space = 1, blank = 2, alnum = 4, digit = 8, all = 15, known = 16 };
 
   bool is(unsigned classes, char16 unit) const {
-    const std::uint8_t kept = unit < kept_.size() ? kept_[unit] : 0;
-    return ((kept != 0 ? kept : ask(unit)) & classes) != 0;
+    if (unit >= kept_.size()) return ask(classes, unit) != 0;
+    std::uint8_t& kept = kept_[unit];
+    if (kept == 0) kept = static_cast<std::uint8_t>(known | ask(all, unit));
+    return (kept & classes) != 0;
   }
-  std::uint8_t ask(char16 unit) const;
+
+  // Those of `classes` that the unit belongs to.
+  unsigned ask(unsigned classes, char16 unit) const;
 
   std::locale locale_;
   const std::ctype<wchar_t>* facet_;

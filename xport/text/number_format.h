@@ -2,15 +2,17 @@
 #define XPORT_TEXT_NUMBER_FORMAT_H
 
 #include <charconv>
-#include <cstdint>
+#include <concepts>
+#include <limits>
 
 #include "xport/text/char16.h"
 
 namespace Xport {
 
 /// `number` in decimal, with a "-" in front where it is negative.
-inline ustring to_ustring(std::int32_t number) {
-  char digits[11];  // "-2147483648"
+template <std::integral Number>
+ustring to_ustring(Number number) {
+  char digits[std::numeric_limits<Number>::digits10 + 2];  // one more digit, and the sign
   char* const end = std::to_chars(digits, digits + sizeof(digits), number).ptr;
   return ustring(digits, end);
 }

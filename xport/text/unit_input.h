@@ -15,9 +15,11 @@ namespace Xport {
 /// over it.
 inline constexpr char16 end_unit = 0xFFFF;
 
-/// Takes units out of a stream buffer, past the stream and its state. It keeps
-/// nothing of its own, so the buffer's position is always where this one is, and
+/// Takes units out of a stream buffer, past the stream and its state. What it shows
+/// is still in the buffer, so the buffer's position is always where this one is, and
 /// whoever reads from the buffer in between goes on from there.
+///
+/// What the buffer raises passes through.
 class unit_input {
  public:
   using buffer_type = std::basic_streambuf<char16>;
@@ -25,41 +27,69 @@ class unit_input {
   /// On `buffer`, which must outlive this object; null is an input at its end.
   explicit unit_input(buffer_type* buffer) : buffer_(buffer) {}
 
-  /// The next unit, `end_unit` at the end. What the buffer raises passes through.
+  /// The next unit, `end_unit` at the end.
   char16 peek() const {
-    return buffer_ != nullptr ? static_cast<char16>(buffer_->sgetc()) : end_unit;
+    if (buffer_ == nullptr) return end_unit;
+    if (access::count(*buffer_) == 0) return look();
+    return *access::next(*buffer_);
   }
 
   bool at_end() const { return peek() == end_unit; }
 
-  /// The units that the buffer has at hand, from the next one on; empty at the end.
-  /// `end_unit` may stand behind the first. Valid until more is asked for.
+  /// The units that can be seen from the next one on, at least one; empty at the end.
+  /// `end_unit` may stand behind the first. Valid until more is asked for, at most as
+  /// long as this object.
   ustring_view window() const {
-    if (at_end()) return {};
-    const char16* const next = access::next(*buffer_);
-    return {next, static_cast<std::size_t>(access::end(*buffer_) - next)};
+    const char16 next = peek();
+    if (next == end_unit) return {};
+    const std::size_t count = access::count(*buffer_);
+    if (count != 0) return {access::next(*buffer_), count};
+    lone_ = next;
+    return {&lone_, 1};
   }
 
   /// Moves over `count` units of the window.
   void advance(std::size_t count) {
     constexpr std::size_t most = std::numeric_limits<int>::max();
-    for (; count > most; count -= most) access::bump(*buffer_, static_cast<int>(most));
-    access::bump(*buffer_, static_cast<int>(count));
+    while (count != 0) {
+      const std::size_t part = std::min({count, access::count(*buffer_), most});
+      if (part == 0) {
+        advance();
+        --count;
+      } else {
+        access::bump(*buffer_, static_cast<int>(part));
+        count -= part;
+      }
+    }
   }
 
-  /// Moves over the next unit, of which there must be one.
-  void advance() { buffer_->sbumpc(); }
+  /// Moves over the next unit; at the end it stays.
+  void advance() {
+    if (!at_end()) access::bump(*buffer_, 1);
+  }
 
  private:
   // A stream buffer shows its window to derived classes only. Through pointers to
   // its members it can be had of any buffer, so that none has to be copied first.
   struct access : buffer_type {
     static const char16* next(const buffer_type& buffer) { return (buffer.*&access::gptr)(); }
-    static const char16* end(const buffer_type& buffer) { return (buffer.*&access::egptr)(); }
+    static std::size_t count(const buffer_type& buffer) {
+      return static_cast<std::size_t>((buffer.*&access::egptr)() - next(buffer));
+    }
     static void bump(buffer_type& buffer, int count) { (buffer.*&access::gbump)(count); }
   };
 
+  // The answer of a look can't be taken for the unit where there is a window: the
+  // standard library may answer with another unit than U+FFFF, lest it be taken for
+  // the end.
+  char16 look() const {
+    const auto answer = buffer_->sgetc();
+    if (access::count(*buffer_) != 0) return *access::next(*buffer_);
+    return static_cast<char16>(answer);
+  }
+
   buffer_type* buffer_;
+  mutable char16 lone_ = end_unit;  // the window of a buffer that has none
 };
 
 }  // namespace Xport

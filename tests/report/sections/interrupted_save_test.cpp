@@ -33,6 +33,9 @@ class raising_files final : public file_system {
   std::unique_ptr<Xport::byte_output> open_for_writing(const ustring& path) override {
     return through([&] { return disk_.open_for_writing(path); });
   }
+  std::unique_ptr<Xport::byte_input> open_for_reading(const ustring& path) override {
+    return through([&] { return disk_.open_for_reading(path); });
+  }
   bool copy_file(const ustring& from, const ustring& to) override {
     return through([&] { return disk_.copy_file(from, to); });
   }
@@ -188,6 +191,9 @@ class failing_files : public file_system {
   }
   std::unique_ptr<Xport::byte_output> open_for_writing(const ustring& path) override {
     return disk_.open_for_writing(path);
+  }
+  std::unique_ptr<Xport::byte_input> open_for_reading(const ustring& path) override {
+    return disk_.open_for_reading(path);
   }
   bool copy_file(const ustring& from, const ustring& to) override {
     return copies && disk_.copy_file(from, to);

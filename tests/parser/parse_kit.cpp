@@ -1,0 +1,165 @@
+#include "parser/parse_kit.h"
+
+#include <istream>
+#include <sstream>
+
+#include "support/dribble_buffer.h"
+#include "support/tree_check.h"
+#include "xport/markup/text_leaf.h"
+#include "xport/text/ustring_stream.h"
+
+namespace test {
+
+namespace {
+
+using Xport::tag_id;
+using Xport::xhtml_element;
+using Xport::xhtml_markup;
+
+std::string head_of(const xhtml_element& element) {
+  std::string text = printable(element.tag_name());
+  std::string attributes;
+  for (const auto& [id, value] : *element.attributes())
+    attributes += (attributes.empty() ? "" : " ") +
+                  printable(Xport::xhtml_strict::attribute_name(id)) + "=\"" + printable(value) +
+                  "\"";
+  if (!attributes.empty()) text += "[" + attributes + "]";
+  std::string style;
+  for (const auto& [id, value] : *element.style_properties())
+    style += printable(Xport::xhtml_strict::css_property_name(id)) + ":" + printable(value) + ";";
+  if (!style.empty()) text += "{" + style + "}";
+  return text;
+}
+
+std::string leaf_text(const xhtml_markup& node) {
+  const std::string text = printable(static_cast<const Xport::text_leaf&>(node).text());
+  switch (node.type()) {
+    case Xport::node_type::doctype:
+      return "!" + text + "!";
+    case Xport::node_type::comment:
+      return "#" + text + "#";
+    case Xport::node_type::processing_instruction:
+      return "?" + text + "?";
+    default:
+      return "'" + text + "'";
+  }
+}
+
+// The element at the end of `path` below `root`.
+xhtml_markup* receiver_in(xhtml_markup& root, const std::vector<tag_id>& path) {
+  xhtml_markup* receiver = &root;
+  for (const tag_id tag : path) receiver = &*append_element(*receiver, tag);
+  return receiver;
+}
+
+parse_result parse_into(xhtml_markup& root, std::basic_streambuf<Xport::char16>& buffer,
+                        const parse_case& how) {
+  xhtml_markup* const receiver = receiver_in(root, how.path);
+  std::basic_istream<Xport::char16> input(&buffer);
+  Xport::ustring_stream messages;
+  Xport::xhtml_parser parser(&input);
+  parser.normalize_text = how.normalize_text;
+  parser.message_mask = how.message_mask;
+  parser.preserve_newlines = how.preserve_newlines;
+  if (how.message_mask != 0) parser.messages = &messages;
+  load_default_references(parser.references);
+  rebuild_reference_indexes(parser);
+
+  const std::unique_ptr<xhtml_markup> returned(parser.parse_children(receiver));
+  EXPECT_TRUE(is_intact(root));
+  parse_result result;
+  result.children = outline_with_attributes(*receiver);
+  if (returned) result.returned = printable(returned->tag_name());
+  result.messages = printable(messages.str());
+  result.line = parser.line;
+  result.last_tag = parser.last_tag;
+  Xport::unit_input rest(&buffer);
+  for (; !rest.at_end(); rest.advance()) {
+    const Xport::char16 unit = rest.peek();
+    result.rest += printable({&unit, 1});
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string outline_with_attributes(const xhtml_markup& node) {
+  std::string text;
+  const xhtml_markup* parent = &node;
+  Xport::const_markup_iterator at = node.begin();
+  while (true) {
+    if (at.cell() == nullptr) {
+      if (parent == &node) return text;
+      text += ")";
+      at = ++Xport::const_markup_iterator(parent, parent->parent());
+      parent = parent->parent();
+      continue;
+    }
+    if (at != parent->begin()) text += " ";
+    if (at->type() != Xport::node_type::element) {
+      text += leaf_text(*at);
+      ++at;
+      continue;
+    }
+    text += head_of(static_cast<const xhtml_element&>(*at));
+    if (at->begin().cell() == nullptr) {
+      ++at;
+      continue;
+    }
+    text += "(";
+    parent = at.cell();
+    at = parent->begin();
+  }
+}
+
+parse_result parse(Xport::ustring_view text, const parse_case& how) {
+  Xport::xhtml_doc doc(0);
+  std::basic_stringbuf<Xport::char16> whole((Xport::ustring(text)));
+  const parse_result result = parse_into(*doc.root(), whole, how);
+
+  Xport::xhtml_doc other(0);
+  dribble_buffer single(text, 1);
+  const parse_result dribbled = parse_into(*other.root(), single, how);
+  EXPECT_EQ(result.children, dribbled.children) << "one unit at a time";
+  EXPECT_EQ(result.messages, dribbled.messages) << "one unit at a time";
+  EXPECT_EQ(result, dribbled) << "one unit at a time";
+
+  xhtml_element root(tag_id::doc_root, {}, {});
+  dribble_buffer few(text, 3);
+  EXPECT_EQ(result, parse_into(root, few, how)) << "into an element on the heap";
+  return result;
+}
+
+std::string in_div(Xport::ustring_view text) { return parse(text).children; }
+
+std::string in_p(Xport::ustring_view text) {
+  parse_case how;
+  how.path = {tag_id::html, tag_id::body, tag_id::p};
+  return parse(text, how).children;
+}
+
+std::string in_body(Xport::ustring_view text) {
+  parse_case how;
+  how.path = {tag_id::html, tag_id::body};
+  return parse(text, how).children;
+}
+
+std::string in_root(Xport::ustring_view text) {
+  parse_case how;
+  how.path = {};
+  return parse(text, how).children;
+}
+
+std::string messages_of(Xport::ustring_view text, std::uint32_t mask,
+                        const std::vector<tag_id>& path) {
+  parse_case how;
+  how.message_mask = mask;
+  how.path = path;
+  return parse(text, how).messages;
+}
+
+std::string message(unsigned line, const std::string& text) {
+  return "line #" + std::to_string(line) + ":\n" + text + "\n";
+}
+
+}  // namespace test

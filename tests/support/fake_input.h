@@ -1,0 +1,63 @@
+#ifndef TESTS_SUPPORT_FAKE_INPUT_H
+#define TESTS_SUPPORT_FAKE_INPUT_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "xport/text/byte_file.h"
+#include "xport/text/char16.h"
+
+namespace test {
+
+/// `text` as the bytes of a file, the least significant one of each unit first.
+inline std::string file_bytes(Xport::ustring_view text) {
+  std::string bytes;
+  for (const unsigned unit : text) {
+    bytes += static_cast<char>(unit & 0xFF);
+    bytes += static_cast<char>(unit >> 8);
+  }
+  return bytes;
+}
+
+/// What a fake_input gives, what it was asked for, and what it is to refuse. Outlives
+/// the file.
+struct input_record {
+  std::string bytes;
+  std::vector<std::size_t> reads;  ///< the size that each read asked for
+  int rewinds = 0;                 ///< failed ones too
+  int deaths = 0;
+  std::size_t failing_read = 0;  ///< the number of the read that fails, from 1; 0: none
+  bool fail_rewind = false;
+};
+
+/// A file in memory that is read and can be told to fail. A failing read gives nothing,
+/// and the one behind it what that should have given.
+class fake_input : public Xport::byte_input {
+ public:
+  explicit fake_input(input_record& record) : record_(record) {}
+  ~fake_input() override { ++record_.deaths; }
+
+  std::size_t read(void* bytes, std::size_t size) override {
+    record_.reads.push_back(size);
+    if (record_.reads.size() == record_.failing_read) return 0;
+    const std::size_t count = record_.bytes.copy(static_cast<char*>(bytes), size, at_);
+    at_ += count;
+    return count;
+  }
+
+  bool rewind() override {
+    ++record_.rewinds;
+    if (record_.fail_rewind) return false;
+    at_ = 0;
+    return true;
+  }
+
+ private:
+  input_record& record_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace test
+
+#endif

@@ -1,0 +1,423 @@
+#include "xport/text/byte_order.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <ios>
+#include <istream>
+#include <locale>
+#include <memory>
+#include <ostream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "support/fake_input.h"
+#include "support/golden.h"
+#include "support/unit_buffers.h"
+#include "xport/text/file_input_stream.h"
+#include "xport/text/unit_input.h"
+
+namespace {
+
+using test::same_units;
+using Xport::char16;
+using Xport::detect_byte_order;
+using Xport::ustring;
+using Xport::ustring_view;
+
+using input_stream = std::basic_istream<char16>;
+using string_stream = std::basic_istringstream<char16>;
+
+constexpr auto good = std::ios_base::goodbit;
+constexpr auto ended = std::ios_base::eofbit | std::ios_base::failbit;
+
+enum class source_kind { string, one_unit, unbuffered, file };
+
+// A stream on a text, in one of the ways in which buffers hand out their units.
+class source {
+ public:
+  source(source_kind kind, const ustring& text) {
+    switch (kind) {
+      case source_kind::string:
+        stream_ = std::make_unique<string_stream>(text);
+        break;
+      case source_kind::one_unit:
+        take(std::make_unique<test::one_unit_buffer>(text));
+        break;
+      case source_kind::unbuffered:
+        take(std::make_unique<test::unbuffered_buffer>(text));
+        break;
+      case source_kind::file: {
+        record_.bytes = test::file_bytes(text);
+        auto file = std::make_unique<Xport::file_input_stream>();
+        file->open(std::make_unique<test::fake_input>(record_));
+        stream_ = std::move(file);
+        break;
+      }
+    }
+  }
+
+  input_stream& stream() { return *stream_; }
+
+ private:
+  void take(std::unique_ptr<test::unit_buffer> buffer) {
+    buffer_ = std::move(buffer);
+    stream_ = std::make_unique<input_stream>(buffer_.get());
+  }
+
+  test::input_record record_;
+  std::unique_ptr<test::unit_buffer> buffer_;
+  std::unique_ptr<input_stream> stream_;
+};
+
+ustring rest_of(input_stream& stream) {
+  ustring text;
+  for (Xport::unit_input input(stream.rdbuf()); !input.at_end(); input.advance())
+    text += input.peek();
+  return text;
+}
+
+class ByteOrder : public testing::TestWithParam<source_kind> {
+ protected:
+  // What is left behind an input that stays where it is, and the state it gets.
+  static void expect_rest(const ustring& text, ustring_view rest, std::ios_base::iostate state) {
+    SCOPED_TRACE(test::printable(text));
+    source input(GetParam(), text);
+    input_stream* stream = &input.stream();
+    detect_byte_order(stream, false);
+    ASSERT_EQ(stream, &input.stream());
+    EXPECT_EQ(stream->rdstate(), state);
+    EXPECT_TRUE(same_units(rest_of(*stream), rest));
+  }
+
+  // The text of the new stream that takes the place of a big-endian input.
+  static void expect_swapped(const ustring& text, ustring_view swapped) {
+    SCOPED_TRACE(test::printable(text));
+    source input(GetParam(), text);
+    input_stream* stream = &input.stream();
+    detect_byte_order(stream, false);
+    ASSERT_NE(stream, &input.stream());
+    const std::unique_ptr<input_stream> made(stream);
+    EXPECT_TRUE(made->good());
+    EXPECT_TRUE(same_units(rest_of(*made), swapped));
+    EXPECT_TRUE(input.stream().good());
+    EXPECT_TRUE(same_units(rest_of(input.stream()), u"")) << "all was read";
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Sources, ByteOrder,
+    testing::Values(source_kind::string, source_kind::one_unit, source_kind::unbuffered,
+                    source_kind::file),
+    [](const auto& info) {
+      static const char* const names[] = {"String", "OneUnit", "Unbuffered", "File"};
+      return names[static_cast<std::size_t>(info.param)];
+    });
+
+TEST_P(ByteOrder, AnEmptyInputFailsTheRead) {
+  expect_rest(u"", u"", ended);
+  expect_rest(u" \t\r\n", u"", ended);
+}
+
+TEST_P(ByteOrder, WithoutAMarkTheFirstUnitIsPutBack) {
+  expect_rest(u"<html>", u"<html>", good);
+  expect_rest(u"a", u"a", good);
+  expect_rest(u"a \uFEFF", u"a \uFEFF", good);
+  expect_rest(u"\uFFFD", u"\uFFFD", good);
+  expect_rest(u"\u0001", u"\u0001", good);
+  expect_rest(ustring(1, char16(0xD800)), ustring(1, char16(0xD800)), good);
+}
+
+TEST_P(ByteOrder, WhiteSpaceInFrontIsLost) {
+  expect_rest(u" \t\n\v\f\r<html>", u"<html>", good);
+  expect_rest(u"\n \uFEFFa", u"a", good);
+  expect_rest(u" \uBBEFa", u"a", good);
+  expect_rest(ustring(u" \0a", 3), u"a", good);
+  expect_rest(ustring(100000, u' ') + u"a", u"a", good);
+}
+
+TEST_P(ByteOrder, AZeroGoesInAnyCase) {
+  expect_rest(ustring(u"\0a", 2), u"a", good);
+  expect_rest(ustring(u"\0\0a", 3), ustring(u"\0a", 2), good);
+  expect_rest(ustring(u"\0\0\uFFFEa", 4), ustring(u"\0\uFFFEa", 3), good);
+  expect_rest(ustring(u"\0\uFEFFa", 3), u"\uFEFFa", good);
+  expect_rest(ustring(u"\0 \t a", 5), u"a", good);
+}
+
+TEST_P(ByteOrder, ABigEndianMarkOf32BitsGoes) {
+  expect_rest(ustring(u"\0\uFFFEa", 3), u"a", good);
+  expect_rest(ustring(u"\0\uFFFE", 2), u"", good);
+  expect_rest(ustring(u"\0\uFFFE a", 4), u" a", good);
+  expect_rest(ustring(u"\0\n \uFFFEa", 5), u"a", good);
+  expect_rest(ustring(u"\0\uFFFE\0\uFFFE", 4), ustring(u"\0\uFFFE", 2), good);
+}
+
+TEST_P(ByteOrder, AZeroAloneFailsTheSecondRead) {
+  expect_rest(ustring(u"\0", 1), u"", ended);
+  expect_rest(ustring(u"\0 \n", 3), u"", ended);
+}
+
+TEST_P(ByteOrder, AMarkOfUtf8GoesInEitherOrder) {
+  for (const char16 mark : {u'\uBBEF', u'\uEFBB'}) {
+    expect_rest(ustring(1, mark), u"", good);
+    expect_rest(ustring(1, mark) + u"ab", u"ab", good);
+    expect_rest(ustring(1, mark) + u" ab", u" ab", good);
+    expect_rest(ustring(2, mark), ustring(1, mark), good);
+    expect_rest(ustring(1, mark) + u"\uFEFFa", u"\uFEFFa", good);
+  }
+}
+
+TEST_P(ByteOrder, ALittleEndianMarkGoes) {
+  expect_rest(u"\uFEFF<html>", u"<html>", good);
+  expect_rest(u"\uFEFF\uFEFFa", u"\uFEFFa", good);
+  expect_rest(u"\uFEFF\uFFFEa", u"\uFFFEa", good);
+}
+
+TEST_P(ByteOrder, ALittleEndianMarkOf32BitsGoes) {
+  expect_rest(ustring(u"\uFEFF\0a", 3), u"a", good);
+  expect_rest(ustring(u"\uFEFF\0", 2), u"", good);
+  expect_rest(ustring(u"\uFEFF\0 a", 4), u" a", good);
+  expect_rest(ustring(u"\uFEFF\0\0", 3), ustring(u"\0", 1), good);
+  expect_rest(ustring(u"\uFEFF \0a", 4), u"a", good);
+}
+
+TEST_P(ByteOrder, WhiteSpaceBehindALittleEndianMarkIsLost) {
+  expect_rest(u"\uFEFF \t\r\n<html> ", u"<html> ", good);
+}
+
+TEST_P(ByteOrder, ALittleEndianMarkAloneFailsTheSecondRead) {
+  expect_rest(u"\uFEFF", u"", ended);
+  expect_rest(u"\uFEFF\r\n", u"", ended);
+}
+
+TEST_P(ByteOrder, ABigEndianInputIsSwapped) {
+  expect_swapped(u"\uFFFE\u3C00\u6100\u3E00", u"<a>");
+  expect_swapped(u"\uFFFE\u0102\u0201\u00FF\uFF00", u"\u0201\u0102\uFF00\u00FF");
+  expect_swapped(ustring(u"\uFFFE\0\u0100", 3), ustring(u"\0\u0001", 2));
+  expect_swapped(u"\uFFFE", u"");
+  expect_swapped(u" \n\uFFFE\u6100", u"a");
+}
+
+TEST_P(ByteOrder, WhiteSpaceBehindABigEndianMarkIsKept) {
+  expect_swapped(u"\uFFFE\u2000\u0A00\u6100\u2000", u" \na ");
+  expect_swapped(u"\uFFFE a", u"\u2000\u6100");
+}
+
+TEST_P(ByteOrder, ASecondMarkOfABigEndianInputIsText) {
+  expect_swapped(u"\uFFFE\uFFFE\u6100", u"\uFEFFa");
+  expect_swapped(u"\uFFFE\uFEFF", u"\uFFFE");
+}
+
+TEST_P(ByteOrder, EveryUnitIsSwapped) {
+  ustring text = u"\uFFFE";
+  ustring expected;
+  for (unsigned high = 0; high <= 0xFF; ++high)
+    for (unsigned low = 0; low <= 0xFF; ++low) {
+      if (high == 0xFF && low == 0xFF) continue;
+      text += static_cast<char16>(high * 256 + low);
+      expected += static_cast<char16>(low * 256 + high);
+    }
+  expect_swapped(text, expected);
+}
+
+TEST_P(ByteOrder, AUnit65535IsTheEnd) {
+  expect_rest(u"\uFFFFa", u"", ended);
+  expect_rest(u" \uFFFFa", u"", ended);
+  expect_rest(ustring(u"\0\uFFFF\uFFFE", 3), u"", ended);
+  expect_rest(u"\uFEFF \uFFFFa", u"", ended);
+  expect_rest(u"ab\uFFFFc", u"ab", good);
+}
+
+TEST_P(ByteOrder, AUnit65535EndsABigEndianInput) {
+  expect_swapped(u"\uFFFE\u6100\u6200\uFFFF\u6300", u"ab");
+  expect_swapped(u"\uFFFE\uFFFF\u6300", u"");
+}
+
+TEST_P(ByteOrder, AStreamThatIsNotGoodIsLeftAlone) {
+  for (const auto state : {std::ios_base::eofbit, std::ios_base::failbit, std::ios_base::badbit}) {
+    source input(GetParam(), u" \uFFFE\u6100");
+    input_stream* stream = &input.stream();
+    stream->setstate(state);
+    detect_byte_order(stream, true);
+    ASSERT_EQ(stream, &input.stream());
+    EXPECT_EQ(stream->rdstate(), state);
+    EXPECT_TRUE(same_units(rest_of(*stream), u" \uFFFE\u6100"));
+  }
+}
+
+TEST_P(ByteOrder, AStreamThatSkipsNoWhiteSpaceKeepsIt) {
+  for (const ustring text : {u" \uFEFFa", u"\uFEFF a"}) {
+    source input(GetParam(), text);
+    input_stream* stream = &input.stream();
+    stream->unsetf(std::ios_base::skipws);
+    detect_byte_order(stream, false);
+    ASSERT_EQ(stream, &input.stream());
+    EXPECT_TRUE(stream->good());
+    EXPECT_TRUE(same_units(rest_of(*stream), text[0] == u' ' ? text : u" a"));
+  }
+}
+
+TEST(ByteOrderRead, WhiteSpaceIsThatOfTheGlobalLocale) {
+  const auto rest = [] {
+    string_stream input(u"\u3000\u2003\uFEFF\u3000a");
+    input_stream* stream = &input;
+    detect_byte_order(stream, false);
+    return rest_of(input);
+  };
+  EXPECT_TRUE(same_units(rest(), u"\u3000\u2003\uFEFF\u3000a"));
+  const std::locale before;
+  try {
+    std::locale::global(std::locale("C.UTF-8"));
+  } catch (const std::runtime_error&) {
+    GTEST_SKIP() << "there is no locale C.UTF-8";
+  }
+  const ustring found = rest();
+  std::locale::global(before);
+  EXPECT_TRUE(same_units(found, u"a"));
+}
+
+TEST(ByteOrderRead, NothingMovesOverAUnit65535) {
+  string_stream input(u" \uFFFFa");
+  input_stream* stream = &input;
+  detect_byte_order(stream, false);
+  EXPECT_EQ(input.rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::in), 1);
+}
+
+TEST(ByteOrderRead, StartsWhereTheStreamStands) {
+  string_stream input(u"xy\uFEFFa");
+  input.seekg(2);
+  input_stream* stream = &input;
+  detect_byte_order(stream, false);
+  EXPECT_TRUE(same_units(rest_of(input), u"a"));
+}
+
+TEST(ByteOrderRead, ABigEndianFileReadsLikeALittleEndianOne) {
+  ustring text = u"<p>";
+  for (unsigned i = 0; i < 3 * Xport::file_input_buffer::block_units; ++i)
+    text += static_cast<char16>(0x20 + i % 0xD000);
+  std::string big_endian = "\xFE\xFF";
+  for (const unsigned unit : text) {
+    big_endian += static_cast<char>(unit >> 8);
+    big_endian += static_cast<char>(unit & 0xFF);
+  }
+  for (const std::string& bytes :
+       {big_endian, big_endian + '<', test::file_bytes(u"\uFEFF" + text)}) {
+    test::input_record record;
+    record.bytes = bytes;
+    auto file = std::make_unique<Xport::file_input_stream>();
+    file->open(std::make_unique<test::fake_input>(record));
+    input_stream* stream = file.release();
+    detect_byte_order(stream, true);
+    const std::unique_ptr<input_stream> owned(stream);
+    EXPECT_TRUE(same_units(rest_of(*stream), text));
+  }
+}
+
+TEST(ByteOrderRead, PlainTextIsReadAsPairsOfBytes) {
+  test::input_record record;
+  record.bytes = "\xEF\xBB\xBF<p>";
+  Xport::file_input_stream file;
+  file.open(std::make_unique<test::fake_input>(record));
+  input_stream* stream = &file;
+  detect_byte_order(stream, false);
+  ASSERT_EQ(stream, &file);
+  EXPECT_TRUE(same_units(rest_of(file), u"\u3CBF\u3E70"));
+}
+
+// Counts its deaths.
+class mortal_stream : public string_stream {
+ public:
+  mortal_stream(const ustring& text, int& deaths) : string_stream(text), deaths_(deaths) {}
+  ~mortal_stream() override { ++deaths_; }
+
+ private:
+  int& deaths_;
+};
+
+TEST(ByteOrderOwner, AnOwnedBigEndianStreamIsDeletedAndReplaced) {
+  int deaths = 0;
+  input_stream* stream = new mortal_stream(u"\uFFFE\u6100", deaths);
+  detect_byte_order(stream, true);
+  EXPECT_EQ(deaths, 1);
+  const std::unique_ptr<input_stream> made(stream);
+  EXPECT_TRUE(made->good());
+  EXPECT_TRUE(same_units(rest_of(*made), u"a"));
+}
+
+TEST(ByteOrderOwner, ABigEndianStreamOfOthersStays) {
+  int deaths = 0;
+  mortal_stream old(u"\uFFFE\u6100", deaths);
+  input_stream* stream = &old;
+  detect_byte_order(stream, false);
+  EXPECT_NE(stream, &old);
+  EXPECT_EQ(deaths, 0);
+  delete stream;
+  EXPECT_EQ(deaths, 0);
+}
+
+TEST(ByteOrderOwner, AnOwnedStreamOfAnotherKindStays) {
+  for (const ustring& text : {ustring(), ustring(u"a"), ustring(u"\uFEFFa"), ustring(u"\uBBEF"),
+                              ustring(u"\0\uFFFE", 2)}) {
+    int deaths = 0;
+    auto old = std::make_unique<mortal_stream>(text, deaths);
+    input_stream* stream = old.get();
+    detect_byte_order(stream, true);
+    EXPECT_EQ(stream, old.get());
+    EXPECT_EQ(deaths, 0);
+  }
+}
+
+TEST(ByteOrderOwner, TheNewStreamCanGoBack) {
+  input_stream* stream = new string_stream(u"\uFFFE\u6100\u6200");
+  detect_byte_order(stream, true);
+  const std::unique_ptr<input_stream> made(stream);
+  EXPECT_TRUE(same_units(rest_of(*made), u"ab"));
+  made->seekg(0, std::ios_base::beg);
+  EXPECT_TRUE(same_units(rest_of(*made), u"ab"));
+}
+
+TEST(ByteOrderExceptions, AStreamMayRaiseAtItsEnd) {
+  string_stream input(u" ");
+  input.exceptions(std::ios_base::eofbit);
+  input_stream* stream = &input;
+  EXPECT_THROW(detect_byte_order(stream, true), std::ios_base::failure);
+  EXPECT_EQ(stream, &input);
+  EXPECT_EQ(input.rdstate(), ended);
+}
+
+// As formatted extraction does it.
+TEST(ByteOrderExceptions, AnInputThatRaisesAtTheMarkIsBad) {
+  for (const ustring text : {u"", u" ", u"\uFEFF", u"\uFEFF "}) {
+    test::raising_buffer buffer(text);
+    input_stream input(&buffer);
+    input_stream* stream = &input;
+    EXPECT_NO_THROW(detect_byte_order(stream, false));
+    EXPECT_EQ(stream, &input);
+    EXPECT_EQ(input.rdstate(), std::ios_base::badbit);
+  }
+}
+
+TEST(ByteOrderExceptions, WhatTheInputRaisesPassesWhereTheStreamSaysSo) {
+  test::raising_buffer buffer(u" ");
+  input_stream input(&buffer);
+  input.exceptions(std::ios_base::badbit);
+  input_stream* stream = &input;
+  EXPECT_THROW(detect_byte_order(stream, false), test::input_broke);
+  EXPECT_EQ(stream, &input);
+  EXPECT_EQ(input.rdstate(), std::ios_base::badbit);
+}
+
+TEST(ByteOrderExceptions, WhatABigEndianInputRaisesPasses) {
+  for (const bool owns : {false, true}) {
+    test::raising_buffer buffer(u"\uFFFE\u6100");
+    auto input = std::make_unique<input_stream>(&buffer);
+    input_stream* stream = input.get();
+    EXPECT_THROW(detect_byte_order(stream, owns), test::input_broke);
+    EXPECT_EQ(stream, input.get());
+    EXPECT_TRUE(input->good());
+  }
+}
+
+}  // namespace

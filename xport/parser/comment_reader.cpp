@@ -1,0 +1,87 @@
+#include <algorithm>
+
+#include "xport/parser/take_until.h"
+#include "xport/parser/xhtml_parser.h"
+#include "xport/text/find_any.h"
+
+namespace Xport {
+
+namespace {
+
+// The next unit; at the end the one that was read last, which is how a comment or an
+// instruction that is cut off behind a sign of its end gets one too many of them.
+char16 next_or(unit_input in, char16 stale) {
+  const char16 unit = in.peek();
+  return unit != end_unit ? unit : stale;
+}
+
+}  // namespace
+
+xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
+  unit_input in = units();
+  in.advance();
+  if (in.at_end()) {
+    report_message(u"Invalid end of document.", level_structure);
+    return nullptr;
+  }
+  if (in.peek() != u'-') return read_pcdata(parent, u"<-");
+  in.advance();
+  text_.clear();
+  while (true) {
+    append_run(take_until(in, gathered_, find_any<u'-', end_unit>));
+    if (in.at_end()) break;
+    in.advance();
+    char16 unit = next_or(in, u'-');
+    if (unit == u'-') {
+      in.advance();
+      unit = next_or(in, u'-');
+      if (unit == u'>') {
+        in.advance();
+        break;
+      }
+      text_ += u'-';
+    }
+    text_ += u'-';
+    append_run({&unit, 1});
+    in.advance();
+  }
+  return nodes_.comment(text_, classes_);
+}
+
+xhtml_markup* xhtml_parser::read_processing_instruction() {
+  unit_input in = units();
+  text_.clear();
+  while (true) {
+    append_run(take_until(in, gathered_, find_any<u'?', end_unit>));
+    if (in.at_end()) break;
+    in.advance();
+    const char16 unit = next_or(in, u'?');
+    if (unit == u'>') {
+      in.advance();
+      break;
+    }
+    text_ += u'?';
+    append_run({&unit, 1});
+    in.advance();
+  }
+  last_tag = tag_id::invalid_tag;
+  return nodes_.processing_instruction(text_, classes_);
+}
+
+ustring xhtml_parser::read_declaration(ustring_view prefix) {
+  unit_input in = units();
+  text_.assign(prefix);
+  append_run(take_until(in, gathered_, find_any<u'>', end_unit>));
+  if (!in.at_end()) {
+    in.advance();
+    text_ += u'>';
+  }
+  return text_;
+}
+
+void xhtml_parser::append_run(ustring_view run) {
+  text_ += run;
+  line += static_cast<std::uint32_t>(std::count(run.begin(), run.end(), u'\n'));
+}
+
+}  // namespace Xport

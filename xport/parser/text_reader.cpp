@@ -1,0 +1,157 @@
+#include <optional>
+#include <sstream>
+
+#include "xport/parser/take_until.h"
+#include "xport/parser/text_space.h"
+#include "xport/parser/xhtml_parser.h"
+#include "xport/stylesheet/stylesheet_writer.h"
+#include "xport/stylesheet/xhtml_stylesheet.h"
+#include "xport/text/find_any.h"
+#include "xport/text/ustring_stream.h"
+
+namespace Xport {
+
+namespace {
+
+// A stylesheet as its own writer puts it.
+ustring rewritten_stylesheet(const ustring& text) {
+  std::basic_istringstream<char16> source(text);
+  xhtml_stylesheet sheet;
+  sheet.parse(source);
+  ustring_stream target;
+  stylesheet_writer writer(target);
+  for (const xhtml_stylesheet_item& item : sheet) item.write(writer);
+  return target.str();
+}
+
+}  // namespace
+
+xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& prefix) {
+  const tag_id tag = parent->tag();
+  if (tag == tag_id::pre) return read_preformatted();
+  const bool plain = tag != tag_id::script && tag != tag_id::style;
+  text_ = prefix;
+  if (prefix.empty()) {
+    if (skip_leading_space())
+      text_ = u' ';
+    else if (plain && !normalize_text)
+      if (const std::optional<ustring_view> text = take_plain_text())
+        return make_text(parent, *text);
+  }
+  gather_text(tag);
+  normalize_trailing_space(text_, classes_);
+  if (!text_.empty()) {
+    if (plain && normalize_text) normalize_references(text_);
+    if (tag == tag_id::style) {
+      last_tag = tag_id::invalid_tag;
+      return nodes_.pcdata(rewritten_stylesheet(text_));
+    }
+  }
+  return make_text(parent, text_);
+}
+
+bool xhtml_parser::skip_leading_space() {
+  unit_input in = units();
+  bool any = false;
+  bool newline = false;
+  for (ustring_view window = in.window(); !window.empty(); window = in.window()) {
+    std::size_t count = 0;
+    for (; count < window.size(); ++count) {
+      const char16 unit = window[count];
+      if (unit == end_unit || !classes_.is_space(unit)) break;
+      if (unit == u'\n') {
+        newline = true;
+        ++line;
+      }
+    }
+    in.advance(count);
+    any = any || count != 0;
+    if (count < window.size()) break;
+  }
+  return any && !newline;
+}
+
+// Most texts stand whole in the input's window and need no change but at their end. Then
+// nothing has to be gathered: the result is a part of the window. No result, and nothing
+// taken, for all others.
+std::optional<ustring_view> xhtml_parser::take_plain_text() {
+  unit_input in = units();
+  const ustring_view window = in.window();
+  const std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(window);
+  if (count == window.size() || window[count] != u'<') return {};
+  const ustring_view text = window.substr(0, count);
+  const trailing_space end = find_trailing_space(text, classes_);
+  if (end.blank && text[end.kept] != u' ') return {};
+  in.advance(count);
+  return text.substr(0, end.kept + (end.blank ? 1 : 0));
+}
+
+// Appends character data to text_, up to the "<" that ends it. A double quote hides
+// tags in every element, an apostrophe does so in `script`.
+void xhtml_parser::gather_text(tag_id parent) {
+  enum class quote_state { none, single, double_ } quotes = quote_state::none;
+  const bool script = parent == tag_id::script;
+  unit_input in = units();
+  for (ustring_view window = in.window(); !window.empty(); window = in.window()) {
+    const std::size_t count = script ? find_any<u'<', u'"', u'\'', u'\n', end_unit>(window)
+                                     : find_any<u'<', u'"', u'\n', end_unit>(window);
+    text_ += window.substr(0, count);
+    in.advance(count);
+    if (count == window.size()) continue;
+    const char16 unit = window[count];
+    if (unit == end_unit || (unit == u'<' && quotes == quote_state::none)) return;
+    if (unit == u'\n') {
+      gather_newline(script);
+      continue;
+    }
+    text_ += unit;
+    in.advance();
+    if (unit == u'"' && quotes != quote_state::single)
+      quotes = quotes == quote_state::none ? quote_state::double_ : quote_state::none;
+    if (unit == u'\'' && quotes != quote_state::double_)
+      quotes = quotes == quote_state::none ? quote_state::single : quote_state::none;
+  }
+}
+
+// A newline with the white space around it becomes a blank, or stays where newlines are
+// kept; the white space behind it goes in any case.
+void xhtml_parser::gather_newline(bool script) {
+  if (!preserve_newlines && last_tag != tag_id::pre && !script) {
+    trim_right(text_, classes_);
+    text_ += u' ';
+  } else {
+    text_ += u'\n';
+    ++line;
+    units().advance();
+  }
+  skip_leading_space();
+}
+
+xhtml_markup* xhtml_parser::make_text(xhtml_markup* parent, ustring_view text) {
+  last_tag = tag_id::invalid_tag;
+  return text.empty() ? read_next(parent) : nodes_.pcdata(text);
+}
+
+// The end tag is looked for by its text, and nothing else is markup. Newlines aren't
+// counted.
+xhtml_markup* xhtml_parser::read_preformatted() {
+  constexpr ustring_view end_tag = u"</pre>";
+  unit_input in = units();
+  text_.clear();
+  std::size_t matched = 0;
+  while (matched != end_tag.size()) {
+    text_ += take_until(in, gathered_, find_any<u'<', end_unit>);
+    if (in.at_end()) break;
+    for (matched = 0; matched != end_tag.size() && !in.at_end(); ++matched) {
+      const char16 unit = in.peek();
+      if (classes_.to_lower(unit) != end_tag[matched]) break;
+      text_ += unit;
+      in.advance();
+    }
+  }
+  if (matched == end_tag.size()) text_.resize(text_.size() - matched);
+  last_tag = tag_id::doc_root;
+  return nodes_.pcdata(text_);
+}
+
+}  // namespace Xport
