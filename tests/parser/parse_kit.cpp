@@ -5,6 +5,7 @@
 
 #include "support/dribble_buffer.h"
 #include "support/tree_check.h"
+#include "support/unit_buffers.h"
 #include "xport/markup/text_leaf.h"
 #include "xport/text/ustring_stream.h"
 
@@ -12,6 +13,7 @@ namespace test {
 
 namespace {
 
+using Xport::node_type;
 using Xport::tag_id;
 using Xport::xhtml_element;
 using Xport::xhtml_markup;
@@ -34,11 +36,11 @@ std::string head_of(const xhtml_element& element) {
 std::string leaf_text(const xhtml_markup& node) {
   const std::string text = printable(static_cast<const Xport::text_leaf&>(node).text());
   switch (node.type()) {
-    case Xport::node_type::doctype:
+    case node_type::doctype:
       return "!" + text + "!";
-    case Xport::node_type::comment:
+    case node_type::comment:
       return "#" + text + "#";
-    case Xport::node_type::processing_instruction:
+    case node_type::processing_instruction:
       return "?" + text + "?";
     default:
       return "'" + text + "'";
@@ -83,6 +85,11 @@ parse_result parse_into(xhtml_markup& root, std::basic_streambuf<Xport::char16>&
 
 }  // namespace
 
+std::string node_with_attributes(const xhtml_markup& node) {
+  return node.type() == node_type::element ? head_of(static_cast<const xhtml_element&>(node))
+                                           : leaf_text(node);
+}
+
 std::string outline_with_attributes(const xhtml_markup& node) {
   std::string text;
   const xhtml_markup* parent = &node;
@@ -96,12 +103,7 @@ std::string outline_with_attributes(const xhtml_markup& node) {
       continue;
     }
     if (at != parent->begin()) text += " ";
-    if (at->type() != Xport::node_type::element) {
-      text += leaf_text(*at);
-      ++at;
-      continue;
-    }
-    text += head_of(static_cast<const xhtml_element&>(*at));
+    text += node_with_attributes(*at);
     if (at->begin().cell() == nullptr) {
       ++at;
       continue;
@@ -127,6 +129,10 @@ parse_result parse(Xport::ustring_view text, const parse_case& how) {
   xhtml_element root(tag_id::doc_root, {}, {});
   dribble_buffer few(text, 3);
   EXPECT_EQ(result, parse_into(root, few, how)) << "into an element on the heap";
+
+  xhtml_element last(tag_id::doc_root, {}, {});
+  unbuffered_buffer unbuffered((Xport::ustring(text)));
+  EXPECT_EQ(result, parse_into(last, unbuffered, how)) << "with no unit at hand";
   return result;
 }
 

@@ -22,6 +22,9 @@ namespace test {
 /// as !text!. Units as printable() shows them. Any depth will do.
 std::string outline_with_attributes(const Xport::xhtml_markup& node);
 
+/// `node` alone, which isn't of no kind, as it stands in that line.
+std::string node_with_attributes(const Xport::xhtml_markup& node);
+
 /// How a text is parsed, and what came of it.
 struct parse_case {
   bool normalize_text = false;
@@ -44,9 +47,9 @@ struct parse_result {
   bool operator==(const parse_result&) const = default;
 };
 
-/// Parses `text` with references loaded and indexed. It is done three times: with all of the
-/// text in the buffer's window, with one unit at a time, and into an element on the heap. All
-/// must agree (else a test fails), and the trees must be intact.
+/// Parses `text` with references loaded and indexed. It is done four times: with all of the
+/// text in the buffer's window, with one unit at a time, and into an element on the heap with
+/// three units at a time and with none at hand. All must agree (else a test fails), and the trees must be intact.
 parse_result parse(Xport::ustring_view text, const parse_case& how = {});
 
 /// The children that parse() makes of `text` in a `div` in `body`, in `p`, in `body`, in the root.

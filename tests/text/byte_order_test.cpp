@@ -107,14 +107,15 @@ class ByteOrder : public testing::TestWithParam<source_kind> {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    Sources, ByteOrder,
-    testing::Values(source_kind::string, source_kind::one_unit, source_kind::unbuffered,
-                    source_kind::file),
-    [](const auto& info) {
-      static const char* const names[] = {"String", "OneUnit", "Unbuffered", "File"};
-      return names[static_cast<std::size_t>(info.param)];
-    });
+std::string name_of(const testing::TestParamInfo<source_kind>& source) {
+  static const char* const names[] = {"String", "OneUnit", "Unbuffered", "File"};
+  return names[static_cast<std::size_t>(source.param)];
+}
+
+INSTANTIATE_TEST_SUITE_P(Sources, ByteOrder,
+                         testing::Values(source_kind::string, source_kind::one_unit,
+                                         source_kind::unbuffered, source_kind::file),
+                         name_of);
 
 TEST_P(ByteOrder, AnEmptyInputFailsTheRead) {
   expect_rest(u"", u"", ended);

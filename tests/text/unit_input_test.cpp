@@ -148,6 +148,16 @@ TYPED_TEST(UnitInput, AdvancingByNothingStays) {
   EXPECT_EQ(input.at_end(), taken(buffer) == 2);
 }
 
+TYPED_TEST(UnitInput, AdvancingAtTheEndStays) {
+  for (const ustring text : {u"a", u"a\uFFFFb"}) {
+    TypeParam buffer(text);
+    unit_input input(&buffer);
+    for (int i = 0; i < 3; ++i) input.advance();
+    EXPECT_EQ(taken(buffer), 1u);
+    EXPECT_TRUE(input.at_end());
+  }
+}
+
 TYPED_TEST(UnitInput, WhoeverElseReadsGoesOnFromThere) {
   TypeParam buffer(ustring(u"abcdef"));
   unit_input input(&buffer);
@@ -166,6 +176,9 @@ TEST(UnitInputOf, NoBufferIsAtItsEnd) {
   EXPECT_EQ(input.peek(), end_unit);
   EXPECT_TRUE(input.at_end());
   EXPECT_TRUE(input.window().empty());
+  input.advance();
+  input.advance(0);
+  EXPECT_TRUE(input.at_end());
 }
 
 TEST(UnitInputOf, AStringShowsAllThatIsLeft) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <new>
+#include <utility>
 
 #include "xport/markup/text_leaf.h"
 #include "xport/markup/xhtml_element.h"
@@ -24,11 +25,11 @@ Leaf* xhtml_element::make_leaf(ustring_view text) {
 }
 
 template <class Node, class... Arguments>
-Node* xhtml_element::make_node(std::size_t bytes, const Arguments&... arguments) {
+Node* xhtml_element::make_node(std::size_t bytes, Arguments&&... arguments) {
   node_pool* const tree_pool = pool();
   void* const memory = tree_pool != nullptr ? tree_pool->allocate(bytes) : ::operator new(bytes);
   try {
-    return new (memory) Node(arguments...);
+    return new (memory) Node(std::forward<Arguments>(arguments)...);
   } catch (...) {
     if (tree_pool != nullptr)
       tree_pool->release(memory, bytes);

@@ -33,6 +33,16 @@ xhtml_doctype_declaration* node_maker::doctype() const {
                           : new xhtml_doctype_declaration();
 }
 
+xhtml_end_tag* node_maker::end_tag(ustring_view token) const {
+  if (tree_ == nullptr) return new xhtml_end_tag(token);
+  xhtml_end_tag* const made =
+      tree_->make_node<xhtml_end_tag>(sizeof(xhtml_end_tag), token);
+  xhtml_markup& node = *made;
+  node.parent_ = tree_;
+  node.in_pool_ = true;
+  return made;
+}
+
 void node_maker::discard(xhtml_markup* node) noexcept {
   if (node == nullptr) return;
   if (node->in_pool_)
@@ -44,7 +54,8 @@ void node_maker::discard(xhtml_markup* node) noexcept {
 xhtml_markup* node_maker::move_to_heap(xhtml_markup* node) {
   if (node == nullptr || !node->in_pool_) return node;
   const std::unique_ptr<xhtml_markup, decltype(&discard)> pooled(node, &discard);
-  xhtml_markup* const copy = node->clone();
+  xhtml_markup* const copy =
+      node->is_end_tag() ? new xhtml_end_tag(node->tag_name()) : node->clone();
   copy->parent_ = nullptr;
   return copy;
 }

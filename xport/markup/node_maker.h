@@ -3,6 +3,7 @@
 
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
+#include "xport/markup/xhtml_end_tag.h"
 
 namespace Xport {
 
@@ -29,6 +30,7 @@ class node_maker {
                                                        const character_classes& classes) const;
 
   xhtml_doctype_declaration* doctype() const;
+  xhtml_end_tag* end_tag(ustring_view token) const;
 
   /// Deletes a node that is in no tree, wherever it was made. Null is ignored.
   static void discard(xhtml_markup* node) noexcept;

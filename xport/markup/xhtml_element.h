@@ -135,7 +135,7 @@ class xhtml_element : public xhtml_markup {
   template <class Leaf>
   Leaf* make_leaf(ustring_view text);
   template <class Node, class... Arguments>
-  Node* make_node(std::size_t bytes, const Arguments&... arguments);
+  Node* make_node(std::size_t bytes, Arguments&&... arguments);
   static void dispose(xhtml_markup* node, node_pool* pool) noexcept;
 
   // Lets go of the children without visiting them: their pool goes as a whole.

@@ -19,9 +19,6 @@ class xhtml_end_tag final : public xhtml_markup {
   ustring tag_name() const override { return source_; }
   bool is_end_tag() const override { return true; }
 
-  /// The token, without a copy.
-  const ustring& source() const { return source_; }
-
  private:
   tag_id tag_;
   ustring source_;

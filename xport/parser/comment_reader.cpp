@@ -2,7 +2,6 @@
 
 #include "xport/parser/take_until.h"
 #include "xport/parser/xhtml_parser.h"
-#include "xport/text/find_any.h"
 
 namespace Xport {
 
@@ -28,7 +27,7 @@ xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
   in.advance();
   text_.clear();
   while (true) {
-    append_run(take_until(in, gathered_, find_any<u'-', end_unit>));
+    append_run(take_until(in, gathered_, any_of<u'-', end_unit>));
     if (in.at_end()) break;
     in.advance();
     char16 unit = next_or(in, u'-');
@@ -52,7 +51,7 @@ xhtml_markup* xhtml_parser::read_processing_instruction() {
   unit_input in = units();
   text_.clear();
   while (true) {
-    append_run(take_until(in, gathered_, find_any<u'?', end_unit>));
+    append_run(take_until(in, gathered_, any_of<u'?', end_unit>));
     if (in.at_end()) break;
     in.advance();
     const char16 unit = next_or(in, u'?');
@@ -71,7 +70,7 @@ xhtml_markup* xhtml_parser::read_processing_instruction() {
 ustring xhtml_parser::read_declaration(ustring_view prefix) {
   unit_input in = units();
   text_.assign(prefix);
-  append_run(take_until(in, gathered_, find_any<u'>', end_unit>));
+  append_run(take_until(in, gathered_, any_of<u'>', end_unit>));
   if (!in.at_end()) {
     in.advance();
     text_ += u'>';

@@ -5,7 +5,11 @@ namespace Xport {
 
 namespace {
 
-ustring in_brackets(const xhtml_markup& node) { return u"<" + node.tag_name() + u">"; }
+ustring in_brackets(const xhtml_markup& node) {
+  ustring text(u"<");
+  text += node.tag_name();
+  return text += u'>';
+}
 
 }  // namespace
 

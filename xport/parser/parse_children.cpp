@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <typeinfo>
+
+#include "xport/markup/containment.h"
 #include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/xhtml_parser.h"
 
@@ -6,6 +10,10 @@ namespace Xport {
 namespace {
 
 bool takes_content(const xhtml_markup& node) {
+  if (node.type() == node_type::element) {
+    const Tag_trait& rules = static_cast<const xhtml_element&>(node).rules();
+    return rules.id != tag_id::invalid_tag && !takes_nothing(rules);
+  }
   return !node.is_empty_element() && node.tag() != tag_id::invalid_tag &&
          node.category_flags() != category_text;
 }
@@ -17,14 +25,10 @@ xhtml_markup* parent_of(const xhtml_markup& node) {
 
 }  // namespace
 
-// Nodes are made for the tree of `receiver` while this lives.
+// Nodes are made where they were made before, once this is gone.
 class xhtml_parser::tree_scope {
  public:
-  tree_scope(xhtml_parser& parser, xhtml_markup* receiver)
-      : parser_(parser), before_(parser.nodes_) {
-    if (receiver->type() == node_type::element)
-      parser.nodes_ = node_maker(static_cast<xhtml_element*>(receiver));
-  }
+  explicit tree_scope(xhtml_parser& parser) : parser_(parser), before_(parser.nodes_) {}
   tree_scope(const tree_scope&) = delete;
   tree_scope& operator=(const tree_scope&) = delete;
   ~tree_scope() { parser_.nodes_ = before_; }
@@ -39,9 +43,11 @@ class xhtml_parser::tree_scope {
 // the next one has yet to be read, or the input has ended.
 xhtml_markup* xhtml_parser::parse_children(xhtml_markup* receiver) {
   if (!takes_content(*receiver)) return nullptr;
-  const tree_scope scope(*this, receiver);
+  const tree_scope scope(*this);
+  // What readers of a derived class make mustn't be passed by.
+  const bool own_readers = typeid(*this) == typeid(xhtml_parser);
   xhtml_markup* parent = receiver;
-  held_node current(read_next(parent));
+  held_node current(read_child(parent));
   while (true) {
     const bool finished = current == nullptr || (current->is_end_tag() ? close(*parent, current)
                                                                        : place(parent, current));
@@ -49,8 +55,18 @@ xhtml_markup* xhtml_parser::parse_children(xhtml_markup* receiver) {
       if (parent == receiver) return node_maker::move_to_heap(current.release());
       parent = parent_of(*parent);
     }
-    if (current == nullptr) current.reset(read_next(parent));
+    while (own_readers && current == nullptr && parent != receiver && take_plain_end_tag(*parent))
+      parent = parent_of(*parent);
+    if (current == nullptr) current.reset(read_child(parent));
   }
+}
+
+// The next node, made where the content of `parent` lives: that is on the heap for an
+// element from there, which a derived class may have put into a tree with a pool.
+xhtml_markup* xhtml_parser::read_child(xhtml_markup* parent) {
+  const bool is_element = parent->type() == node_type::element;
+  nodes_ = node_maker(is_element ? static_cast<xhtml_element*>(parent) : nullptr);
+  return read_next(parent);
 }
 
 // Puts `current` into `parent`, and goes down into it if it takes content. True if the
@@ -93,6 +109,27 @@ bool xhtml_parser::close(xhtml_markup& parent, held_node& current) {
   report_mismatch(parent, *current, passes_up);
   if (!passes_up) current.reset();
   return passes_up;
+}
+
+// Takes the end tag of `parent` where it is next, spelled as the element's name is and
+// whole in the input's window. That is how most elements end; it spares a node. False,
+// with nothing taken, for all else.
+bool xhtml_parser::take_plain_end_tag(xhtml_markup& parent) {
+  if (parent.type() != node_type::element || reports(level_trace_end_tags) || !input->good())
+    return false;
+  const Tag_trait& rules = static_cast<xhtml_element&>(parent).rules();
+  if (rules.id == tag_id::pre) return false;
+  unit_input in = units();
+  const ustring_view window = in.window();
+  const std::size_t length = rules.name.size() + 3;
+  if (window.size() < length || window[0] != u'<' || window[1] != u'/' ||
+      window[length - 1] != u'>' ||
+      !std::equal(rules.name.begin(), rules.name.end(), window.begin() + 2))
+    return false;
+  in.advance(length);
+  last_tag = rules.id;
+  trim_last_text(parent);
+  return true;
 }
 
 void xhtml_parser::trim_last_text(xhtml_markup& parent) {

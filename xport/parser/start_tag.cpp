@@ -13,7 +13,7 @@
 namespace Xport {
 
 start_tag_name::start_tag_name(ustring_view text, const character_classes& classes)
-    : length(0), tag(tag_id::invalid_tag), slash(false) {
+    : length(count_plain_letters(text)), tag(tag_id::invalid_tag), slash(false) {
   while (length < text.size() && classes.is_alnum(text[length])) ++length;
   if (length == 0) return;
   tag = xhtml_strict::tag_from_name(text.substr(0, length));
@@ -57,7 +57,7 @@ void xhtml_element::parse_attributes(ustring_view text, const character_classes&
   while (!text.empty()) {
     const auto [name, value] = next_attribute(text, classes);
     if (name == u"style") {
-      parse_style_attribute(*this, value);
+      parse_style_attribute(*this, value, classes);
       continue;
     }
     const attr_id id = xhtml_strict::attribute_from_name(name);

@@ -1,6 +1,8 @@
 #ifndef XPORT_PARSER_START_TAG_H
 #define XPORT_PARSER_START_TAG_H
 
+#include <cstddef>
+
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
 #include "xport/vocabulary/tag_id.h"

@@ -1,11 +1,9 @@
 #include <algorithm>
 #include <memory>
 
-#include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/start_tag.h"
 #include "xport/parser/take_until.h"
 #include "xport/parser/xhtml_parser.h"
-#include "xport/text/find_any.h"
 
 namespace Xport {
 
@@ -13,7 +11,7 @@ namespace Xport {
 xhtml_markup* xhtml_parser::read_start_tag(xhtml_markup* parent) {
   unit_input in = units();
   const ustring_view text = take_until(in, gathered_, [this](ustring_view window) {
-    std::size_t at = 0;
+    std::size_t at = count_plain_letters(window);
     while (at < window.size() && window[at] != u'>' && window[at] != end_unit &&
            !classes_.is_space(window[at]))
       ++at;
@@ -30,7 +28,7 @@ xhtml_markup* xhtml_parser::read_start_tag(xhtml_markup* parent) {
   const bool has_attributes = spaced && name.length == text.size();
   std::unique_ptr<xhtml_element, discarder> element(nodes_.element(name.tag));
   if (spaced) {
-    const ustring_view rest = take_until(in, gathered_, find_any<u'>', end_unit>);
+    const ustring_view rest = take_until(in, gathered_, any_of<u'>', end_unit>);
     line += static_cast<std::uint32_t>(std::count(rest.begin(), rest.end(), u'\n'));
     if (has_attributes) element->parse_attributes(rest, classes_);
   }
@@ -43,14 +41,14 @@ xhtml_markup* xhtml_parser::read_start_tag(xhtml_markup* parent) {
 xhtml_markup* xhtml_parser::read_end_tag() {
   unit_input in = units();
   ustring token(u"<");
-  token += take_until(in, gathered_, find_any<u'>', end_unit>);
+  token += take_until(in, gathered_, any_of<u'>', end_unit>);
   if (in.at_end()) {
     last_tag = tag_id::invalid_tag;
     return new xhtml_markup;
   }
   in.advance();
   token += u'>';
-  xhtml_end_tag* const node = new xhtml_end_tag(token);
+  xhtml_end_tag* const node = nodes_.end_tag(token);
   last_tag = node->tag();
   return node;
 }

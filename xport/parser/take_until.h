@@ -4,9 +4,14 @@
 #include <cstddef>
 
 #include "xport/text/char16.h"
+#include "xport/text/find_any.h"
 #include "xport/text/unit_input.h"
 
 namespace Xport {
+
+/// find_any as something to hand over.
+template <char16... Stops>
+inline constexpr auto any_of = [](ustring_view text) { return find_any<Stops...>(text); };
 
 /// Moves over the units in front of the one that `find` looks for, and gives them: out
 /// of the input's window where they are whole in it, else gathered in `gathered`. `find`

@@ -30,24 +30,21 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
   const tag_id tag = parent->tag();
   if (tag == tag_id::pre) return read_preformatted();
   const bool plain = tag != tag_id::script && tag != tag_id::style;
-  text_ = prefix;
-  if (prefix.empty()) {
-    if (skip_leading_space())
-      text_ = u' ';
-    else if (plain && !normalize_text)
-      if (const std::optional<ustring_view> text = take_plain_text())
-        return make_text(parent, *text);
-  }
+  const bool blank = prefix.empty() && skip_leading_space();
+  if (plain && !normalize_text && !blank && prefix.empty())
+    if (const std::optional<ustring_view> text = take_plain_text()) return make_text(parent, *text);
+  if (blank)
+    text_ = u' ';
+  else
+    text_ = prefix;
   gather_text(tag);
   normalize_trailing_space(text_, classes_);
-  if (!text_.empty()) {
-    if (plain && normalize_text) normalize_references(text_);
-    if (tag == tag_id::style) {
-      last_tag = tag_id::invalid_tag;
-      return nodes_.pcdata(rewritten_stylesheet(text_));
-    }
-  }
-  return make_text(parent, text_);
+  if (text_.empty()) return make_text(parent, text_);
+  // What is rewritten is a text even if nothing is left of it.
+  if (plain && normalize_text) normalize_references(text_);
+  if (tag == tag_id::style) text_ = rewritten_stylesheet(text_);
+  last_tag = tag_id::invalid_tag;
+  return nodes_.pcdata(text_);
 }
 
 bool xhtml_parser::skip_leading_space() {
@@ -55,35 +52,41 @@ bool xhtml_parser::skip_leading_space() {
   bool any = false;
   bool newline = false;
   for (ustring_view window = in.window(); !window.empty(); window = in.window()) {
-    std::size_t count = 0;
-    for (; count < window.size(); ++count) {
-      const char16 unit = window[count];
-      if (unit == end_unit || !classes_.is_space(unit)) break;
-      if (unit == u'\n') {
-        newline = true;
-        ++line;
-      }
-    }
-    in.advance(count);
-    any = any || count != 0;
-    if (count < window.size()) break;
+    const leading_space space = find_leading_space(window, classes_);
+    in.advance(space.count);
+    line += space.newlines;
+    any = any || space.count != 0;
+    newline = newline || space.newlines != 0;
+    if (space.count < window.size()) break;
   }
   return any && !newline;
 }
 
-// Most texts stand whole in the input's window and need no change but at their end. Then
-// nothing has to be gathered: the result is a part of the window. No result, and nothing
-// taken, for all others.
+// Most texts stand whole in the input's window, in one line, perhaps with white space
+// behind it. They needn't be gathered: the result is mostly a part of the window. No result,
+// and nothing taken, for all others.
 std::optional<ustring_view> xhtml_parser::take_plain_text() {
   unit_input in = units();
   const ustring_view window = in.window();
-  const std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(window);
-  if (count == window.size() || window[count] != u'<') return {};
-  const ustring_view text = window.substr(0, count);
-  const trailing_space end = find_trailing_space(text, classes_);
-  if (end.blank && text[end.kept] != u' ') return {};
+  std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(window);
+  if (count == window.size()) return {};
+  const trailing_space end = find_trailing_space(window.substr(0, count), classes_);
+  bool blank = end.blank;
+  if (window[count] == u'\n' && folds_newlines()) {
+    const leading_space space = find_leading_space(window.substr(count), classes_);
+    count += space.count;
+    if (count == window.size() || window[count] != u'<') return {};
+    line += space.newlines;
+    blank = true;
+  } else if (window[count] != u'<') {
+    return {};
+  }
   in.advance(count);
-  return text.substr(0, end.kept + (end.blank ? 1 : 0));
+  const ustring_view text = window.substr(0, end.kept);
+  if (!blank) return text;
+  if (end.kept < count && window[end.kept] == u' ') return window.substr(0, end.kept + 1);
+  text_ = text;
+  return text_ += u' ';
 }
 
 // Appends character data to text_, up to the "<" that ends it. A double quote hides
@@ -116,7 +119,7 @@ void xhtml_parser::gather_text(tag_id parent) {
 // A newline with the white space around it becomes a blank, or stays where newlines are
 // kept; the white space behind it goes in any case.
 void xhtml_parser::gather_newline(bool script) {
-  if (!preserve_newlines && last_tag != tag_id::pre && !script) {
+  if (folds_newlines() && !script) {
     trim_right(text_, classes_);
     text_ += u' ';
   } else {
@@ -140,7 +143,7 @@ xhtml_markup* xhtml_parser::read_preformatted() {
   text_.clear();
   std::size_t matched = 0;
   while (matched != end_tag.size()) {
-    text_ += take_until(in, gathered_, find_any<u'<', end_unit>);
+    text_ += take_until(in, gathered_, any_of<u'<', end_unit>);
     if (in.at_end()) break;
     for (matched = 0; matched != end_tag.size() && !in.at_end(); ++matched) {
       const char16 unit = in.peek();

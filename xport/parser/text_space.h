@@ -2,11 +2,33 @@
 #define XPORT_PARSER_TEXT_SPACE_H
 
 #include <cstddef>
+#include <cstdint>
 
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
+#include "xport/text/find_any.h"
+#include "xport/text/unit_input.h"
 
 namespace Xport {
+
+/// The white space at the beginning of a text.
+struct leading_space {
+  std::size_t count;       ///< all of it
+  std::uint32_t newlines;  ///< the units 10 in it
+};
+inline leading_space find_leading_space(ustring_view text, const character_classes& classes) {
+  leading_space found{0, 0};
+  while (found.count < text.size()) {
+    const char16 unit = text[found.count];
+    if (unit == end_unit || !classes.is_space(unit)) break;
+    ++found.count;
+    if (unit == u'\n')
+      ++found.newlines;
+    else  // indentation is a run of one unit
+      found.count += count_leading(text.substr(found.count), unit);
+  }
+  return found;
+}
 
 /// What becomes of a text's end: its first `kept` units stay, and one blank behind them
 /// if `blank`.

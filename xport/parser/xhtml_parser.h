@@ -142,9 +142,14 @@ class xhtml_parser {
   void report_encounter(const xhtml_markup& node, std::uint32_t level);
   void report_refusal(const xhtml_markup& parent, const xhtml_markup& refused, bool passes_up);
   void report_mismatch(const xhtml_markup& parent, const xhtml_markup& end_tag, bool passes_up);
+  xhtml_markup* read_child(xhtml_markup* parent);
   bool place(xhtml_markup*& parent, held_node& current);
   bool close(xhtml_markup& parent, held_node& current);
+  bool take_plain_end_tag(xhtml_markup& parent);
   void trim_last_text(xhtml_markup& parent);
+
+  // Outside `script`, which keeps its newlines.
+  bool folds_newlines() const { return !preserve_newlines && last_tag != tag_id::pre; }
 
   void append_run(ustring_view run);
   std::optional<ustring_view> take_plain_text();
@@ -153,7 +158,7 @@ class xhtml_parser {
   xhtml_markup* make_text(xhtml_markup* parent, ustring_view text);
 
   character_classes classes_;
-  node_maker nodes_;  // for the tree that parse_children fills
+  node_maker nodes_;  // for the element that parse_children fills
   ustring gathered_;  // what isn't whole in the input's window
   ustring text_;      // a text that is being read
 };

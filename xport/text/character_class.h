@@ -2,6 +2,7 @@
 #define XPORT_TEXT_CHARACTER_CLASS_H
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <locale>
 
@@ -56,6 +57,14 @@ class character_classes {
   const std::ctype<wchar_t>* facet_;
   mutable std::array<std::uint8_t, 256> kept_{};
 };
+
+/// How many units at the beginning of `text` are small letters of ASCII, which in every
+/// locale are `alnum` and no white space.
+inline std::size_t count_plain_letters(ustring_view text) {
+  std::size_t count = 0;
+  while (count < text.size() && text[count] >= u'a' && text[count] <= u'z') ++count;
+  return count;
+}
 
 /// `text` with every unit lower-cased by the C library's `towlower`.
 ustring to_lower(ustring_view text);

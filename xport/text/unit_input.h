@@ -53,19 +53,19 @@ class unit_input {
     constexpr std::size_t most = std::numeric_limits<int>::max();
     while (count != 0) {
       const std::size_t part = std::min({count, access::count(*buffer_), most});
-      if (part == 0) {
-        advance();
-        --count;
-      } else {
-        access::bump(*buffer_, static_cast<int>(part));
-        count -= part;
-      }
+      if (part == 0) return advance();  // the window of a buffer that has none is one unit
+      access::bump(*buffer_, static_cast<int>(part));
+      count -= part;
     }
   }
 
   /// Moves over the next unit; at the end it stays.
   void advance() {
-    if (!at_end()) access::bump(*buffer_, 1);
+    if (at_end()) return;
+    if (access::count(*buffer_) != 0)
+      access::bump(*buffer_, 1);
+    else
+      buffer_->sbumpc();
   }
 
  private:

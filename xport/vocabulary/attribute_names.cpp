@@ -259,13 +259,12 @@ namespace {
 
 using detail::attribute_rows;
 static_assert(detail::rows_in_order(attribute_rows));
-constexpr detail::name_index index(attribute_rows);
+constexpr detail::name_index index(attribute_rows, false);
 
 }  // namespace
 
 attr_id xhtml_strict::attribute_from_name(ustring_view name) noexcept {
-  char16 buffer[index.longest()];
-  return index.find(detail::lower_case_name(name, buffer), attr_id::not_found);
+  return detail::find_lower_case<index>(name, attr_id::not_found);
 }
 
 }  // namespace Xport

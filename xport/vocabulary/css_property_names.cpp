@@ -117,7 +117,7 @@ namespace {
 
 using detail::css_property_rows;
 static_assert(detail::rows_in_order(css_property_rows));
-constexpr detail::name_index index(css_property_rows);
+constexpr detail::name_index index(css_property_rows, true);
 
 }  // namespace
 

@@ -21,14 +21,22 @@ constexpr bool rows_in_order(const name_row<Id> (&rows)[Count]) {
   return true;
 }
 
+/// Whether there is a capital of ASCII in `name`.
+constexpr bool has_capital(ustring_view name) {
+  for (const char16 unit : name)
+    if (unit >= u'A' && unit <= u'Z') return true;
+  return false;
+}
+
 /// Finds the rows of one table by name: a hash table with open addressing, filled at
 /// compile time and at most a quarter full, so that a search takes few steps.
 template <class Id, std::size_t Count>
 class name_index {
  public:
-  /// `rows` must outlive the index.
-  constexpr explicit name_index(const name_row<Id> (&rows)[Count]) : rows_(rows) {
+  /// `rows` must outlive the index. Rows that hold capitals can be left out.
+  constexpr name_index(const name_row<Id> (&rows)[Count], bool with_capitals) : rows_(rows) {
     for (std::size_t number = 0; number < Count; ++number) {
+      if (!with_capitals && has_capital(rows[number].name)) continue;
       std::size_t slot = first_slot(rows[number].name);
       while (slots_[slot] != 0) slot = (slot + 1) % slot_count;
       slots_[slot] = static_cast<std::uint16_t>(number + 1);
@@ -85,6 +93,17 @@ ustring_view lower_case_name(ustring_view name, char16 (&buffer)[Size]) noexcept
     buffer[length++] = lower;
   }
   return {buffer, length};
+}
+
+/// The row that `name` equals in lower case, up to its first zero unit. `index` must hold
+/// rows in lower case alone: then a name that equals one needn't be changed, which spares
+/// most names the work.
+template <const auto& index, class Id>
+Id find_lower_case(ustring_view name, Id otherwise) noexcept {
+  const Id as_it_is = index.find(name, otherwise);
+  if (as_it_is != otherwise) return as_it_is;
+  char16 buffer[index.longest()];
+  return index.find(lower_case_name(name, buffer), otherwise);
 }
 
 }  // namespace Xport::detail

@@ -6,13 +6,12 @@ namespace Xport {
 
 namespace {
 
-constexpr detail::name_index index(detail::tag_rows);
+constexpr detail::name_index index(detail::tag_rows, false);
 
 }  // namespace
 
 tag_id xhtml_strict::tag_from_name(ustring_view name) noexcept {
-  char16 buffer[index.longest()];
-  return index.find(detail::lower_case_name(name, buffer), tag_id::invalid_tag);
+  return detail::find_lower_case<index>(name, tag_id::invalid_tag);
 }
 
 }  // namespace Xport

@@ -1,0 +1,490 @@
+// One call of parse_children: what it reads, what it gives back, and what it makes of the
+// nodes that readers of a derived class give it.
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "parser/parse_kit.h"
+#include "support/tree_check.h"
+#include "xport/markup/leaf_nodes.h"
+#include "xport/markup/xhtml_end_tag.h"
+#include "xport/text/ustring_stream.h"
+
+namespace {
+
+using test::is_intact;
+using test::message;
+using test::outline_with_attributes;
+using test::parse;
+using test::parse_case;
+using test::parse_result;
+using test::printable;
+using Xport::char16;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::xhtml_doc;
+using Xport::xhtml_element;
+using Xport::xhtml_end_tag;
+using Xport::xhtml_markup;
+using Xport::xhtml_parser;
+
+using owned_node = std::unique_ptr<xhtml_markup>;
+
+const std::vector<tag_id> body_path = {tag_id::html, tag_id::body};
+const std::vector<tag_id> p_path = {tag_id::html, tag_id::body, tag_id::p};
+
+parse_result parse_in(const std::vector<tag_id>& path, Xport::ustring_view text,
+                      std::uint32_t mask = 0) {
+  parse_case how;
+  how.path = path;
+  how.message_mask = mask;
+  return parse(text, how);
+}
+
+// --- Receivers that can't have content ---
+
+template <class Node>
+std::string left_by(Node&& receiver) {
+  std::basic_istringstream<char16> input(u" x<p>");
+  xhtml_parser parser(&input);
+  EXPECT_EQ(parser.parse_children(&receiver), nullptr);
+  EXPECT_TRUE(receiver.begin() == receiver.end());
+  EXPECT_EQ(parser.last_tag, tag_id::doc_root);
+  std::string rest;
+  for (auto unit = input.get(); input.good(); unit = input.get())
+    rest += printable(ustring(1, static_cast<char16>(unit)));
+  return rest;
+}
+
+TEST(Driver, EmptyElementReadsNothing) {
+  for (const tag_id tag : {tag_id::br, tag_id::hr, tag_id::img, tag_id::area, tag_id::basefont})
+    EXPECT_EQ(left_by(xhtml_element(tag, {}, {})), " x<p>");
+}
+
+TEST(Driver, ElementsWithoutRulesReadNothing) {
+  for (const tag_id tag : {tag_id::invalid_tag, tag_id::center, tag_id{93}, tag_id{-1}})
+    EXPECT_EQ(left_by(xhtml_element(tag, {}, {})), " x<p>");
+}
+
+TEST(Driver, LeavesReadNothing) {
+  EXPECT_EQ(left_by(Xport::xhtml_pcdata(u"t")), " x<p>");
+  EXPECT_EQ(left_by(Xport::xhtml_comment(u"t")), " x<p>");
+  EXPECT_EQ(left_by(Xport::xhtml_processing_instruction(u"t")), " x<p>");
+  EXPECT_EQ(left_by(Xport::xhtml_doctype_declaration()), " x<p>");
+  EXPECT_EQ(left_by(xhtml_markup()), " x<p>");
+}
+
+// --- Each state and event ---
+
+TEST(Driver, EndOfTheInputInTheReceiver) {
+  const parse_result result = parse_in(p_path, u"a");
+  EXPECT_EQ(result.children, "'a'");
+  EXPECT_EQ(result.returned, "");
+}
+
+TEST(Driver, EndTagOfTheReceiverEndsTheCall) {
+  const parse_result result = parse_in(p_path, u"a</p>b");
+  EXPECT_EQ(result.children, "'a'");
+  EXPECT_EQ(result.returned, "");
+  EXPECT_EQ(result.rest, "b");
+}
+
+TEST(Driver, ElementForTheParentOfTheReceiver) {
+  const parse_result result = parse_in(p_path, u"a<div class='x'>b</div>c", 15);
+  EXPECT_EQ(result.children, "'a'");
+  EXPECT_EQ(result.returned, "div");
+  EXPECT_EQ(result.rest, "b</div>c");
+  EXPECT_EQ(result.messages,
+            message(1, "div encountered.\n") +
+                message(1, "Couldn't insert <div> into <p>.\nEnding <p> element.\n"));
+}
+
+TEST(Driver, EndTagOfTheParentOfTheReceiver) {
+  const parse_result result = parse_in(p_path, u"a </body>c", 15);
+  EXPECT_EQ(result.children, "'a'");
+  EXPECT_EQ(result.returned, "</body>");
+  EXPECT_EQ(result.rest, "c");
+  EXPECT_EQ(result.messages,
+            message(1, "</body> encountered.\n") +
+                message(1, "Expecting end tag </p>.  Encountered </body>\nEnding <13> element.\n"));
+}
+
+TEST(Driver, LeftoverOfAChildThatTheReceiverCannotUseEither) {
+  // The li is for the ul above the receiver; the em below it asks only the receiver.
+  const std::vector<tag_id> li_path = {tag_id::html, tag_id::body, tag_id::ul, tag_id::li};
+  parse_result result = parse_in(li_path, u"<em>a<li>b</em><li>c");
+  EXPECT_EQ(result.children, "em('a' 'b')");
+  EXPECT_EQ(result.returned, "li");
+  EXPECT_EQ(result.rest, "c");
+  // A cell in an open cell is handed on by it and by the receiving row.
+  const std::vector<tag_id> tr_path = {tag_id::html, tag_id::body, tag_id::table, tag_id::tr};
+  result = parse_in(tr_path, u"<td>a</tr>b", 15);
+  EXPECT_EQ(result.children, "td('a')");
+  EXPECT_EQ(result.returned, "");
+  EXPECT_EQ(result.rest, "b");
+  EXPECT_EQ(result.messages,
+            message(1, "td encountered.\n") + message(1, "</tr> encountered.\n") +
+                message(1, "Expecting end tag </td>.  Encountered </tr>\nEnding <87> element.\n") +
+                message(1, "</tr> encountered.\n"));
+}
+
+TEST(Driver, LeftoverIsANodeOfItsOwn) {
+  xhtml_doc doc(1);
+  xhtml_markup& p = *append_element(*doc.body(), tag_id::p);
+  std::basic_istringstream<char16> input(
+      u"a<div class='a value of more than a few units'>b</div>c");
+  xhtml_parser parser(&input);
+  owned_node left(parser.parse_children(&p));
+  ASSERT_NE(left, nullptr);
+  EXPECT_EQ(left->tag(), tag_id::div);
+  EXPECT_EQ(left->parent(), nullptr);
+  EXPECT_EQ(left->get_attribute(Xport::attr_id::class_), u"a value of more than a few units");
+
+  // The parent takes it and reads on, as the parser does for a child.
+  const Xport::markup_iterator at = doc.body()->adopt_child(left.get());
+  ASSERT_TRUE(at != doc.body()->end());
+  xhtml_markup* const div = left.release();
+  EXPECT_EQ(parser.parse_children(div), nullptr);
+  EXPECT_EQ(outline_with_attributes(*doc.body()),
+            "p('a') div[class=\"a value of more than a few units\"]('b')");
+  EXPECT_TRUE(is_intact(*doc.root()));
+}
+
+TEST(Driver, LeftoverOutlivesItsTree) {
+  owned_node element;
+  owned_node end_tag;
+  {
+    xhtml_doc doc(1);
+    xhtml_markup& p = *append_element(*doc.body(), tag_id::p);
+    std::basic_istringstream<char16> input(u"<div title='long enough to need memory'></body>");
+    xhtml_parser parser(&input);
+    element.reset(parser.parse_children(&p));
+    end_tag.reset(parser.parse_children(&p));
+  }
+  ASSERT_NE(element, nullptr);
+  EXPECT_EQ(element->get_attribute(Xport::attr_id::title), u"long enough to need memory");
+  ASSERT_NE(end_tag, nullptr);
+  EXPECT_TRUE(end_tag->is_end_tag());
+  EXPECT_EQ(end_tag->tag(), tag_id::body);
+  EXPECT_EQ(end_tag->tag_name(), u"</body>");
+}
+
+TEST(Driver, ElementOnTheHeapHasNoParentToAsk) {
+  xhtml_element p(tag_id::p, {}, {});
+  std::basic_istringstream<char16> input(u"a<div>b</div></body>c</p>d");
+  Xport::ustring_stream messages;
+  xhtml_parser parser(&input);
+  parser.messages = &messages;
+  parser.message_mask = 3;
+  EXPECT_EQ(parser.parse_children(&p), nullptr);
+  EXPECT_EQ(outline_with_attributes(p), "'a' 'b' 'c'");
+  EXPECT_EQ(
+      printable(messages.str()),
+      message(1, "Couldn't insert <div> into <p>.\nSkipping <div> tag.\n") +
+          message(1, "Expecting end tag </p>.  Encountered </div>\nSkipping </div> tag.\n") +
+          message(1, "Expecting end tag </p>.  Encountered </body>\nSkipping </body> tag.\n"));
+}
+
+TEST(Driver, ElementOnTheHeapBelowAnother) {
+  xhtml_element body(tag_id::body, {}, {});
+  xhtml_markup& p = *append_element(body, tag_id::p);
+  std::basic_istringstream<char16> input(u"a<div>b");
+  xhtml_parser parser(&input);
+  const owned_node left(parser.parse_children(&p));
+  ASSERT_NE(left, nullptr);
+  EXPECT_EQ(left->tag(), tag_id::div);
+}
+
+TEST(Driver, CopyOfAnElementAsksTheParentOfTheOriginal) {
+  xhtml_doc doc(1);
+  const xhtml_markup& original = *append_element(*doc.body(), tag_id::p);
+  const owned_node copy(original.clone());
+  std::basic_istringstream<char16> input(u"a<div>b");
+  xhtml_parser parser(&input);
+  const owned_node left(parser.parse_children(copy.get()));
+  ASSERT_NE(left, nullptr);
+  EXPECT_EQ(left->tag(), tag_id::div);
+  EXPECT_EQ(outline_with_attributes(*copy), "'a'");
+}
+
+TEST(Driver, PreAsTheReceiver) {
+  const parse_result result =
+      parse_in({tag_id::html, tag_id::body, tag_id::pre}, u"<b>a</b> </pre>c", 15);
+  EXPECT_EQ(result.children, "'<b>a</b>'");
+  EXPECT_EQ(result.rest, "c");
+  EXPECT_EQ(result.messages, message(1, "<pre> encountered.\n"));
+  EXPECT_EQ(result.returned, "");
+}
+
+TEST(Driver, StyleAsTheReceiver) {
+  const parse_result result =
+      parse_in({tag_id::html, tag_id::head, tag_id::style}, u"b { color: red; } </style>c");
+  EXPECT_EQ(result.children, "'b { \n   color: red;\n}\n\n'");
+  EXPECT_EQ(result.rest, "c");
+}
+
+TEST(Driver, OneParserFillsSeveralNodesInTurn) {
+  xhtml_doc doc(0);
+  xhtml_element heap(tag_id::div, {}, {});
+  std::basic_istringstream<char16> input(u"<p>a</p></doc root><p>b</p></div><p>c");
+  xhtml_parser parser(&input);
+  EXPECT_EQ(parser.parse_children(doc.root()), nullptr);
+  EXPECT_EQ(parser.parse_children(&heap), nullptr);
+  EXPECT_EQ(parser.parse_children(doc.root()), nullptr);
+  EXPECT_EQ(outline_with_attributes(*doc.root()), "p('a') p('c')");
+  EXPECT_EQ(outline_with_attributes(heap), "p('b')");
+  EXPECT_TRUE(is_intact(*doc.root()));
+  EXPECT_TRUE(is_intact(heap));
+}
+
+// --- Nodes from the readers of a derived class ---
+
+/// A node of no kind that says of itself what it's told to.
+class odd_node : public xhtml_markup {
+ public:
+  odd_node(tag_id tag, std::uint32_t category, int& deaths)
+      : tag_(tag), category_(category), deaths_(deaths) {}
+  ~odd_node() override { ++deaths_; }
+
+  tag_id tag() const override { return tag_; }
+  ustring tag_name() const override { return u"odd"; }
+  std::uint32_t category_flags() const override { return category_; }
+
+ private:
+  tag_id tag_;
+  std::uint32_t category_;
+  int& deaths_;
+};
+
+/// Gives an odd node for each instruction.
+class odd_parser : public xhtml_parser {
+ public:
+  odd_parser(input_type* stream, tag_id tag, std::uint32_t category)
+      : xhtml_parser(stream), tag_(tag), category_(category) {}
+
+  xhtml_markup* read_processing_instruction() override {
+    discard(xhtml_parser::read_processing_instruction());
+    return new odd_node(tag_, category_, deaths);
+  }
+
+  int deaths = 0;
+
+ private:
+  tag_id tag_;
+  std::uint32_t category_;
+};
+
+struct odd_result {
+  std::string children;
+  std::string messages;
+  int deaths;
+};
+
+odd_result parse_odd(const char16_t* text, tag_id tag, std::uint32_t category) {
+  xhtml_doc doc(1);
+  xhtml_markup& div = *append_element(*doc.body(), tag_id::div);
+  std::basic_istringstream<char16> input(text);
+  Xport::ustring_stream messages;
+  odd_parser parser(&input, tag, category);
+  parser.messages = &messages;
+  parser.message_mask = 15;
+  EXPECT_EQ(parser.parse_children(&div), nullptr);
+  EXPECT_TRUE(is_intact(*doc.root()));
+  return {outline_with_attributes(div), printable(messages.str()), parser.deaths};
+}
+
+TEST(DerivedParser, NodeOfTextThatIsNoElementGoesSilently) {
+  const odd_result result = parse_odd(u"a<?x?>b", tag_id::invalid_tag, Xport::category_text);
+  EXPECT_EQ(result.children, "'a' 'b'");
+  EXPECT_EQ(result.messages, "");
+  EXPECT_EQ(result.deaths, 1);
+}
+
+TEST(DerivedParser, NodeOfTextThatSaysItIsAnElement) {
+  const odd_result result = parse_odd(u"a<?x?>b", tag_id::b, Xport::category_text);
+  EXPECT_EQ(result.children, "'a' 'b'");
+  EXPECT_EQ(result.messages,
+            message(1, "Couldn't insert pc data into <div>.\nSkipping pc data tag.\n"));
+  EXPECT_EQ(result.deaths, 1);
+}
+
+TEST(DerivedParser, NodeOfNoKindThatSaysItIsAnElement) {
+  const odd_result result = parse_odd(u"<p><?x?></p>", tag_id::b, Xport::category_inline);
+  EXPECT_EQ(result.children, "p");
+  EXPECT_EQ(result.messages,
+            message(1, "p encountered.\n") +
+                message(1, "Couldn't insert <odd> into <p>.\nSkipping <odd> tag.\n") +
+                message(1, "</p> encountered.\n"));
+  EXPECT_EQ(result.deaths, 1);
+}
+
+/// Makes elements and texts of its own, with new.
+class heap_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+
+  bool only_elements = false;
+
+  xhtml_markup* read_start_tag(xhtml_markup* parent) override {
+    const owned_markup made(this, xhtml_parser::read_start_tag(parent));
+    if (made.node == nullptr || made.node->tag_trait() == nullptr) return nullptr;
+    auto* const element = new xhtml_element(made.node->tag(), {}, u"mine");
+    return element;
+  }
+
+  xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
+    if (only_elements) return xhtml_parser::read_pcdata(parent, prefix);
+    const owned_markup made(this, xhtml_parser::read_pcdata(parent, prefix));
+    if (made.node == nullptr || made.node->type() != Xport::node_type::pcdata) return nullptr;
+    return new Xport::xhtml_pcdata(static_cast<Xport::xhtml_pcdata*>(made.node)->text());
+  }
+
+ private:
+  struct owned_markup {
+    owned_markup(heap_parser*, xhtml_markup* made) : node(made) {}
+    owned_markup(const owned_markup&) = delete;
+    owned_markup& operator=(const owned_markup&) = delete;
+    ~owned_markup() { discard(node); }
+    xhtml_markup* node;
+  };
+};
+
+TEST(DerivedParser, NodesOfTheHeapInADocument) {
+  for (const bool only_elements : {false, true}) {
+    xhtml_doc doc(1);
+    std::basic_istringstream<char16> input(
+        u"<p title='x'>a text that is longer than a few units<b>c<!--d--></b></p><p>e<?f?>");
+    heap_parser parser(&input);
+    parser.only_elements = only_elements;
+    EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+    EXPECT_EQ(outline_with_attributes(*doc.body()),
+              "p[class=\"mine\"]('a text that is longer than a few units' "
+              "b[class=\"mine\"]('c' #d#)) p[class=\"mine\"]('e' ?f?)");
+    EXPECT_TRUE(is_intact(*doc.root()));
+    doc.body()->begin()->push_back_text(u"more");
+    static_cast<xhtml_element*>(doc.body())->clear_children();
+  }
+}
+
+TEST(DerivedParser, LeftoverOfTheHeapGoesUpIntoTheDocument) {
+  xhtml_doc doc(1);
+  std::basic_istringstream<char16> input(u"<p>a<p>b<div>c</b></div>d<p>e");
+  heap_parser parser(&input);
+  parser.only_elements = true;
+  EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+  EXPECT_EQ(outline_with_attributes(*doc.body()),
+            "p[class=\"mine\"]('a') p[class=\"mine\"]('b') div[class=\"mine\"]('c') "
+            "p[class=\"mine\"]('e')");
+  EXPECT_TRUE(is_intact(*doc.root()));
+}
+
+/// Takes any end tag for the one that closes the open element.
+class lenient_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  bool is_matching_end_tag(const xhtml_markup*, const xhtml_markup* node) override {
+    return node->is_end_tag();
+  }
+};
+
+TEST(DerivedParser, DecidesWhatMatches) {
+  xhtml_element div(tag_id::div, {}, {});
+  std::basic_istringstream<char16> input(u"<p>a<b>c</x>d</y>e</z>f");
+  lenient_parser parser(&input);
+  EXPECT_EQ(parser.parse_children(&div), nullptr);
+  EXPECT_EQ(outline_with_attributes(div), "p('a' b('c') 'd') 'e'");
+  EXPECT_EQ(input.rdbuf()->sgetc(), u'f');
+}
+
+/// Ends each element at the sign "|".
+class short_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  xhtml_markup* read_next(xhtml_markup* parent) override {
+    if (input->rdbuf()->sgetc() != u'|') return xhtml_parser::read_next(parent);
+    input->rdbuf()->sbumpc();
+    return nullptr;
+  }
+};
+
+TEST(DerivedParser, NothingReadEndsOneElement) {
+  xhtml_element div(tag_id::div, {}, {});
+  std::basic_istringstream<char16> input(u"<p>a<b>|<i>|</p><em>|<p>c");
+  short_parser parser(&input);
+  EXPECT_EQ(parser.parse_children(&div), nullptr);
+  EXPECT_EQ(outline_with_attributes(div), "p('a' b i) em p('c')");
+  std::basic_istringstream<char16> more(u"d<b>|</b>|e");
+  xhtml_element p(tag_id::p, {}, {});
+  short_parser next(&more);
+  EXPECT_EQ(next.parse_children(&p), nullptr);
+  EXPECT_EQ(outline_with_attributes(p), "'d' b");
+  EXPECT_EQ(more.rdbuf()->sgetc(), u'e');
+}
+
+/// Counts how often the driver asks its readers.
+class counting_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  int texts = 0;
+  int start_tags = 0;
+  int end_tags = 0;
+  int comments = 0;
+
+  xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
+    ++texts;
+    return xhtml_parser::read_pcdata(parent, prefix);
+  }
+  xhtml_markup* read_start_tag(xhtml_markup* parent) override {
+    ++start_tags;
+    return xhtml_parser::read_start_tag(parent);
+  }
+  xhtml_markup* read_end_tag() override {
+    ++end_tags;
+    return xhtml_parser::read_end_tag();
+  }
+  xhtml_markup* read_comment(xhtml_markup* parent) override {
+    ++comments;
+    return xhtml_parser::read_comment(parent);
+  }
+};
+
+TEST(DerivedParser, ReadersCallEachOtherThroughTheTable) {
+  xhtml_doc doc(1);
+  std::basic_istringstream<char16> input(
+      u"<p>a<b>c</b></p>\n<p>d</p><!--e--><!-f<foo g></p></body>");
+  counting_parser parser(&input);
+  EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a' b('c')) p('d') #e#");
+  EXPECT_EQ(parser.start_tags, 4);  // with <foo g>
+  EXPECT_EQ(parser.end_tags, 5);
+  EXPECT_EQ(parser.comments, 2);
+  EXPECT_EQ(parser.texts, 6);  // a, c, the newline, d, "<-f", "<foo  g>"
+}
+
+/// Fills a node of its own for each comment.
+class nested_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  xhtml_markup* read_comment(xhtml_markup* parent) override {
+    discard(xhtml_parser::read_comment(parent));
+    auto box =
+        std::make_unique<xhtml_element>(tag_id::span, Xport::ustring_view{}, Xport::ustring_view{});
+    const owned_node left(parse_children(box.get()));
+    return box.release();
+  }
+};
+
+TEST(DerivedParser, FillsAnotherNodeInBetween) {
+  xhtml_doc doc(1);
+  xhtml_markup& p = *append_element(*doc.body(), tag_id::p);
+  std::basic_istringstream<char16> input(u"<b>a<!--x-->in<i>side</i></span>c</b>d");
+  nested_parser parser(&input);
+  EXPECT_EQ(parser.parse_children(&p), nullptr);
+  EXPECT_EQ(outline_with_attributes(p), "b('a' span('in' i('side')) 'c') 'd'");
+  EXPECT_TRUE(is_intact(*doc.root()));
+}
+
+}  // namespace
