@@ -1,15 +1,11 @@
 #include "report/element_plain_text.h"
 
-#include "xport/markup/xhtml_writer.h"
-#include "xport/text/ustring_stream.h"
+#include "report/written_text.h"
 
 Xport::ustring ElementPlainText(const Xport::xhtml_element& element) {
-  Xport::ustring_stream stream;
-  Xport::xhtml_writer writer(stream);
-  element.write(writer);
-
+  const Xport::ustring written = WrittenText(element);
   Xport::ustring plain;
-  Xport::ustring_view rest = stream.str();
+  Xport::ustring_view rest = written;
   while (true) {
     const std::size_t open = rest.find(u'<');
     const std::size_t close = rest.find(u'>');

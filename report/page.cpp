@@ -41,6 +41,19 @@ void VellomarkObj::StartParagraph() {
   cursor_ready = true;
 }
 
+// The positions in the body go with it. Those in the section table stay, which is no part
+// of the page.
+void VellomarkObj::ClearPage() {
+  if (!doc) return;
+  static_cast<Xport::xhtml_element*>(doc->body())->clear_children();
+  cursor = table_pos = {};
+  if (row_pos.owner() != &section_table) row_pos = {};
+  for (SavedTableState& saved : table_stack) {
+    saved.cursor = {};
+    if (saved.row_pos.owner() != &section_table) saved.row_pos = {};
+  }
+}
+
 void VellomarkObj::NewParagraph() { StartParagraph(); }
 
 void VellomarkObj::AddHeading(const char16_t* text, std::int32_t style) {

@@ -73,6 +73,7 @@ class VellomarkObj final : public IVellomark {
 
   // page.cpp
   void StartParagraph();
+  void ClearPage();
   void AppendPlainText(const char16_t* text);
 
   // tables.cpp

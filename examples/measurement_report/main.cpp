@@ -11,11 +11,11 @@
 
 #include "../support/csv_reader.h"
 #include "../support/host.h"
+#include "../support/temporary_folder.h"
 #include "bmp_file.h"
 #include "chart.h"
 #include "measurements.h"
 #include "report_builder.h"
-#include "temporary_folder.h"
 
 namespace measurement_report {
 namespace {
@@ -63,7 +63,7 @@ void make_report(const examples::options& chosen) {
   const measurement_table table = read_measurements(input);
   const std::string source = fs::path(input).filename().string();
 
-  const temporary_folder drawings;
+  const examples::temporary_folder drawings("charts");
   boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
   build_report(*report, table, draw_charts(table, drawings.path()),
                examples::name_to_utf16(source));

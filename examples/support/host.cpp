@@ -15,14 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string read_file(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file || fs::is_directory(path)) throw std::runtime_error("cannot open " + path);
-  std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-  if (file.bad()) throw std::runtime_error("cannot read " + path);
-  return bytes;
-}
-
 // The name that the library gives to a page if it is to choose one.
 std::string next_report_name(const fs::path& folder) {
   for (int number = 1;; ++number) {
@@ -55,6 +47,14 @@ int run_host(const std::string& program, const std::vector<std::string>& argumen
     std::cerr << program << ": " << error.what() << '\n';
     return 1;
   }
+}
+
+std::string read_file(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file || fs::is_directory(path)) throw std::runtime_error("cannot open " + path);
+  std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  if (file.bad()) throw std::runtime_error("cannot read " + path);
+  return bytes;
 }
 
 csv_table read_table(const std::string& path, std::size_t columns) {

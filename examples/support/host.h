@@ -19,6 +19,9 @@ namespace examples {
 int run_host(const std::string& program, const std::vector<std::string>& arguments,
              const std::function<void(const options&)>& work);
 
+/// All bytes of the file. Raises std::runtime_error with the path if it can't be read.
+std::string read_file(const std::string& path);
+
 /// The table in the file, whose header must have `columns` fields or more. Raises
 /// std::runtime_error with the path, and the line if the content is at fault.
 csv_table read_table(const std::string& path, std::size_t columns);

@@ -1,10 +1,12 @@
 #include "report_builder.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
-#include <map>
+#include <vector>
 
 #include "../support/page_text.h"
+#include "../support/record_groups.h"
 
 namespace table_report {
 
@@ -14,6 +16,7 @@ using examples::counted;
 using examples::csv_record;
 using examples::csv_table;
 using examples::escape;
+using examples::record_group;
 using examples::strong;
 using examples::titled;
 
@@ -22,7 +25,7 @@ namespace {
 class builder {
  public:
   builder(IVellomark& report, const csv_table& table, const std::u16string& source)
-      : report_(report), table_(table), source_(source), groups_(group_records(table)) {
+      : report_(report), table_(table), source_(source), groups_(examples::group_records(table)) {
     groups_anchor_ = anchors_.make(u"By " + table.header[0]);
     records_anchor_ = anchors_.make(u"All rows");
     for (const record_group& group : groups_) group_anchors_.push_back(anchors_.make(group.name));
@@ -123,18 +126,6 @@ class builder {
 };
 
 }  // namespace
-
-std::vector<record_group> group_records(const csv_table& table) {
-  std::vector<record_group> groups;
-  std::map<std::u16string, std::size_t> places;
-  for (std::size_t i = 0; i < table.records.size(); ++i) {
-    const std::u16string& name = table.records[i][0];
-    const auto [place, is_new] = places.emplace(name, groups.size());
-    if (is_new) groups.push_back({name, {}});
-    groups[place->second].records.push_back(i);
-  }
-  return groups;
-}
 
 void build_report(IVellomark& report, const csv_table& table, const std::u16string& source) {
   builder(report, table, source).build();

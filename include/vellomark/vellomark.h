@@ -60,7 +60,8 @@ class VELLOMARK_API IVellomark {
   /// Returns true as soon as the page file was opened; an error in writing it
   /// (a full disk) isn't reported. Returns false, without opening anything, if a
   /// folder can't be made, and false if the page file can't be opened. The page
-  /// stays in the report and may be saved again; each call starts a new block.
+  /// stays in the report and may be saved again; each call, whatever comes of it,
+  /// first places the next piece of a template and starts a new block.
   virtual bool Save(const char16_t* folder, const char16_t* file_name) = 0;
 
   /// Adds a line of text: to the current block of the page, as a cell to the
@@ -133,18 +134,47 @@ class VELLOMARK_API IVellomark {
   /// together on the page, and each heading is written once.
   virtual void AddSectionHeading(const char16_t* text, std::int32_t style) = 0;
 
-  /// Reads a template page. Not available in this version: does nothing.
+  /// Reads the template page `path`, UTF-16 in either byte order, and empties the
+  /// body of the report's page. A marker is an element with the `id` "Template"; its
+  /// first child, as it is written, is the text of a field. The template's body is cut
+  /// at each `p` that stands in it directly and begins with a marker, and the pieces
+  /// wait to be placed on the page; the `p` vanishes, and so does what is no element.
+  /// Nothing else of the template is used.
+  ///
+  /// A marker in any other place is a field without a cut, and keeps all cuts behind
+  /// it from being made: docs/templates.md tells where markers work. One without a
+  /// child is no field.
+  ///
+  /// Nothing tells whether the file is a template: look at the fields. A file that
+  /// can't be opened changes nothing, and neither does a null `path`; any other takes
+  /// the place of the template that was loaded before, and of its pieces. A table that
+  /// is open on the page is gone with it: until CloseTable its cells go nowhere.
+  /// Sections stay, and a table in one of them.
+  ///
+  /// A template with style text that is never done with (docs/reading.md) is never
+  /// done with either: load no pages from sources that you don't trust. If an
+  /// exception is raised, the page is as it was and there may be no template.
   virtual void LoadTemplate(const char16_t* path) = 0;
 
-  /// Tells whether the loaded template has the field `name`. Not available in
-  /// this version: no template can be loaded, so it returns false.
+  /// Tells whether the template has the field `name`, compared unit by unit. If it
+  /// has, and with `replace` and a `value` that isn't null, it also places the next
+  /// piece of the template on the page, whichever field is named, and starts a new
+  /// block behind it, where content goes on; when no piece is left it only does
+  /// the latter. `value` then takes the place of `name` in the list of fields; it isn't
+  /// put on the page. Of equal fields the first one is meant. A null `name` is no field.
+  ///
+  /// If an exception is raised, the field keeps its text. The same call again places
+  /// what is left of the piece.
   virtual bool SetTemplateField(const char16_t* name, bool replace, const char16_t* value) = 0;
 
-  /// Empties `fields` and fills it with the field texts of the loaded template
-  /// in document order. In this version there are never any.
+  /// Empties `fields` and fills it with the texts of the template's fields in the
+  /// order of the page, values that were set among them. The array is the host's and
+  /// may outlive the report; other copies of it keep what they have. A text ends at
+  /// its first zero. After an exception it holds the first fields.
   virtual void GetTemplateFields(zov_shared_array<CZovString>& fields) = 0;
 
-  /// Forgets the field texts of the loaded template.
+  /// Forgets the fields of the template: SetTemplateField then returns false. The
+  /// pieces stay, and Save places them.
   virtual void ClearTemplateFields() = 0;
 
   /// Keeps AddText and AddLink on the page while section mode is on.

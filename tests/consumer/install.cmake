@@ -8,6 +8,7 @@ foreach(
   file IN
   ITEMS ${includedir}/vellomark/vellomark.h
         ${includedir}/vellomark/export.h
+        ${includedir}/vellomark/samples.h
         ${libdir}/libvellomark.so
         ${libdir}/libvellomark.so.0
         ${libdir}/cmake/vellomark/vellomark-config.cmake

@@ -16,8 +16,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string make_page(const fs::path& folder) {
+// A template with a field behind each of some blocks.
+void make_template(const fs::path& file) {
+  std::u16string text = u"<html><head><title>t</title></head><body>";
+  for (const char16_t* const name : {u"one", u"two", u"three"})
+    text += u"<p>in front of a field</p><p><span id='Template'>" + std::u16string(name) +
+            u"</span></p>";
+  text += u"</body></html>";
+  std::ofstream out(file, std::ios::binary);
+  for (const char16_t unit : text) out << static_cast<char>(unit & 0xFF) << char();
+}
+
+// Lists the fields of the page and takes one after the other.
+void fill(IVellomark& report, const fs::path& page) {
+  report.LoadTemplate(page.u16string().c_str());
+  zov_shared_array<CZovString> fields;
+  report.GetTemplateFields(fields);
+  for (const CZovString& field : fields) {
+    EXPECT_TRUE(report.SetTemplateField(field.c_str(), true, u"value"));
+    report.AddText(field.c_str(), false);
+  }
+  EXPECT_EQ(fields.size(), 3u);
+}
+
+std::string make_page(const fs::path& page_template, const fs::path& folder) {
   boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
+  fill(*report, page_template);
   for (int style = 0; style < 5; ++style) report->AddHeading(u"Heading", style);
   report->AddLink(nullptr, u"anchor");
   report->OpenTable(3);
@@ -49,21 +73,24 @@ class temporary_folder {
 };
 
 TEST(Threads, SeparateReportsDoNotMix) {
-  constexpr std::size_t thread_count = 4;
-  constexpr int reports_per_thread = 20;
+  constexpr std::size_t thread_count = 8;
+  constexpr int reports_per_thread = 10;
   const temporary_folder folder;
+  const fs::path page_template = folder.path() / "template.htm";
+  make_template(page_template);
 
   std::vector<std::vector<std::string>> pages(thread_count);
   std::vector<std::thread> threads;
   for (std::size_t i = 0; i < thread_count; ++i) {
-    threads.emplace_back([&pages, &folder, i] {
+    threads.emplace_back([&pages, &folder, &page_template, i] {
       const fs::path own = folder.path() / std::to_string(i);
-      for (int n = 0; n < reports_per_thread; ++n) pages[i].push_back(make_page(own));
+      for (int n = 0; n < reports_per_thread; ++n)
+        pages[i].push_back(make_page(page_template, own));
     });
   }
   for (std::thread& thread : threads) thread.join();
 
-  const std::string expected = make_page(folder.path() / "alone");
+  const std::string expected = make_page(page_template, folder.path() / "alone");
   ASSERT_GT(expected.size(), 10000u);
   for (const std::vector<std::string>& of_one_thread : pages) {
     for (const std::string& page : of_one_thread) EXPECT_TRUE(page == expected);

@@ -1,6 +1,7 @@
-// Validates the pages of the examples against the published DTD of XHTML 1.0 Strict, which the
-// XML catalog of the package w3c-sgml-lib finds on this machine.
+// Validates the pages of the examples and of the sample functions against the published DTD of
+// XHTML 1.0 Strict, which the XML catalog of the package w3c-sgml-lib finds on this machine.
 #include <gtest/gtest.h>
+#include <vellomark/samples.h>
 
 #include <chrono>
 #include <cstddef>
@@ -78,7 +79,6 @@ class Validity : public testing::Test {
     return found;
   }
 
- private:
   scratch_folder scratch_;
 };
 
@@ -162,6 +162,49 @@ TEST_F(Validity, OfEveryOperationButForThreeOddities) {
   const std::string empty_table = "<table border='1' class='main' width='100%'>\n    </table>\n";
   EXPECT_EQ(count(with_breaks, empty_table), 1u);
   EXPECT_EQ(errors(repaired_sections(replace_all(with_breaks, empty_table, ""))), messages{});
+}
+
+TEST_F(Validity, OfTheTemplateReport) {
+  EXPECT_EQ(errors(page_of({TEMPLATE_REPORT_PROGRAM})), messages{});
+  const std::string data = file(
+      "<kind>,\"what & \"\"why\"\"\",]]>\n"
+      "\"two\nlines\",\"a\r\nb\",\n"
+      ",'<b>',--\n"
+      "part overview,1,2\n"
+      "part_overview,1,2\n");
+  EXPECT_EQ(errors(page_of({TEMPLATE_REPORT_PROGRAM, "--input", data})), messages{});
+  const std::string header_only = file("a,b\n");
+  EXPECT_EQ(errors(page_of({TEMPLATE_REPORT_PROGRAM, "--input", header_only})), messages{});
+}
+
+// With and without strings, and after it was read, changed and written.
+TEST_F(Validity, OfTheSampleReport) {
+  const std::filesystem::path sample = scratch_.path() / "sample.htm";
+  const std::filesystem::path changed = scratch_.path() / "changed.htm";
+  vellomark::CreateSampleVellomark1(sample.u16string().c_str());
+  EXPECT_EQ(errors(page_as_utf8(sample)), messages{});
+  vellomark::ParseAndChangeSampleVellomark(sample.u16string().c_str(), changed.u16string().c_str());
+  EXPECT_EQ(errors(page_as_utf8(changed)), messages{});
+}
+
+// Three things are required and not valid: the four pictures have no `alt`, two of the `id`
+// hold a blank, and the control has an alignment. With all of them repaired the page is valid.
+TEST_F(Validity, OfTheWorkReportButForThreeOddities) {
+  const std::filesystem::path path = scratch_.path() / "work.htm";
+  ASSERT_TRUE(vellomark::CreateWorkVellomark(path.u16string().c_str()));
+  std::string page = page_as_utf8(path);
+  const std::string no_alt =
+      "element img: validity error : Element img does not carry attribute alt";
+  const std::string wrong_id =
+      "element h1: validity error : Syntax of value for attribute id of h1 is not valid";
+  EXPECT_EQ(errors(page),
+            (messages{no_alt, no_alt, no_alt, no_alt, wrong_id, wrong_id,
+                      "element object: validity error : No declaration for attribute align of "
+                      "element object"}));
+  page = replace_all(page, "<img ", "<img alt='' ");
+  page = replace_all(page, " id='Result Table'", " id='Result_Table'");
+  page = replace_all(page, " id='Total solution'", " id='Total_solution'");
+  EXPECT_EQ(errors(replace_all(page, " align='middle'", "")), messages{});
 }
 
 }  // namespace

@@ -89,6 +89,40 @@ TEST_F(ZovSharedArray, CopiesShare) {
   EXPECT_EQ(counted::alive(), 3u);
 }
 
+// In whatever order the copies go: the elements go once, with the last of them.
+TEST_F(ZovSharedArray, TheLastOfTheCopiesTakesTheElementsAlong) {
+  const int orders[][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
+  for (const auto& order : orders) {
+    counted_array copies[3];
+    fill(copies[0], 5);
+    copies[1] = copies[0];
+    copies[2] = copies[1];
+    copies[order[0]].clear();
+    copies[order[1]] = counted_array();
+    EXPECT_EQ(counted::alive(), 5u);
+    EXPECT_EQ(values(copies[order[2]]), up_to(5));
+    copies[order[2]].clear();
+    EXPECT_EQ(counted::alive(), 0u);
+    EXPECT_EQ(copies[order[2]].capacity(), 7u) << "the storage is the last one's own";
+    EXPECT_EQ(copies[order[0]].capacity(), 0u);
+  }
+}
+
+// Both grow by half from there, each in storage of its own.
+TEST_F(ZovSharedArray, SharedStorageGrowsToSizeAndOneAndHalfFromEverySize) {
+  for (int size = 0; size < 20; ++size) {
+    counted_array array;
+    fill(array, size);
+    counted_array copy(array);
+    const std::size_t copies = counted::copies();
+    copy.push_back(counted(size));
+    EXPECT_EQ(values(copy), up_to(size + 1));
+    EXPECT_EQ(values(array), up_to(size));
+    EXPECT_EQ(counted::copies() - copies, static_cast<std::size_t>(size) + 1);
+    EXPECT_EQ(copy.capacity(), static_cast<std::size_t>(size + 1 + size / 2));
+  }
+}
+
 TEST_F(ZovSharedArray, AppendingToACopyLeavesTheOtherAlone) {
   counted_array array;
   fill(array, 3);

@@ -1,9 +1,11 @@
 // A host as anybody may write one, in C++11: builds a report with the installed library,
-// saves it below the folder named by the first argument and reads the page back.
-// Answers 0 if the page holds what it should, else a message and 1.
+// saves it below the folder named by the first argument, writes the samples there, and reads
+// the pages back. Answers 0 if they hold what they should, else a message and 1.
+#include <vellomark/samples.h>
 #include <vellomark/vellomark.h>
 
 #include <fstream>
+#include <initializer_list>
 #include <iostream>
 #include <iterator>
 #include <string>
@@ -39,16 +41,42 @@ bool write_report(const std::u16string& folder) {
   return report->Save(folder.c_str(), u"consumer.htm") || fail("the report was not saved");
 }
 
-bool check_page(const std::string& path) {
+// The list of fields outlives its report.
+bool read_fields(const std::string& folder, const std::u16string& wide_folder) {
+  {
+    std::ofstream file((folder + "/template.htm").c_str(), std::ios::binary);
+    file << units("<html><body><p><b id='Template'>Field</b></p></body></html>");
+  }
+  zov_shared_array<CZovString> fields;
+  {
+    boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
+    report->LoadTemplate((wide_folder + u"/template.htm").c_str());
+    report->GetTemplateFields(fields);
+  }
+  if (fields.size() != 1) return fail("the template does not have one field");
+  return fields[0] == CZovString(u"Field") || fail("the template has another field");
+}
+
+// The sample functions answer alike, whichever string table the library has.
+bool write_samples(const std::u16string& folder) {
+  const std::u16string sample = folder + u"/sample.htm";
+  const std::u16string changed = folder + u"/changed.htm";
+  const std::u16string work = folder + u"/work.htm";
+  const bool has_strings = vellomark::CreateSampleVellomark1(sample.c_str());
+  if (vellomark::ParseAndChangeSampleVellomark(sample.c_str(), changed.c_str()) != has_strings)
+    return fail("one sample function finds a string and the other one doesn't");
+  return vellomark::CreateWorkVellomark(work.c_str()) || fail("the work report was not written");
+}
+
+bool check_page(const std::string& path, std::initializer_list<const char*> texts) {
   std::ifstream file(path.c_str(), std::ios::binary);
   if (!file) return fail("there is no page " + path);
   const std::string page((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   if (page.compare(0, 4, std::string("\xFF\xFE<\0", 4)) != 0)
     return fail("the page does not begin with a byte-order mark and markup");
-  for (const char* text : {"<h1", "Consumer heading", "Consumer text", "<table", "left cell",
-                           "right cell", "</html>"}) {
+  for (const char* text : texts) {
     if (page.find(units(text)) == std::string::npos)
-      return fail(std::string("the page lacks ") + text);
+      return fail("the page " + path + " lacks " + text);
   }
   return true;
 }
@@ -62,5 +90,11 @@ int main(int argc, char** argv) {
   }
   const std::string folder = argv[1];
   const std::u16string wide_folder(folder.begin(), folder.end());  // the folder's name is ASCII
-  return write_report(wide_folder) && check_page(folder + "/Vellomark/consumer.htm") ? 0 : 1;
+  const bool good = write_report(wide_folder) && write_samples(wide_folder) &&
+                    check_page(folder + "/Vellomark/consumer.htm",
+                               {"<h1", "Consumer heading", "Consumer text", "<table", "left cell",
+                                "right cell", "</html>"}) &&
+                    check_page(folder + "/changed.htm", {"'elem1'>", "Element4", "</html>"}) &&
+                    check_page(folder + "/work.htm", {"Decription", "</html>"});
+  return good ? 0 : 1;
 }

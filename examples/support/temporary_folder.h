@@ -1,16 +1,18 @@
-#ifndef EXAMPLES_MEASUREMENT_REPORT_TEMPORARY_FOLDER_H
-#define EXAMPLES_MEASUREMENT_REPORT_TEMPORARY_FOLDER_H
+#ifndef EXAMPLES_SUPPORT_TEMPORARY_FOLDER_H
+#define EXAMPLES_SUPPORT_TEMPORARY_FOLDER_H
 
 #include <filesystem>
+#include <string>
 
-namespace measurement_report {
+namespace examples {
 
 /// A new folder, removed with all that it holds at the end of its life. It is
 /// made where the system keeps temporary files, below TMPDIR if that is set.
 class temporary_folder {
  public:
-  /// Raises std::runtime_error if the folder can't be made.
-  temporary_folder();
+  /// The name is `purpose`, "-" and six other characters. Raises std::runtime_error if the
+  /// folder can't be made.
+  explicit temporary_folder(const std::string& purpose);
   ~temporary_folder();
   temporary_folder(const temporary_folder&) = delete;
   temporary_folder& operator=(const temporary_folder&) = delete;
@@ -22,6 +24,6 @@ class temporary_folder {
   std::filesystem::path path_;
 };
 
-}  // namespace measurement_report
+}  // namespace examples
 
 #endif

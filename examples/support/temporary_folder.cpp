@@ -4,16 +4,16 @@
 
 #include <cerrno>
 #include <stdexcept>
-#include <string>
 #include <system_error>
 
-namespace measurement_report {
+namespace examples {
 
 namespace fs = std::filesystem;
 
-temporary_folder::temporary_folder() {
+temporary_folder::temporary_folder(const std::string& purpose) {
   std::error_code no_folder;
-  std::string name = fs::absolute(fs::temp_directory_path(no_folder) / "charts-XXXXXX").string();
+  std::string name =
+      fs::absolute(fs::temp_directory_path(no_folder) / (purpose + "-XXXXXX")).string();
   if (no_folder) throw std::runtime_error("there is no folder for temporary files, see TMPDIR");
   if (::mkdtemp(name.data()) == nullptr) {
     throw std::runtime_error("cannot make the temporary folder " + name + ": " +
@@ -27,4 +27,4 @@ temporary_folder::~temporary_folder() {
   fs::remove_all(path_, ignored);
 }
 
-}  // namespace measurement_report
+}  // namespace examples

@@ -1,0 +1,55 @@
+#ifndef FUZZ_REPORT_FENCED_FILES_H
+#define FUZZ_REPORT_FENCED_FILES_H
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+
+#include "platform/file_system.h"
+#include "xport/text/char16.h"
+
+namespace fuzz {
+
+/// The disk below one folder. Outside of it nothing is there and nothing can be made, so that
+/// whatever path an input comes up with does no harm. One of its calls can be made to raise.
+class fenced_files : public platform::file_system {
+ public:
+  /// Lets paths through that begin with `folder` and a separator and don't lead out again.
+  explicit fenced_files(Xport::ustring folder) : folder_(std::move(folder)) {}
+
+  bool exists(const Xport::ustring& path) override { return passes(path) && disk_.exists(path); }
+  bool is_file(const Xport::ustring& path) override { return passes(path) && disk_.is_file(path); }
+  platform::folder_result create_directory(const Xport::ustring& path) override {
+    return passes(path) ? disk_.create_directory(path) : platform::folder_result::failed;
+  }
+  std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) override {
+    return passes(path) ? disk_.open_for_writing(path) : nullptr;
+  }
+  std::unique_ptr<Xport::byte_input> open_for_reading(const Xport::ustring& path) override {
+    return passes(path) ? disk_.open_for_reading(path) : nullptr;
+  }
+  bool copy_file(const Xport::ustring& source, const Xport::ustring& target) override {
+    return passes(source) && is_inside(target) && disk_.copy_file(source, target);
+  }
+  bool remove_file(const Xport::ustring& path) override {
+    return passes(path) && disk_.remove_file(path);
+  }
+
+  /// Lets the `number`th call from now on raise std::bad_alloc; 0 for none.
+  void raise_at(std::size_t number) { left_ = number; }
+
+  /// The units of the file behind `path`; nothing if it can't be opened.
+  std::optional<Xport::ustring> units_of(const Xport::ustring& path) const;
+
+ private:
+  bool is_inside(Xport::ustring_view path) const;
+  bool passes(const Xport::ustring& path);
+
+  platform::file_system& disk_ = file_system::native();
+  Xport::ustring folder_;
+  std::size_t left_ = 0;
+};
+
+}  // namespace fuzz
+
+#endif

@@ -1,0 +1,243 @@
+// Memory runs out at every allocation of every operation on templates.
+#include <new>
+#include <optional>
+#include <string>
+
+#include "support/allocation_failure.h"
+#include "tests/report/templates/template_page.h"
+
+namespace templates_test {
+
+namespace {
+
+constexpr ustring_view old_line = u"A line that was on the page before and doesn't fit inside";
+constexpr ustring_view long_text = u"some content that is too long to be kept inside a node";
+
+// A template with pieces of several nodes.
+ustring source() {
+  const ustring two =
+      content(ustring(long_text) + u" 1") + u"<ul><li>item<li>" + ustring(long_text) + u" 2</ul>";
+  return page(two + marker(u"A field with a long name, so that it needs memory") + two +
+              marker(u"B") + content(u"end"));
+}
+
+const texts source_fields = {u"A field with a long name, so that it needs memory", u"B"};
+
+ustring piece() {
+  return shown(ustring(long_text) + u" 1") +
+         u"    <ul>\n      <li>\n        item\n      </li>\n      <li>\n        " +
+         ustring(long_text) + u" 2\n      </li>\n    </ul>\n";
+}
+
+// Made anew for each attempt, with a number of blocks on the page that decides at which node
+// the page's memory runs out.
+class small_report {
+ public:
+  explicit small_report(int blocks) : blocks_(blocks) {
+    test::make_file(folder_.path() / "t.htm", marked_bytes(source()));
+    path_ = folder_.text(u"/t.htm");
+    out_ = folder_.text(u"/out");
+    report_.emplace(platform::file_system::native(), browser_);
+  }
+
+  VellomarkObj& object() { return *report_; }
+
+  void load() { report_->LoadTemplate(path_.c_str()); }
+
+  void add_blocks() {
+    for (int number = 0; number < blocks_; ++number) report_->NewParagraph();
+  }
+
+  bool save() { return report_->Save(out_.c_str(), u"page.htm"); }
+
+  ustring saved() {
+    EXPECT_TRUE(save());
+    return body_of(page_text(folder_.path() / "out" / "Vellomark" / "page.htm"));
+  }
+
+  void release() { report_.reset(); }
+
+ private:
+  int blocks_;
+  test::temp_folder folder_;
+  test::recording_opener browser_;
+  ustring path_;
+  ustring out_;
+  std::optional<VellomarkObj> report_;
+};
+
+// Makes `attempt` on a report with its first, second ... allocation failing, each time on one
+// that `prepare` has made ready, until it passes. Calls `check` behind each, with whether
+// memory ran out.
+template <class Prepare, class Attempt, class Check>
+void at_each_allocation(int blocks, Prepare prepare, Attempt attempt, Check check) {
+  std::size_t failures = 0;
+  for (std::size_t number = 1;; ++number) {
+    SCOPED_TRACE("allocation " + std::to_string(number));
+    small_report report(blocks);
+    prepare(report);
+    const std::size_t calls_before = test::allocation_calls();
+    bool raised = false;
+    test::fail_allocation(number);
+    try {
+      attempt(report);
+    } catch (const std::bad_alloc&) {
+      raised = true;
+    }
+    test::fail_allocation(0);
+    const bool ran_out = test::allocation_calls() - calls_before >= number;
+    EXPECT_EQ(raised, ran_out) << "nothing keeps it from the caller";
+    check(report, raised);
+    if (!ran_out || testing::Test::HasFailure()) break;
+    ++failures;
+  }
+  EXPECT_GT(failures, 0u);
+}
+
+TEST(TemplateMemory, ALoadThatFailsLeavesThePageAsItWas) {
+  at_each_allocation(
+      0, [](small_report& report) { report.object().AddText(old_line.data(), false); },
+      [](small_report& report) { report.load(); },
+      [](small_report& report, bool failed) {
+        if (!failed) return;
+        EXPECT_EQ(fields_of(report.object()), texts());
+        EXPECT_FALSE(report.object().SetTemplateField(u"B", true, u""));
+        EXPECT_TRUE(same_units(report.saved(), block({old_line}) + block()));
+      });
+}
+
+TEST(TemplateMemory, ALoadThatFailsMayBeRepeated) {
+  at_each_allocation(
+      0,
+      [](small_report& report) {
+        report.load();
+        report.object().SetTemplateField(u"B", true, u"old");
+        report.object().OpenTable(2);
+        report.object().AddText(u"cell", false);
+      },
+      [](small_report& report) { report.load(); },
+      [](small_report& report, bool failed) {
+        if (failed) report.load();
+        report.object().CloseTable();
+        EXPECT_EQ(fields_of(report.object()), source_fields);
+        EXPECT_TRUE(same_units(report.saved(), block() + piece() + block()));
+      });
+}
+
+// At a failure before the file is open nothing has happened; behind it, the old template is
+// gone. Never is there a mix of both.
+TEST(TemplateMemory, ALoadThatFailsLeavesTheOldTemplateOrNone) {
+  at_each_allocation(
+      0, [](small_report& report) { report.load(); }, [](small_report& report) { report.load(); },
+      [](small_report& report, bool failed) {
+        const bool kept = !fields_of(report.object()).empty();
+        EXPECT_EQ(report.object().SetTemplateField(u"B", true, u"value"), kept);
+        EXPECT_TRUE(failed || kept);
+        const ustring first = kept ? piece() + block() : ustring();
+        EXPECT_TRUE(same_units(report.saved(), first + (kept ? piece() : ustring()) + block()));
+      });
+}
+
+class TemplateMemoryBehind : public testing::TestWithParam<int> {};
+
+// What was placed isn't placed again, and what wasn't comes with the next attempt.
+TEST_P(TemplateMemoryBehind, AFieldThatFailsLosesAndRepeatsNothing) {
+  const char16_t* const value = u"A value that needs memory of its own, being so long";
+  const auto fill = [value](small_report& report) {
+    EXPECT_TRUE(report.object().SetTemplateField(source_fields[0].c_str(), true, value));
+  };
+  at_each_allocation(
+      GetParam(),
+      [](small_report& report) {
+        report.load();
+        report.add_blocks();
+      },
+      fill,
+      [&](small_report& report, bool failed) {
+        if (failed) {
+          EXPECT_EQ(fields_of(report.object()), source_fields);
+          fill(report);
+        }
+        EXPECT_EQ(fields_of(report.object()), (texts{value, u"B"}));
+        report.object().AddText(u"text", false);
+        ustring blocks;
+        for (int number = 0; number < GetParam(); ++number) blocks += block();
+        EXPECT_TRUE(
+            same_units(report.saved(), blocks + piece() + block({u"text"}) + piece() + block()));
+      });
+}
+
+INSTANTIATE_TEST_SUITE_P(Blocks, TemplateMemoryBehind, testing::Range(0, 40));
+
+// Save places a piece before all else, so where it fails behind that, the next attempt places
+// the next one. All of them come, once and in order.
+TEST_P(TemplateMemoryBehind, ASaveThatFailsLosesAndRepeatsNoPiece) {
+  for (std::size_t number = 1;; ++number) {
+    SCOPED_TRACE("allocation " + std::to_string(number));
+    small_report report(GetParam());
+    report.load();
+    report.add_blocks();
+    const std::size_t calls_before = test::allocation_calls();
+    test::fail_allocation(number);
+    try {
+      report.save();
+    } catch (const std::bad_alloc&) {
+    }
+    test::fail_allocation(0);
+    const bool ran_out = test::allocation_calls() - calls_before >= number;
+    for (int save = 0; save < 2; ++save) report.save();
+    ustring body = report.saved();
+    const ustring empty = block();
+    for (std::size_t at = body.find(empty); at != body.npos; at = body.find(empty))
+      body.erase(at, empty.size());
+    EXPECT_TRUE(same_units(body, piece() + piece() + shown(u"end")));
+    if (!ran_out || HasFailure()) break;
+  }
+}
+
+TEST(TemplateMemory, AnArrayThatFailsHoldsTheFirstFields) {
+  at_each_allocation(
+      0, [](small_report& report) { report.load(); },
+      [](small_report& report) {
+        zov_shared_array<CZovString> fields;
+        report.object().GetTemplateFields(fields);
+        EXPECT_EQ(fields.size(), 2u);
+      },
+      [](small_report& report, bool) { EXPECT_EQ(fields_of(report.object()), source_fields); });
+}
+
+TEST(TemplateMemory, AllOfItComesBack) {
+  const auto use = [](small_report& report) {
+    report.load();
+    report.object().SetTemplateField(source_fields[0].c_str(), true, long_text.data());
+    zov_shared_array<CZovString> fields;
+    report.object().GetTemplateFields(fields);
+    report.load();
+    report.object().SetTemplateField(u"B", true, long_text.data());
+    report.object().ClearTemplateFields();
+  };
+  {
+    small_report first(0);  // what the process makes once and keeps
+    use(first);
+  }
+  for (std::size_t number = 1;; ++number) {
+    const std::size_t live = test::live_allocations();
+    bool failed = false;
+    {
+      small_report report(0);
+      test::fail_allocation(number);
+      try {
+        use(report);
+      } catch (const std::bad_alloc&) {
+        failed = true;
+      }
+      test::fail_allocation(0);
+    }
+    ASSERT_EQ(test::live_allocations(), live) << "allocation " << number;
+    if (!failed) break;
+  }
+}
+
+}  // namespace
+
+}  // namespace templates_test

@@ -1,0 +1,56 @@
+#include "support/allocation_failure.h"
+#include "tests/samples/sample_files.h"
+
+namespace samples_test {
+
+namespace {
+
+// Lets each allocation fail once. Nothing may leak, and the page is as it was, new, or cut
+// off somewhere.
+class SamplesOutOfMemory : public SampleFiles {
+ protected:
+  template <class Attempt>
+  void expect_harmless_failures(const ustring& complete, Attempt attempt) {
+    make_file("page.htm", "old");
+    const std::string whole = little_endian(complete);
+    const std::size_t live = test::live_allocations();
+    const std::size_t failures = test::fail_each_allocation(attempt, [&] {
+      EXPECT_EQ(test::live_allocations(), live);
+      const std::string bytes = bytes_of("page.htm");
+      EXPECT_TRUE(bytes == "old" || whole.starts_with(bytes));
+    });
+    EXPECT_GT(failures, 5u);
+    EXPECT_EQ(test::live_allocations(), live);
+    attempt();
+    EXPECT_TRUE(same_units(page("page.htm"), complete));
+  }
+};
+
+TEST_F(SamplesOutOfMemory, OfTheSampleReport) {
+  const ustring target = path("page.htm");
+  vellomark::CreateSampleVellomark1(target.c_str());
+  expect_harmless_failures(page("page.htm"),
+                           [&] { vellomark::CreateSampleVellomark1(target.c_str()); });
+}
+
+TEST_F(SamplesOutOfMemory, OfTheWorkReport) {
+  const ustring target = path("page.htm");
+  vellomark::CreateWorkVellomark(target.c_str());
+  expect_harmless_failures(page("page.htm"),
+                           [&] { vellomark::CreateWorkVellomark(target.c_str()); });
+}
+
+TEST_F(SamplesOutOfMemory, OfParseAndChange) {
+  const ustring source = path("source.htm");
+  const ustring target = path("page.htm");
+  vellomark::CreateSampleVellomark1(source.c_str());
+  const auto change = [&] {
+    vellomark::ParseAndChangeSampleVellomark(source.c_str(), target.c_str());
+  };
+  change();
+  expect_harmless_failures(page("page.htm"), change);
+}
+
+}  // namespace
+
+}  // namespace samples_test
