@@ -48,7 +48,8 @@ class xhtml_stylesheet {
   /// an exception of the stream's buffer. It takes no more memory meanwhile.
   ///
   /// What the buffer raises and std::bad_alloc pass through; the sheet then holds the
-  /// items that were complete.
+  /// items that were complete. Only what the buffer raises ahead of the first unit
+  /// counts as a failure of the stream.
   bool parse(std::unique_ptr<std::basic_istream<char16>> stream);
 
   /// Copies all that is left in the buffer of `stream`, whatever the stream's state, and
