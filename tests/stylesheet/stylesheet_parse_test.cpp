@@ -64,6 +64,34 @@ class breaking_input : public input {
   breaking_buffer buffer_;
 };
 
+/// A stream whose end-of-file flag is set where its buffer comes to the end of the text.
+class flagging_input : public input {
+ public:
+  explicit flagging_input(ustring_view text) : input(nullptr), buffer_(text, *this) {
+    rdbuf(&buffer_);
+  }
+
+ private:
+  class flagging_buffer : public std::basic_streambuf<char16> {
+   public:
+    flagging_buffer(ustring_view text, input& stream) : text_(text), stream_(stream) {
+      setg(text_.data(), text_.data(), text_.data() + text_.size());
+    }
+
+   protected:
+    int_type underflow() override {
+      stream_.setstate(std::ios_base::eofbit);
+      return traits_type::eof();
+    }
+
+   private:
+    ustring text_;
+    input& stream_;
+  };
+
+  flagging_buffer buffer_;
+};
+
 ustring swapped(ustring text) {
   for (char16& unit : text) unit = static_cast<char16>(unit << 8 | unit >> 8);
   return text;
@@ -132,6 +160,21 @@ TEST(StylesheetParse, TheEndOfFileFlagEndsTheDeclarations) {
   stream->setstate(std::ios_base::eofbit);
   EXPECT_TRUE(sheet.parse(std::move(stream)));
   EXPECT_TRUE(same_units(listing(sheet), u"[a]\n[color:red;} b]\n"));
+}
+
+TEST(StylesheetParse, TheEndOfFileFlagEndsTheRuleInWhichItIsSet) {
+  const auto listed = [](ustring_view text) {
+    xhtml_stylesheet sheet;
+    EXPECT_TRUE(sheet.parse(std::make_unique<flagging_input>(text)));
+    return listing(sheet);
+  };
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top:1px;"), u"[a] color=[red] top=[1px]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top:1px"), u"[a] color=[red]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top:"), u"[a] color=[red]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top"), u"[a] color=[red]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{x:red"), u"[a]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{/*k*/ top:0}"), u"/*[k]\n[a]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{} b"), u"[a]\n"));
 }
 
 TEST(StylesheetParse, ReleasesTheStream) {
@@ -260,6 +303,32 @@ TEST(StylesheetParse, ABufferThatRaisesAtOnceFailsTheStream) {
   sheet.add_item(xhtml_stylesheet_comment(u"old"));
   EXPECT_TRUE(sheet.parse(std::make_unique<breaking_input>(u" \n")));
   EXPECT_EQ(sheet.size(), 0u);
+}
+
+TEST(StylesheetParse, ABufferThatRaisesWithinAMarkFailsTheStream) {
+  for (const ustring& text : {ustring(u"\uFEFF"), ustring(u"\uFEFF \n"), ustring(1, u'\0')}) {
+    xhtml_stylesheet sheet;
+    sheet.add_item(xhtml_stylesheet_comment(u"old"));
+    EXPECT_TRUE(sheet.parse(std::make_unique<breaking_input>(text)));
+    EXPECT_EQ(sheet.size(), 0u);
+  }
+}
+
+TEST(StylesheetParse, AFailureOfTheStreamPassesWhereTheStreamSaysSo) {
+  const std::size_t before = test::live_allocations();
+  {
+    xhtml_stylesheet sheet;
+    sheet.add_item(xhtml_stylesheet_comment(u"old"));
+    auto empty = std::make_unique<text_input>(u"");
+    empty->exceptions(std::ios_base::failbit);
+    EXPECT_THROW(sheet.parse(std::move(empty)), std::ios_base::failure);
+    EXPECT_EQ(sheet.size(), 0u);
+    auto broken = std::make_unique<breaking_input>(u"\uFEFF");
+    broken->exceptions(std::ios_base::badbit);
+    EXPECT_THROW(sheet.parse(std::move(broken)), breaking_buffer::broken);
+    EXPECT_EQ(sheet.size(), 0u);
+  }
+  EXPECT_EQ(test::live_allocations(), before);
 }
 
 TEST(StylesheetParse, WhatTheBufferRaisesWhileItIsCopiedLeavesTheSheetAsItWas) {

@@ -61,7 +61,8 @@ class xhtml_parser {
   /// Fills `parent` from the input up to its end tag, or to the end of the input.
   /// A result that isn't null is a node on the heap which `parent` couldn't use and its
   /// own parent can; the caller owns it. Takes time linear in the input, and no
-  /// machine stack by the depth of the page.
+  /// machine stack by the depth of the page: one call fills all open elements, so that a
+  /// derived class isn't called for those below `parent`.
   virtual xhtml_markup* parse_children(xhtml_markup* parent);
 
   /// Rewrites each spelling of a character in `text` to the preferred one, by the
