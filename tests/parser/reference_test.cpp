@@ -182,6 +182,16 @@ TEST(NormalizeReferences, AnEntryForANumberSign) {
   EXPECT_TRUE(same_units(normalized(parser, u"&##"), u"&num;&num;&num;"));
 }
 
+TEST(NormalizeReferences, AReferenceThatStaysIsPassedAsAWhole) {
+  stock_parser parser;
+  parser.add(reference_form::form_named, u'#', u"num", 35);
+  parser.add(reference_form::form_named, u';', u"semi", 59);
+  parser.add(reference_form::form_named, u'6', u"six", 54);
+  EXPECT_TRUE(same_units(normalized(parser, u"&#65;"), u"&#65;"));
+  EXPECT_TRUE(same_units(normalized(parser, u"&a6;"), u"&a6;"));
+  EXPECT_TRUE(same_units(normalized(parser, u"#6;"), u"&num;&six;&semi;"));
+}
+
 TEST(NormalizeReferences, CharactersAbove255AreFoundByNumberAndNameOnly) {
   stock_parser parser;
   parser.add(reference_form::form_named, u'\u20AC', u"euro", 8364);
@@ -196,6 +206,13 @@ TEST(NormalizeReferences, TheLargestNumberOfTheType) {
   parser.add(reference_form::form_named, u'\u7FFF', u"max", 32767);
   EXPECT_TRUE(same_units(normalized(parser, u"&#32767;&#032767;"), u"&max;&max;"));
   EXPECT_TRUE(same_units(normalized(parser, u"&#32768;&#98303;"), u"&#32768;&#98303;"));
+}
+
+TEST(NormalizeReferences, ANumberWithoutDigitsIsNoZero) {
+  stock_parser parser;
+  parser.add(reference_form::form_named, u'x', u"zero", 0);
+  EXPECT_TRUE(same_units(normalized(parser, u"&#;"), u"&#;"));
+  EXPECT_TRUE(same_units(normalized(parser, u"&#0;&#000;"), u"&zero;&zero;"));
 }
 
 TEST(NormalizeReferences, NegativeCodesAreFoundByNoNumber) {

@@ -38,9 +38,9 @@ enum message_level : std::uint32_t {
 /// table, so that a derived class can put one of its own in their place.
 ///
 /// Who owns a node that a reader gave: its caller. While parse_children runs, the nodes
-/// of elements' content are made in the memory of the tree they are meant for, and
-/// one that goes into no tree must be given to discard(). Outside parse_children they
-/// are made with new, as are those that a derived class makes.
+/// of elements' content are made in the memory of the tree they are meant for: such a node
+/// is returned as it is or given to discard(), and goes into no other tree. Outside
+/// parse_children nodes are made with new, as are those that a derived class makes.
 ///
 /// What passes through: the exceptions of memory, of the stream buffer and of the message
 /// stream, and std::domain_error ("pTag_trait invlaid") where an element without a
