@@ -1,6 +1,7 @@
 #include "bench/process_state.h"
 
 #include <linux/magic.h>
+#include <sys/resource.h>
 #include <sys/vfs.h>
 
 #include <fstream>
@@ -31,6 +32,12 @@ write_counts written_so_far() {
 std::uint64_t resident_bytes() { return 1024 * number_in("/proc/self/status", "VmRSS:"); }
 
 std::uint64_t peak_resident_bytes() { return 1024 * number_in("/proc/self/status", "VmHWM:"); }
+
+void limit_memory() {
+  constexpr rlim_t most = rlim_t{8} << 30;
+  const rlimit limit = {most, most};
+  setrlimit(RLIMIT_AS, &limit);
+}
 
 std::string file_system_of(const std::string& folder) {
   struct statfs about;

@@ -56,10 +56,12 @@ void print_row(const std::vector<page_outcome>& pages, const page_outcome& page,
   std::printf("%-15s %-9s | %6.3f %6.3f %7.3f %8.3f %5.1f%% | %6.2f %6.2f",
               page.plan.label().c_str(), of.name.c_str(), median_of(of, &timing::build) / unit,
               median_of(of, &timing::save) / unit, median_of(of, &timing::destroy) / unit,
-              together / unit, 100 * spread(values_of(of.timings, &timing::together)), together / floor, growth);
+              together / unit, 100 * spread(values_of(of.timings, &timing::together)),
+              together / floor, growth);
   std::printf(" | %8.4f %6.1f %6.1f | %6.0f %7.1f %9.0f\n",
               static_cast<double>(of.counts.allocations) / items,
-              static_cast<double>(of.counts.live_bytes) / nodes, median(values_of(of.timings, &timing::peak_bytes)) / nodes, calls,
+              static_cast<double>(of.counts.live_bytes) / nodes,
+              median(values_of(of.timings, &timing::peak_bytes)) / nodes, calls,
               calls > 0 ? written / calls : 0, written);
 }
 

@@ -15,6 +15,11 @@ std::string item_text(page_kind kind, std::size_t item) {
   if (line.size() > longest_text) {
     line.resize(longest_text);
   }
+  // Reading a page cuts white space in front of an end tag, so a page with a blank there
+  // wouldn't be written as it was read.
+  if (line.back() == ' ') {
+    line.back() = '.';
+  }
   return line;
 }
 

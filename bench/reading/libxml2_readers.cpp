@@ -84,9 +84,17 @@ class libxml2_html_reader : public libxml2_reader {
   bool needs_well_formed() const override { return false; }
 
   bool read(const std::string& path) override {
-    document_ = htmlReadFile(
-        path.c_str(), nullptr,
+    htmlParserCtxtPtr context = htmlNewParserCtxt();
+    if (context == nullptr) {
+      return false;
+    }
+    // This version has no option of its own against the limit of 256 levels, but heeds that
+    // of the XML parser.
+    context->options |= XML_PARSE_HUGE;
+    document_ = htmlCtxtReadFile(
+        context, path.c_str(), nullptr,
         HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET);
+    htmlFreeParserCtxt(context);
     return document_ != nullptr;
   }
 };

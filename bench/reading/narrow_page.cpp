@@ -80,7 +80,10 @@ narrow_page read_narrow_page(const std::string& path) {
   }
   // Room for the worst, without touching it: memory that isn't written to costs nothing.
   narrow_page page;
-  page.bytes.reset(new char[file.size() / sizeof(char16_t) * growth + 1]);
+  page.bytes.reset(static_cast<char*>(std::malloc(file.size() / sizeof(char16_t) * growth + 1)));
+  if (page.bytes == nullptr) {
+    return {};
+  }
   narrowing out(page.bytes.get());
   bool at_front = true;
   for (std::u16string_view block = file.next(); !block.empty(); block = file.next()) {
@@ -91,6 +94,11 @@ narrow_page read_narrow_page(const std::string& path) {
   char* const end = out.finish();
   *end = '\0';
   page.size = static_cast<std::size_t>(end - page.bytes.get());
+  // What isn't used goes back, so that it doesn't count as memory of the tree.
+  if (void* const shorter = std::realloc(page.bytes.get(), page.size + 1); shorter != nullptr) {
+    static_cast<void>(page.bytes.release());
+    page.bytes.reset(static_cast<char*>(shorter));
+  }
   return page;
 }
 

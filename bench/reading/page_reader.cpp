@@ -1,7 +1,7 @@
 #include "bench/reading/page_reader.h"
 
 #include <libxml/xmlversion.h>
-#include <tidy.h>
+#include <tidy/tidy.h>
 
 #include <pugixml.hpp>
 

@@ -1,5 +1,5 @@
-#include <tidy.h>
-#include <tidybuffio.h>
+#include <tidy/tidy.h>
+#include <tidy/tidybuffio.h>
 
 #include "bench/reading/narrow_page.h"
 #include "bench/reading/page_reader.h"

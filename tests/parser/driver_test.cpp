@@ -321,44 +321,39 @@ TEST(DerivedParser, NodeOfNoKindThatSaysItIsAnElement) {
   EXPECT_EQ(result.deaths, 1);
 }
 
-/// Makes elements and texts of its own, with new.
+/// Makes elements of its own with new, and texts if asked to.
 class heap_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
 
-  bool only_elements = false;
+  bool texts_too = false;
 
   xhtml_markup* read_start_tag(xhtml_markup* parent) override {
-    const owned_markup made(this, xhtml_parser::read_start_tag(parent));
-    if (made.node == nullptr || made.node->tag_trait() == nullptr) return nullptr;
-    auto* const element = new xhtml_element(made.node->tag(), {}, u"mine");
-    return element;
+    const spent_node read(xhtml_parser::read_start_tag(parent));
+    return new xhtml_element(read->tag(), {}, u"mine");
   }
 
   xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
-    if (only_elements) return xhtml_parser::read_pcdata(parent, prefix);
-    const owned_markup made(this, xhtml_parser::read_pcdata(parent, prefix));
-    if (made.node == nullptr || made.node->type() != Xport::node_type::pcdata) return nullptr;
-    return new Xport::xhtml_pcdata(static_cast<Xport::xhtml_pcdata*>(made.node)->text());
+    spent_node read(xhtml_parser::read_pcdata(parent, prefix));
+    if (!texts_too || read == nullptr || read->type() != Xport::node_type::pcdata)
+      return read.release();
+    return new Xport::xhtml_pcdata(static_cast<Xport::xhtml_pcdata&>(*read).text());
   }
 
  private:
-  struct owned_markup {
-    owned_markup(heap_parser*, xhtml_markup* made) : node(made) {}
-    owned_markup(const owned_markup&) = delete;
-    owned_markup& operator=(const owned_markup&) = delete;
-    ~owned_markup() { discard(node); }
-    xhtml_markup* node;
+  struct discarder {
+    void operator()(xhtml_markup* node) const { discard(node); }
   };
+  using spent_node = std::unique_ptr<xhtml_markup, discarder>;
 };
 
 TEST(DerivedParser, NodesOfTheHeapInADocument) {
-  for (const bool only_elements : {false, true}) {
+  for (const bool texts_too : {false, true}) {
     xhtml_doc doc(1);
     std::basic_istringstream<char16> input(
         u"<p title='x'>a text that is longer than a few units<b>c<!--d--></b></p><p>e<?f?>");
     heap_parser parser(&input);
-    parser.only_elements = only_elements;
+    parser.texts_too = texts_too;
     EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
     EXPECT_EQ(outline_with_attributes(*doc.body()),
               "p[class=\"mine\"]('a text that is longer than a few units' "
@@ -373,7 +368,6 @@ TEST(DerivedParser, LeftoverOfTheHeapGoesUpIntoTheDocument) {
   xhtml_doc doc(1);
   std::basic_istringstream<char16> input(u"<p>a<p>b<div>c</b></div>d<p>e");
   heap_parser parser(&input);
-  parser.only_elements = true;
   EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
   EXPECT_EQ(outline_with_attributes(*doc.body()),
             "p[class=\"mine\"]('a') p[class=\"mine\"]('b') div[class=\"mine\"]('c') "
@@ -483,8 +477,38 @@ TEST(DerivedParser, FillsAnotherNodeInBetween) {
   std::basic_istringstream<char16> input(u"<b>a<!--x-->in<i>side</i></span>c</b>d");
   nested_parser parser(&input);
   EXPECT_EQ(parser.parse_children(&p), nullptr);
-  EXPECT_EQ(outline_with_attributes(p), "b('a' span('in' i('side')) 'c') 'd'");
+  // What a reader gave is then filled from where it left off, as any other element.
+  EXPECT_EQ(outline_with_attributes(p), "b('a' span('in' i('side') 'c')) 'd'");
   EXPECT_TRUE(is_intact(*doc.root()));
+}
+
+/// Fills a document of its own at each instruction, and then reads the instruction.
+class two_page_parser : public xhtml_parser {
+ public:
+  two_page_parser(input_type* stream, xhtml_doc& other) : xhtml_parser(stream), other_(other) {}
+  xhtml_markup* read_processing_instruction() override {
+    const owned_node left(parse_children(other_.root()));
+    return xhtml_parser::read_processing_instruction();
+  }
+
+ private:
+  xhtml_doc& other_;
+};
+
+TEST(DerivedParser, FillsAnotherDocumentInBetween) {
+  auto other = std::make_unique<xhtml_doc>(0);
+  xhtml_doc doc(1);
+  xhtml_element heap(tag_id::div, {}, {});
+  std::basic_istringstream<char16> input(u"<p><?<b>a</doc root>c?></p>d");
+  two_page_parser parser(&input, *other);
+  EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+  std::basic_istringstream<char16> more(u"<p><?<i>b</doc root>d?></p>e");
+  parser.input = &more;
+  EXPECT_EQ(parser.parse_children(&heap), nullptr);
+  EXPECT_EQ(outline_with_attributes(*other->root()), "b('a') i('b')");
+  other.reset();
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(?c?)");
+  EXPECT_EQ(outline_with_attributes(heap), "p(?d?) 'e'");
 }
 
 }  // namespace

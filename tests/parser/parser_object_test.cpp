@@ -13,6 +13,7 @@
 #include "support/dribble_buffer.h"
 #include "support/text.h"
 #include "xport/markup/leaf_nodes.h"
+#include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/text/ustring_stream.h"
@@ -334,6 +335,22 @@ TEST(ParserTree, OutlivesTheParser) {
   }
   EXPECT_EQ(test::written(div),
             u"<div>\n  <p>\n    a text of more than a few units\n  </p>\n</div>\n");
+}
+
+TEST(ParserTree, NodesThatReadersGiveLaterAreNotOfIt) {
+  text_input input(u"<b>x</doc root><i title='a value of more than a few units'>y");
+  xhtml_parser parser(&input);
+  {
+    Xport::xhtml_doc doc(0);
+    EXPECT_EQ(parser.parse_children(doc.root()), nullptr);
+  }
+  xhtml_element p(tag_id::p, {}, {});
+  const owned_node element(parser.read_next(&p));
+  const owned_node text(parser.read_next(&p));
+  ASSERT_NE(element, nullptr);
+  EXPECT_EQ(element->get_attribute(Xport::attr_id::title), u"a value of more than a few units");
+  ASSERT_NE(text, nullptr);
+  EXPECT_EQ(text->parent(), nullptr);
 }
 
 TEST(ParserLine, NothingResetsIt) {

@@ -88,34 +88,75 @@ TEST(ParserAgainstPlainOne, SpaceInText) {
 
 TEST(ParserAgainstPlainOne, QuotesInText) {
   for (const std::vector<tag_id>& path : {div, script, style})
-    try_all(u"", u"\"'<\nx", 5, u"<!--c-->", case_in(path));
+    try_all(u"", u"\"'<\nx", 4, u"<!--c-->", case_in(path));
 }
 
 TEST(ParserAgainstPlainOne, EndOfPreformattedText) {
-  try_all(u"", u"<a/", 5, u"</pre>x", case_in(pre));
-  try_all(u"<pre>x<", u"/PreE>", 5, u"", case_in(div));
+  try_all(u"", u"<a/", 4, u"</pre>x", case_in(pre));
+  try_all(u"<pre>x</p", u"/REe>", 4, u"", case_in(div));
 }
 
 /// What random texts are made of. No brace: an unclosed one makes a stylesheet that is never
 /// done with.
-const ustring pieces[] = {
-    u"<",        u">",        u"/",         u"!",         u"-",          u"--",
-    u"?",        u"=",        u"'",         u"\"",        u" ",          u"   ",
-    u"\n",       u"\n  ",     u"\t",        u"\r\n",      u"a",          u"b",
-    u"text",     u"&",        u"&#34;",     u"&lt;",      u"\u00E9",     u"\u2003",
-    u"\xD83D",   u"<p>",      u"</p>",      u"<P CLASS='c'>", u"<b>",    u"</b>",
-    u"<br/>",    u"<br />",   u"<p/>",      u"<pre>",     u"</pre>",     u"<script>",
-    u"</script>", u"<!--",    u"-->",       u"<?",        u"?>",         u"<!x",
-    u"<foo ",    u"<foo>",    u"</foo>",    u"<font a>",  u"<center/>",  u"<a href=",
-    u"<i id='",  u"title=\"", u"style='color:red'", u" class=x ", u"<ul>", u"<li>",
-    u"</ul>",    u"<table>",  u"<td>",      u"</table>",  u"<div>",      u"</div>",
-    u"<\n",      u"<b:c>",    u"</doc root>", u"<textarea>", u"<select>", u"*/",
-    ustring(1, u'\0')};
+constexpr ustring_view signs(u"<>/!-?='\" \n\t\rab&\u00E9\u2003\xD83D\0", 20);
+const char16_t* const words[] = {u"--",
+                                 u"   ",
+                                 u"\n  ",
+                                 u"\r\n",
+                                 u"text",
+                                 u"&#34;",
+                                 u"&lt;",
+                                 u"<p>",
+                                 u"</p>",
+                                 u"<P CLASS='c'>",
+                                 u"<b>",
+                                 u"</b>",
+                                 u"<br/>",
+                                 u"<br />",
+                                 u"<p/>",
+                                 u"<pre>",
+                                 u"</pre>",
+                                 u"<script>",
+                                 u"</script>",
+                                 u"<!--",
+                                 u"-->",
+                                 u"<?",
+                                 u"?>",
+                                 u"<!x",
+                                 u"<foo ",
+                                 u"<foo>",
+                                 u"</foo>",
+                                 u"<font a>",
+                                 u"<center/>",
+                                 u"<a href=",
+                                 u"<i id='",
+                                 u"title=\"",
+                                 u"style='color:red'",
+                                 u" class=x ",
+                                 u"<ul>",
+                                 u"<li>",
+                                 u"</ul>",
+                                 u"<table>",
+                                 u"<td>",
+                                 u"</table>",
+                                 u"<div>",
+                                 u"</div>",
+                                 u"<\n",
+                                 u"<b:c>",
+                                 u"</doc root>",
+                                 u"<textarea>",
+                                 u"<select>",
+                                 u"*/"};
 
 ustring random_text(std::mt19937& random) {
   const auto below = [&random](std::size_t count) { return random() % count; };
   ustring text;
-  for (std::size_t left = below(40); left != 0; --left) text += pieces[below(std::size(pieces))];
+  for (std::size_t left = below(40); left != 0; --left) {
+    if (below(4) == 0)
+      text += signs[below(signs.size())];
+    else
+      text += words[below(std::size(words))];
+  }
   if (below(20) == 0) text.insert(below(text.size() + 1), 1, u'\uFFFF');
   return text;
 }
@@ -133,7 +174,7 @@ TEST(ParserAgainstPlainOne, RandomTexts) {
       {tag_id::html, tag_id::body, tag_id::table},
   };
   std::mt19937 random(20240229);
-  for (int count = 0; count < 8000; ++count) {
+  for (int count = 0; count < 4000; ++count) {
     parse_case how = case_in(paths[random() % std::size(paths)]);
     how.normalize_text = random() % 4 == 0;
     how.preserve_newlines = random() % 4 == 0;

@@ -104,8 +104,8 @@ class plain_parser {
     ustring text =
         u"Expecting end tag " + parent.end_tag_text() + u".  Encountered " + source + u"\n";
     if (parent.parent() != nullptr && parent.parent()->tag() == current->tag()) {
-      for (const char digit : std::to_string(static_cast<int>(current->tag())).insert(0, "Ending <"))
-        text += static_cast<char16>(digit);
+      const std::string ending = "Ending <" + std::to_string(static_cast<int>(current->tag()));
+      for (const char sign : ending) text += static_cast<char16>(sign);
       report(text + u"> element.\n", level_end_tag);
       return true;
     }
@@ -173,8 +173,7 @@ class plain_parser {
     ustring name;
     while (name.size() < text.size() && classes_.is_alnum(text[name.size()]))
       name += text[name.size()];
-    const tag_id tag =
-        name.empty() ? tag_id::invalid_tag : xhtml_strict::tag_from_name(name);
+    const tag_id tag = name.empty() ? tag_id::invalid_tag : xhtml_strict::tag_from_name(name);
     auto element = std::make_unique<xhtml_element>(tag, u"", u"");
     if (name.empty()) return element;
     if (tag == tag_id::invalid_tag) {

@@ -34,9 +34,8 @@ inline Xport::ustring listing(const Xport::xhtml_stylesheet& sheet) {
 /// A stream that owns its buffer.
 class counting_end_stream : public std::basic_istream<Xport::char16> {
  public:
-  explicit counting_end_stream(
-      Xport::ustring_view text, std::size_t limit = 100,
-      std::size_t window = static_cast<std::size_t>(-1))
+  explicit counting_end_stream(Xport::ustring_view text, std::size_t limit = 100,
+                               std::size_t window = static_cast<std::size_t>(-1))
       : std::basic_istream<Xport::char16>(nullptr), buffer_(text, limit, window) {
     rdbuf(&buffer_);
   }

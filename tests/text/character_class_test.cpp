@@ -123,6 +123,28 @@ TEST_F(CharacterClass, ACopyAnswersByTheSameLocale) {
   EXPECT_EQ(copy.to_lower(u'\u00C9'), u'\u00C9');
 }
 
+TEST_F(CharacterClass, PlainLettersAreCountedUpToTheFirstOtherUnit) {
+  using Xport::count_plain_letters;
+  EXPECT_EQ(count_plain_letters(u""), 0u);
+  EXPECT_EQ(count_plain_letters(u"abcxyz"), 6u);
+  EXPECT_EQ(count_plain_letters(u"ab1c"), 2u);
+  for (const char16 unit :
+       {u'\0', u'`', u'{', u'A', u'Z', u'0', u' ', u'\u00E9', u'\u0161', u'\uFF41'})
+    EXPECT_EQ(count_plain_letters(Xport::ustring(u"az") + unit + u"a"), 2u)
+        << static_cast<unsigned>(unit);
+}
+
+TEST_F(CharacterClass, PlainLettersAreAlnumAndNoWhiteSpaceInEveryLocale) {
+  for (const char* const name : {"C", "C.UTF-8"}) {
+    if (!use_locale(name)) continue;
+    const character_classes classes;
+    for (char16 unit = u'a'; unit <= u'z'; ++unit) {
+      EXPECT_TRUE(classes.is_alnum(unit)) << name;
+      EXPECT_FALSE(classes.is_space_or_blank(unit)) << name;
+    }
+  }
+}
+
 TEST_F(CharacterClass, TrimRight) {
   const character_classes classes;
   EXPECT_TRUE(same_units(classes.trim_right(u" a b \t\n"), u" a b"));

@@ -35,8 +35,7 @@ xhtml_doctype_declaration* node_maker::doctype() const {
 
 xhtml_end_tag* node_maker::end_tag(ustring_view token) const {
   if (tree_ == nullptr) return new xhtml_end_tag(token);
-  xhtml_end_tag* const made =
-      tree_->make_node<xhtml_end_tag>(sizeof(xhtml_end_tag), token);
+  xhtml_end_tag* const made = tree_->make_node<xhtml_end_tag>(sizeof(xhtml_end_tag), token);
   xhtml_markup& node = *made;
   node.parent_ = tree_;
   node.in_pool_ = true;

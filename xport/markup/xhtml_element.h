@@ -107,6 +107,9 @@ class xhtml_element : public xhtml_markup {
   /// The first child, null if there is none.
   const xhtml_markup* first_child() const { return first_child_; }
 
+  /// The last child, null if there is none.
+  xhtml_markup* last_child() { return first_child_ != nullptr ? first_child_->previous_ : nullptr; }
+
   /// Where the memory of the content comes from; null for the heap.
   node_pool* pool() const { return attributes_.pool(); }
 

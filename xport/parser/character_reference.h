@@ -61,15 +61,15 @@ using references_by_code = std::set<character_reference, code_order>;
 using references_by_name = std::set<character_reference, name_order>;
 
 /// Inserts the 38 entries that every parser begins with: the named characters of
-/// XHTML 1.0 up to U+00BF without the soft hyphen, the two signs for multiplying and
-/// dividing, and `apos`. All are preferred by name, but for `nbsp`: it stands for a
-/// blank and takes no part.
+/// XHTML 1.0 up to U+00BF without the soft hyphen, and the signs for multiplying and
+/// dividing. All are preferred by name, but for `nbsp`: it stands for a blank and takes
+/// no part.
 void load_default_references(references_by_code& references);
 
 /// Fills the parser's three indexes anew from its master table, each with the
 /// entries for which its key isn't the preferred spelling; of entries with equal
 /// keys the one with the lowest code is taken. To be called after the table or a
-/// `form` in it was changed.
+/// `form` in it was changed, for which the entry is taken out (`extract`) and put back.
 void rebuild_reference_indexes(xhtml_parser& parser);
 
 /// Appends the preferred spelling of `entry` to `text`; nothing for form_none and for

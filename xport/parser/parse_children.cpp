@@ -133,11 +133,11 @@ bool xhtml_parser::take_plain_end_tag(xhtml_markup& parent) {
 }
 
 void xhtml_parser::trim_last_text(xhtml_markup& parent) {
-  if (parent.tag() == tag_id::style) return;
-  markup_iterator last = parent.end();
-  --last;
-  if (last->type() == node_type::pcdata)
-    static_cast<xhtml_pcdata&>(*last).trim_trailing_space(classes_);
+  if (parent.type() != node_type::element) return;
+  xhtml_element& element = static_cast<xhtml_element&>(parent);
+  xhtml_markup* const last = element.last_child();
+  if (last != nullptr && last->type() == node_type::pcdata && element.rules().id != tag_id::style)
+    static_cast<xhtml_pcdata*>(last)->trim_trailing_space(classes_);
 }
 
 }  // namespace Xport

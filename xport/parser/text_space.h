@@ -11,21 +11,23 @@
 
 namespace Xport {
 
-/// The white space at the beginning of a text.
+/// The white space at the beginning of a text. Blanks and newlines are that in every
+/// locale.
 struct leading_space {
   std::size_t count;       ///< all of it
   std::uint32_t newlines;  ///< the units 10 in it
 };
 inline leading_space find_leading_space(ustring_view text, const character_classes& classes) {
   leading_space found{0, 0};
-  while (found.count < text.size()) {
+  for (; found.count < text.size(); ++found.count) {
     const char16 unit = text[found.count];
-    if (unit == end_unit || !classes.is_space(unit)) break;
-    ++found.count;
-    if (unit == u'\n')
+    if (unit == u' ')  // indentation is a run of blanks
+      found.count +=
+          count_leading({text.data() + found.count, text.size() - found.count}, u' ') - 1;
+    else if (unit == u'\n')
       ++found.newlines;
-    else  // indentation is a run of one unit
-      found.count += count_leading(text.substr(found.count), unit);
+    else if (unit == end_unit || !classes.is_space(unit))
+      break;
   }
   return found;
 }

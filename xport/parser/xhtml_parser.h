@@ -38,9 +38,9 @@ enum message_level : std::uint32_t {
 /// table, so that a derived class can put one of its own in their place.
 ///
 /// Who owns a node that a reader gave: its caller. While parse_children runs, the nodes
-/// of elements' content are made in the memory of the tree they are meant for, and
-/// one that goes into no tree must be given to discard(). Outside parse_children they
-/// are made with new, as are those that a derived class makes.
+/// of elements' content are made in the memory of the tree they are meant for: such a node
+/// is returned as it is or given to discard(), and goes into no other tree. Outside
+/// parse_children nodes are made with new, as are those that a derived class makes.
 ///
 /// What passes through: the exceptions of memory, of the stream buffer and of the message
 /// stream, and std::domain_error ("pTag_trait invlaid") where an element without a
@@ -61,7 +61,8 @@ class xhtml_parser {
   /// Fills `parent` from the input up to its end tag, or to the end of the input.
   /// A result that isn't null is a node on the heap which `parent` couldn't use and its
   /// own parent can; the caller owns it. Takes time linear in the input, and no
-  /// machine stack by the depth of the page.
+  /// machine stack by the depth of the page: one call fills all open elements, so that a
+  /// derived class isn't called for those below `parent`.
   virtual xhtml_markup* parse_children(xhtml_markup* parent);
 
   /// Rewrites each spelling of a character in `text` to the preferred one, by the

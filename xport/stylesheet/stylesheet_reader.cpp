@@ -34,7 +34,6 @@ class stylesheet_reader {
   char16 collect(ustring& text, ustring_view stops);
   ustring read_word();
   void skip_space();
-  void skip_unit();
   ustring_view trim(ustring_view text) const;
 
   std::basic_istream<char16>& stream_;
@@ -103,7 +102,7 @@ ustring stylesheet_reader::read_selector() {
         return ustring(trim(text));
       case u'/':
         read_comment();
-        skip_unit();  // whatever stands behind the comment, or behind a "/" alone
+        input_.advance();  // whatever stands behind the comment, or behind a "/" alone
         break;
       default:
         return {};
@@ -136,7 +135,7 @@ css_property_id stylesheet_reader::read_property() {
         return xhtml_strict::css_property_from_name(trim(text));
       case u'/':
         read_comment();
-        skip_unit();
+        input_.advance();
         break;
       default:
         return css_property_id::not_found;
@@ -154,7 +153,7 @@ ustring stylesheet_reader::read_value() {
     if (stop == u';') input_.advance();
     text = ustring(trim(text));
     if (text.size() > 2) break;
-    skip_unit();
+    input_.advance();
   }
   if (is_quote(input_.peek())) input_.advance();
   if (is_quote(text.back())) text.pop_back();
@@ -182,10 +181,6 @@ ustring stylesheet_reader::read_word() {
 
 void stylesheet_reader::skip_space() {
   while (!input_.at_end() && classes_.is_space_or_blank(input_.peek())) input_.advance();
-}
-
-void stylesheet_reader::skip_unit() {
-  if (!input_.at_end()) input_.advance();
 }
 
 ustring_view stylesheet_reader::trim(ustring_view text) const {

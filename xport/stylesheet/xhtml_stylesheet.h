@@ -41,14 +41,18 @@ class xhtml_stylesheet {
   /// - A quote at the end of a longer value is lost, and one behind its end; one at its
   ///   beginning stays.
   /// - A property that isn't in the table is dropped with its value.
-  /// - An import is the next word without its first four units, and without quotes,
-  ///   parentheses and semicolons at its end; a word below nine units is none.
+  /// - An import is the next word without its first four units, and without double quotes,
+  ///   closing parentheses and semicolons at its end; a word below nine units is none.
   ///
-  /// A text that ends within a rule is never done with: parse doesn't return, unless by
-  /// an exception of the stream's buffer. It takes no more memory meanwhile.
+  /// A text that ends within a rule is never done with, and a last value of up to two
+  /// units takes the end of its rule in: parse doesn't return, unless by an exception of
+  /// the stream's buffer. It takes no more memory meanwhile. The stream's end-of-file flag,
+  /// which reading itself never sets, ends the declarations of a rule where they stand.
   ///
   /// What the buffer raises and std::bad_alloc pass through; the sheet then holds the
-  /// items that were complete.
+  /// items that were complete. An empty text, and what the buffer raises where the units
+  /// of a byte-order mark are looked for, are failures of the stream, which pass only if
+  /// the stream's exceptions() say so; the sheet is empty then.
   bool parse(std::unique_ptr<std::basic_istream<char16>> stream);
 
   /// Copies all that is left in the buffer of `stream`, whatever the stream's state, and

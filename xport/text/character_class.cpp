@@ -6,6 +6,11 @@ namespace Xport {
 
 character_classes::character_classes() : facet_(&std::use_facet<std::ctype<wchar_t>>(locale_)) {}
 
+unsigned character_classes::find(unsigned classes, char16 unit) const {
+  if (unit >= kept_.size()) return ask(classes, unit);
+  return kept_[unit] = static_cast<std::uint8_t>(known | ask(all, unit));
+}
+
 unsigned character_classes::ask(unsigned classes, char16 unit) const {
   const auto has = [&](std::ctype_base::mask mask, unsigned bit) {
     return (classes & bit) != 0 && facet_->is(mask, static_cast<wchar_t>(unit)) ? bit : 0U;
@@ -16,11 +21,6 @@ unsigned character_classes::ask(unsigned classes, char16 unit) const {
 
 char16 character_classes::to_lower(char16 unit) const {
   return static_cast<char16>(facet_->tolower(static_cast<wchar_t>(unit)));
-}
-
-ustring_view character_classes::trim_right(ustring_view text) const {
-  while (!text.empty() && is_space(text.back())) text.remove_suffix(1);
-  return text;
 }
 
 ustring_view character_classes::trim(ustring_view text) const {

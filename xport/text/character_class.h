@@ -35,7 +35,11 @@ class character_classes {
   char16 to_lower(char16 unit) const;
 
   /// `text` without white space at its end.
-  ustring_view trim_right(ustring_view text) const;
+  ustring_view trim_right(ustring_view text) const {
+    std::size_t size = text.size();
+    while (size != 0 && is_space(text[size - 1])) --size;
+    return {text.data(), size};
+  }
 
   /// `text` without white space at both ends.
   ustring_view trim(ustring_view text) const;
@@ -44,11 +48,12 @@ class character_classes {
   enum : unsigned { space = 1, blank = 2, alnum = 4, digit = 8, all = 15, known = 16 };
 
   bool is(unsigned classes, char16 unit) const {
-    if (unit >= kept_.size()) return ask(classes, unit) != 0;
-    std::uint8_t& kept = kept_[unit];
-    if (kept == 0) kept = static_cast<std::uint8_t>(known | ask(all, unit));
-    return (kept & classes) != 0;
+    const unsigned kept = unit < kept_.size() ? kept_[unit] : 0U;
+    return ((kept != 0 ? kept : find(classes, unit)) & classes) != 0;
   }
+
+  // As ask(), with the answer kept if it can be.
+  unsigned find(unsigned classes, char16 unit) const;
 
   // Those of `classes` that the unit belongs to.
   unsigned ask(unsigned classes, char16 unit) const;

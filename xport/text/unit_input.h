@@ -1,7 +1,6 @@
 #ifndef XPORT_TEXT_UNIT_INPUT_H
 #define XPORT_TEXT_UNIT_INPUT_H
 
-#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <streambuf>
@@ -50,13 +49,11 @@ class unit_input {
 
   /// Moves over `count` units of the window.
   void advance(std::size_t count) {
-    constexpr std::size_t most = std::numeric_limits<int>::max();
-    while (count != 0) {
-      const std::size_t part = std::min({count, access::count(*buffer_), most});
-      if (part == 0) return advance();  // the window of a buffer that has none is one unit
-      access::bump(*buffer_, static_cast<int>(part));
-      count -= part;
-    }
+    if (count == 0) return;
+    if (access::count(*buffer_) == 0) return advance();  // a window of one unit
+    for (; count > most_at_once; count -= most_at_once)
+      access::bump(*buffer_, static_cast<int>(most_at_once));
+    access::bump(*buffer_, static_cast<int>(count));
   }
 
   /// Moves over the next unit; at the end it stays.
@@ -69,6 +66,8 @@ class unit_input {
   }
 
  private:
+  static constexpr std::size_t most_at_once = std::numeric_limits<int>::max();
+
   // A stream buffer shows its window to derived classes only. Through pointers to
   // its members it can be had of any buffer, so that none has to be copied first.
   struct access : buffer_type {

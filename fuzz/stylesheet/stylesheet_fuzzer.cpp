@@ -1,0 +1,113 @@
+// Stylesheets. The input is a byte that tells how many units are at hand at a time, and the
+// text. A text that is never done with is cut off by a buffer that counts the looks at its end.
+#include <algorithm>
+#include <cstdint>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "stylesheet/sheet_reference.h"
+#include "stylesheet/sheet_text.h"
+#include "support/expect.h"
+#include "support/fuzz_input.h"
+#include "support/guarded_parser.h"
+#include "support/tree_outline.h"
+#include "xport/stylesheet/stylesheet_writer.h"
+#include "xport/text/character_class.h"
+#include "xport/text/ustring_stream.h"
+
+namespace {
+
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_stylesheet;
+using Xport::xhtml_stylesheet_item;
+
+bool holds_any(ustring_view text, ustring_view units) {
+  return text.find_first_of(units) != text.npos;
+}
+
+bool is_trimmed(ustring_view text) { return Xport::character_classes().trim(text) == text; }
+
+bool has_mark(ustring_view text) {
+  text = Xport::character_classes().trim(text);
+  return !text.empty() &&
+         holds_any(text.substr(0, 1), ustring_view(u"\0\uFEFF\uFFFE\uBBEF\uEFBB", 5));
+}
+
+void check_value(ustring_view value) {
+  fuzz::expect(value.size() >= 2 && !holds_any(value, u";}"), "a value ends at its end");
+}
+
+// What the reader can't have put into an item.
+void check_item(const xhtml_stylesheet_item& item) {
+  const ustring text = item.item_text();
+  switch (item.item_kind()) {
+    case 1:
+      fuzz::expect(!text.empty() && is_trimmed(text), "a selector is trimmed and isn't empty");
+      fuzz::expect(!holds_any(text, u"{/"), "a selector ends at a brace and holds no slash");
+      break;
+    case 2:
+      fuzz::expect(is_trimmed(text) && text.find(u"*/") == ustring::npos, "a comment is trimmed");
+      break;
+    default:
+      fuzz::expect(item.item_kind() == 3 && !text.empty() &&
+                       !holds_any(text.substr(text.size() - 1), u"\"); "),
+                   "a URL isn't empty and has no closing sign at its end");
+  }
+  for (auto entry = item.declarations_begin(); entry != item.declarations_end(); ++entry)
+    check_value(entry->value);
+}
+
+// Whether an item comes out of its own text again. A value that is short or ends in a quote is
+// no value, or another one, when it is read. An "@" begins an import; one whose word is short
+// is none.
+bool is_stable(const xhtml_stylesheet_item& item) {
+  if (item.item_kind() == 1 && item.selector_text().starts_with(u'@')) return false;
+  if (item.item_kind() == 3 && item.item_text().size() + 6 < 9) return false;
+  for (auto entry = item.declarations_begin(); entry != item.declarations_end(); ++entry)
+    if (entry->value.size() <= 2 ||
+        holds_any(ustring_view(entry->value).substr(entry->value.size() - 1), u"'\"") ||
+        !is_trimmed(entry->value))
+      return false;
+  return true;
+}
+
+ustring text_of(const xhtml_stylesheet& sheet) {
+  Xport::ustring_stream stream;
+  Xport::stylesheet_writer writer(stream);
+  for (const xhtml_stylesheet_item& item : sheet) item.write(writer);
+  return stream.str();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::fuzz_input in(data, size);
+  const std::size_t window = 1 + (in.take_byte() & 31);
+  const ustring text = in.take_text();
+
+  if (!has_mark(text)) {
+    const ustring expected = test::expected_listing(text);
+    fuzz::expect_no(test::outline_difference({test::read_listing(text)}, {expected}));
+    fuzz::expect_no(test::outline_difference({test::read_listing(text, window)}, {expected}));
+  }
+  if (test::is_endless_stylesheet(text)) return 0;
+
+  xhtml_stylesheet sheet;
+  std::basic_istringstream<Xport::char16> stream(text);
+  fuzz::expect(sheet.parse(stream), "the answer is always true");
+  for (const xhtml_stylesheet_item& item : sheet) check_item(item);
+
+  const ustring written = text_of(sheet);
+  const bool endless = test::is_endless_stylesheet(written);
+  xhtml_stylesheet again;
+  if (!endless) {
+    std::basic_istringstream<Xport::char16> second(written);
+    again.parse(second);
+  }
+  if (has_mark(written) || !std::all_of(sheet.begin(), sheet.end(), is_stable)) return 0;
+  fuzz::expect(!endless, "reading a sheet of stable items comes to an end");
+  fuzz::expect_no(test::outline_difference({test::listing(again)}, {test::listing(sheet)}));
+  return 0;
+}

@@ -1,0 +1,141 @@
+// The byte order of inputs. The input is two bytes that choose the stream, and the units.
+#include <cstdint>
+#include <istream>
+#include <memory>
+#include <sstream>
+
+#include "support/dribble_buffer.h"
+#include "support/expect.h"
+#include "support/fake_input.h"
+#include "support/fuzz_input.h"
+#include "support/tree_outline.h"
+#include "support/unit_buffers.h"
+#include "xport/text/byte_order.h"
+#include "xport/text/file_input_stream.h"
+#include "xport/text/unit_input.h"
+
+namespace {
+
+using Xport::char16;
+using Xport::ustring;
+using input_stream = std::basic_istream<char16>;
+
+// A stream that owns its buffer and tells when it goes.
+class watched_stream : public input_stream {
+ public:
+  watched_stream(std::unique_ptr<std::basic_streambuf<char16>> buffer, bool& gone)
+      : input_stream(buffer.get()), buffer_(std::move(buffer)), gone_(gone) {}
+  ~watched_stream() override { gone_ = true; }
+
+ private:
+  std::unique_ptr<std::basic_streambuf<char16>> buffer_;
+  bool& gone_;
+};
+
+std::unique_ptr<std::basic_streambuf<char16>> make_buffer(unsigned kind, std::size_t block,
+                                                          const ustring& text,
+                                                          test::input_record& record) {
+  switch (kind & 3) {
+    case 0:
+      return std::make_unique<std::basic_stringbuf<char16>>(text);
+    case 1:
+      return std::make_unique<test::dribble_buffer>(text, block);
+    case 2:
+      return std::make_unique<test::unbuffered_buffer>(text);
+    default:
+      record.bytes = test::file_bytes(text);
+      return std::make_unique<Xport::file_input_buffer>(std::make_unique<test::fake_input>(record));
+  }
+}
+
+ustring rest_of(input_stream& stream) {
+  ustring text;
+  for (Xport::unit_input in(stream.rdbuf()); !in.at_end(); in.advance()) text += in.peek();
+  return text;
+}
+
+// What is to come of an input: what is left to be read, from which stream, in which state.
+struct outcome {
+  outcome(const ustring& units, bool skips_space)
+      : rest(units.substr(0, units.find(u'\uFFFF'))), skips_space_(skips_space) {
+    switch (look()) {
+      case 0:
+        rest.erase(0, 1);
+        if (look() == 0xFFFE) rest.erase(0, 1);
+        break;
+      case 0xBBEF:
+      case 0xEFBB:
+        rest.erase(0, 1);
+        break;
+      case 0xFEFF:
+        rest.erase(0, 1);
+        if (look() == 0) rest.erase(0, 1);
+        break;
+      case 0xFFFE:
+        rest.erase(0, 1);
+        for (char16& unit : rest) unit = static_cast<char16>((unit << 8 | unit >> 8) & 0xFFFF);
+        swapped = true;
+        break;
+      default:
+        break;
+    }
+  }
+
+  ustring rest;
+  bool ended = false;
+  bool swapped = false;
+
+ private:
+  char16 look() {
+    while (skips_space_ && !rest.empty() && (rest[0] == u' ' || (rest[0] >= 9 && rest[0] <= 13)))
+      rest.erase(0, 1);
+    ended = rest.empty();
+    return ended ? u'\uFFFF' : rest[0];
+  }
+
+  bool skips_space_;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::fuzz_input in(data, size);
+  const unsigned flags = in.take_byte();
+  const std::size_t block = 1 + (in.take_byte() & 31);
+  const bool owns = (flags & 4) != 0;
+  const bool skips_space = (flags & 8) == 0;
+  const bool is_good = (flags & 48) != 48;
+  const ustring units = in.take_units();
+
+  test::input_record record;
+  bool gone = false;
+  auto given = std::make_unique<watched_stream>(make_buffer(flags, block, units, record), gone);
+  if (!skips_space) given->unsetf(std::ios_base::skipws);
+  if (!is_good) given->setstate((flags & 64) != 0 ? std::ios_base::eofbit : std::ios_base::badbit);
+  const auto before = given->rdstate();
+
+  input_stream* stream = given.get();
+  Xport::detect_byte_order(stream, owns);
+  if (!is_good) {
+    fuzz::expect(stream == given.get() && stream->rdstate() == before,
+                 "a stream that isn't good is left alone");
+    fuzz::expect_no(
+        test::outline_difference({rest_of(*stream)}, {units.substr(0, units.find(u'\uFFFF'))}));
+    return 0;
+  }
+  const outcome expected(units, skips_space);
+  fuzz::expect((stream != given.get()) == expected.swapped, "a big-endian input has a new stream");
+  std::unique_ptr<input_stream> made;
+  if (expected.swapped) {
+    made.reset(stream);
+    fuzz::expect(gone == owns, "the old stream goes if it is owned");
+    if (owns) given.release();
+    fuzz::expect(stream->good(), "the new stream is good");
+  } else {
+    const auto state =
+        expected.ended ? std::ios_base::eofbit | std::ios_base::failbit : std::ios_base::goodbit;
+    fuzz::expect(stream->rdstate() == state, "the state tells whether the input has ended");
+  }
+  fuzz::expect_no(test::outline_difference({rest_of(*stream)}, {expected.rest}));
+  return 0;
+}

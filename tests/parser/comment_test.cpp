@@ -1,0 +1,182 @@
+// Comments: where they end, and what becomes of broken ones.
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "parser/reader_kit.h"
+#include "support/golden.h"
+#include "xport/markup/text_leaf.h"
+
+namespace {
+
+using test::in_body;
+using test::in_div;
+using test::in_p;
+using test::in_root;
+using test::message;
+using test::messages_of;
+using test::parse;
+using test::parse_case;
+using test::parser_on;
+using test::same_units;
+using test::shown;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_element;
+
+TEST(Comment, LosesWhiteSpaceAtBothEnds) {
+  EXPECT_EQ(in_div(u"<!-- a -->"), "#a#");
+  EXPECT_EQ(in_div(u"<!--a-->"), "#a#");
+  EXPECT_EQ(in_div(u"<!--\n\t a\n  b \r\n-->"), "#a\n  b#");
+  EXPECT_EQ(in_div(u"<!---->"), "##");
+  EXPECT_EQ(in_div(u"<!-- \n -->"), "##");
+}
+
+TEST(Comment, StandsInAnyElement) {
+  EXPECT_EQ(in_root(u"<!--a--><html><!--b--></html>"), "#a# html(#b#)");
+  EXPECT_EQ(in_body(u"<!--a--><ul><!--b--><li>c<!--d--></li></ul>"), "#a# ul(#b# li('c' #d#))");
+}
+
+TEST(Comment, HoldsWhatElsewhereIsMarkup) {
+  EXPECT_EQ(in_div(u"<!--<p>\"'</p> > <!x> <?a?> &amp;-->b"),
+            "#<p>\"'</p> > <!x> <?a?> &amp;# 'b'");
+  EXPECT_EQ(in_div(u"<!-- <!-- a -->b"), "#<!-- a# 'b'");
+}
+
+TEST(Comment, DashesInside) {
+  EXPECT_EQ(in_div(u"<!-- a - b -->c"), "#a - b# 'c'");
+  EXPECT_EQ(in_div(u"<!-- a -- b -->c"), "#a -- b# 'c'");
+  EXPECT_EQ(in_div(u"<!--a-b--c---d-->e"), "#a-b--c---d# 'e'");
+  EXPECT_EQ(in_div(u"<!--a->b-->c"), "#a->b# 'c'");
+  EXPECT_EQ(in_div(u"<!-->a-->b"), "#>a# 'b'");
+  EXPECT_EQ(in_div(u"<!--->a-->b"), "#->a# 'b'");
+}
+
+// The unit behind two dashes is taken, whatever it is.
+TEST(Comment, ThreeDashesDontEndIt) {
+  EXPECT_EQ(in_div(u"<!-- a --->b-->"), "#a --->b#");
+  EXPECT_EQ(in_div(u"<!-- a --->b-->c"), "#a --->b# 'c'");
+  EXPECT_EQ(in_div(u"<!-- a ---->b-->c"), "#a ---->b# 'c'");
+  EXPECT_EQ(in_div(u"<!-- a ----->b"), "#a ---# 'b'");  // three dashes, then the end
+  EXPECT_EQ(in_div(u"<!-- a --- -->b"), "#a ---# 'b'");
+  // Without another end it goes on to the end of the input.
+  EXPECT_EQ(in_div(u"<!-- a --->b<p>c"), "#a --->b<p>c#");
+  EXPECT_EQ(in_div(u"<!----->b"), "#--->b#");
+}
+
+TEST(Comment, CutOffEndsWithTheInput) {
+  EXPECT_EQ(in_div(u"<!--"), "##");
+  EXPECT_EQ(in_div(u"<!-- a"), "#a#");
+  EXPECT_EQ(in_div(u"<!-- a > <p>"), "#a > <p>#");
+  EXPECT_EQ(messages_of(u"<!-- a", 15), "");
+}
+
+// The dash that was looked at last counts once more.
+TEST(Comment, CutOffBehindDashes) {
+  EXPECT_EQ(in_div(u"<!-- a -"), "#a ---#");
+  EXPECT_EQ(in_div(u"<!-- a --"), "#a ---#");
+  EXPECT_EQ(in_div(u"<!-- a ---"), "#a ---#");
+  EXPECT_EQ(in_div(u"<!-- a ----"), "#a ------#");
+  EXPECT_EQ(in_div(u"<!---"), "#---#");
+  EXPECT_EQ(in_div(u"<!-- a -\uFFFF->"), "#a ---#");
+  EXPECT_EQ(in_div(u"<!-- a --\uFFFF>"), "#a ---#");
+  EXPECT_EQ(messages_of(u"<!-- a -", 15), "");
+}
+
+TEST(Comment, EndOfInputBehindTheFirstDash) {
+  EXPECT_EQ(in_div(u"a<!-"), "'a'");
+  EXPECT_EQ(in_div(u"a<!-\uFFFF-b-->"), "'a'");
+  EXPECT_EQ(messages_of(u"a<!-", 1), message(1, "Invalid end of document."));
+  EXPECT_EQ(messages_of(u"a\n<!-\uFFFF", 15), message(2, "Invalid end of document."));
+  EXPECT_EQ(messages_of(u"a<!-", 14), "");
+}
+
+TEST(Comment, OneDashMakesTextWithoutTheMark) {
+  EXPECT_EQ(in_div(u"<!-x"), "'<-x'");
+  EXPECT_EQ(in_div(u"<!-x -->y<b>"), "'<-x -->y' b");
+  EXPECT_EQ(in_div(u"<!->"), "'<->'");
+  EXPECT_EQ(in_div(u"<!-<p>"), "'<-' p");
+  EXPECT_EQ(in_div(u"<!- x"), "'<- x'");
+  EXPECT_EQ(in_div(u"<!-\n x"), "'<- x'");
+  EXPECT_EQ(in_div(u"<!-\n"), "'<- '");
+  EXPECT_EQ(in_div(u"<!-\"a<b\"<p>"), "'<-\"a<b\"' p");
+  EXPECT_EQ(messages_of(u"<!-x", 15), "");
+}
+
+TEST(Comment, OneDashWhereNoTextMayStandIsDropped) { EXPECT_EQ(in_body(u"<!-x<p>y"), "p('y')"); }
+
+// As the node's constructor takes tokens.
+TEST(Comment, DelimitersInsideAreTakenForThoseOfAToken) {
+  EXPECT_EQ(in_div(u"<!--<--x-->"), "#x#");
+  EXPECT_EQ(in_div(u"<!--<----->"), "#-#");
+  EXPECT_EQ(in_div(u"<!--<---->"), "#-->#");  // what is left is too short to lose its end
+  EXPECT_EQ(in_div(u"<!--abc--->-->"), "#abc-#");
+  EXPECT_EQ(in_div(u"<!----->"), "#--->#");  // too short to lose its end
+  EXPECT_EQ(in_div(u"<!-- <--x-->"), "#<--x#");
+}
+
+TEST(Comment, AnyUnitMayStandInIt) {
+  EXPECT_EQ(in_div(ustring(u"<!--a\0b-->", 10)), "#a\\u0000b#");
+  EXPECT_EQ(in_div(u"<!--\u00E9\xD83D\uFFFE\u2028-->"), "#\\u00E9\\uD83D\\uFFFE\\u2028#");
+  EXPECT_EQ(in_div(u"<!--a\uFFFFb-->c"), "#a#");
+}
+
+TEST(Comment, IsNotRewritten) {
+  parse_case how;
+  how.normalize_text = true;
+  EXPECT_EQ(parse(u"<!-- a & \" b -->", how).children, "#a & \" b#");
+}
+
+TEST(Comment, MillionDashes) {
+  const auto text_of_dashes = [](std::size_t count, ustring_view tail) {
+    parser_on<> parser(u"--" + ustring(count, u'-').append(tail));
+    const std::unique_ptr<Xport::xhtml_markup> node(parser->read_comment(nullptr));
+    EXPECT_EQ(node->node_kind(), 3);
+    return ustring(static_cast<const Xport::text_leaf&>(*node).text());
+  };
+  // Dashes are taken by threes, and the end is found where two are left.
+  EXPECT_TRUE(same_units(text_of_dashes(1'000'001, u">"), ustring(999'999, u'-')));
+  // Otherwise the comment goes on; the node then drops "-->" from its end.
+  EXPECT_TRUE(same_units(text_of_dashes(1'000'000, u">"), ustring(999'998, u'-')));
+  EXPECT_TRUE(same_units(text_of_dashes(1'000'002, u">"), ustring(1'000'000, u'-')));
+  EXPECT_TRUE(same_units(text_of_dashes(1'000'000, u""), ustring(1'000'002, u'-')));
+  EXPECT_EQ(in_div(u"<!--" + ustring(1'000'001, u'-') + u">x"),
+            "#" + std::string(999'999, '-') + "# 'x'");
+}
+
+TEST(Comment, LongOne) {
+  const ustring text(1'000'000, u'c');
+  EXPECT_EQ(in_div(u"<!--" + text + u"-->x"), "#" + test::printable(text) + "# 'x'");
+}
+
+TEST(Comment, ReadAlone) {
+  xhtml_element div(tag_id::div, {}, {});
+  parser_on<> parser(u"-- a -->b");
+  EXPECT_EQ(shown(parser->read_comment(&div)), "#a#");
+  EXPECT_EQ(parser.rest(), "b");
+
+  parser_on<> text(u"-a<");
+  EXPECT_EQ(shown(text->read_comment(&div)), "'<-a'");
+  EXPECT_EQ(text.rest(), "<");
+}
+
+TEST(Comment, ReadAloneAtTheEnd) {
+  parser_on<> parser(u"");
+  EXPECT_EQ(shown(parser->read_comment(nullptr)), "null");
+  EXPECT_EQ(parser.messages(), message(1, "Invalid end of document."));
+  parser_on<> dash(u"-");
+  EXPECT_EQ(shown(dash->read_comment(nullptr)), "null");
+  EXPECT_EQ(dash.messages(), message(1, "Invalid end of document."));
+}
+
+TEST(Comment, OneDashInPreLeadsToItsContent) {
+  xhtml_element pre(tag_id::pre, {}, {});
+  parser_on<> parser(u"-a<b></pre>c");
+  EXPECT_EQ(shown(parser->read_comment(&pre)), "'a<b>'");
+  EXPECT_EQ(parser.rest(), "c");
+}
+
+}  // namespace

@@ -1,0 +1,217 @@
+// Memory that is refused while a page is read: nothing is lost, and what is in the document
+// hangs together.
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <sstream>
+#include <string>
+#include <utility>
+
+#include "parser/parse_kit.h"
+#include "support/allocation_failure.h"
+#include "support/fake_input.h"
+#include "support/tree_check.h"
+#include "xport/parser/read_document.h"
+#include "xport/text/ustring_stream.h"
+
+namespace {
+
+using test::is_intact;
+using test::outline_with_attributes;
+using Xport::char16;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::xhtml_doc;
+using Xport::xhtml_element;
+using Xport::xhtml_markup;
+using Xport::xhtml_parser;
+
+/// A page with a construct of every kind, short and long, and recoveries of every kind.
+ustring page_text() {
+  const ustring longer(700, u'l');
+  return u"\uFEFF<?xml version='1.0'?><!DOCTYPE html><html><!-- stray --><head><title>" + longer +
+         u"</title><style>p { color: red; }</style><script>var a = '<" + longer +
+         u"';</script></head><body class='x' id='" + longer + u"'><p style='color: red' title='" +
+         longer + u"'>a\n   b & &#169; " + longer + u"<p>c<div>d</div></p><ul><li>e<li>" +
+         u"<!-- " + longer + u" --></ul><foo " + longer + u"><bar><center>f</center><b><i>g</b>" +
+         u"<pre>h\n" + longer + u"</pre><table><tr><td>i<tr><td>j</table>k</td></tr></table>" +
+         u"<?php " + longer + u"?><br/></" + longer + u"></body></html><li></html><";
+}
+
+ustring swapped(const ustring& text) {
+  ustring result;
+  for (const unsigned unit : text) result += static_cast<char16>(unit << 8 | unit >> 8);
+  return result;
+}
+
+/// Whether `node` is null or in the document.
+bool is_known(const xhtml_doc& doc, const xhtml_markup* node) {
+  if (node == nullptr) return true;
+  for (const xhtml_markup& top : *doc.root()) {
+    if (&top == node) return true;
+    for (const xhtml_markup& child : top) {
+      if (&child == node) return true;
+      for (const xhtml_markup& below : child)
+        if (&below == node) return true;
+    }
+  }
+  return false;
+}
+
+void expect_whole(xhtml_doc& doc) {
+  EXPECT_TRUE(is_intact(*doc.root()));
+  EXPECT_TRUE(is_known(doc, doc.html()));
+  EXPECT_TRUE(is_known(doc, doc.head()));
+  EXPECT_TRUE(is_known(doc, doc.title()));
+  EXPECT_TRUE(is_known(doc, doc.body()));
+  EXPECT_TRUE(is_known(doc, doc.stray()));
+}
+
+/// Runs `read` with its first, second, third ... request for memory refused until none is.
+/// `read` gets the number of the request, lets it fail by way of fail_allocation(), and says
+/// what came of it. A refusal that a stream has taken as a state of its own is one, too.
+/// Each run must give back all it took. Gives the number of refusals.
+template <class Read>
+std::size_t refuse_each(Read read) {
+  read(0);  // what is made once for the whole program
+  for (std::size_t number = 1;; ++number) {
+    const std::size_t before = test::live_allocations();
+    const bool passed = read(number);
+    EXPECT_EQ(test::live_allocations(), before) << "request " << number;
+    if (passed || testing::Test::HasFailure()) return number - 1;
+  }
+}
+
+/// Calls `work` with request `number` refused. Whether the request was never made.
+template <class Work>
+bool passes(std::size_t number, Work work) {
+  const std::size_t calls = test::allocation_calls();
+  test::fail_allocation(number);
+  try {
+    work();
+    test::fail_allocation(0);
+    return number == 0 || test::allocation_calls() - calls < number;
+  } catch (const std::bad_alloc&) {
+    test::fail_allocation(0);
+    return false;
+  }
+}
+
+TEST(InterruptedReading, OfAFile) {
+  for (const bool big_endian : {false, true}) {
+    const ustring text = big_endian ? swapped(page_text()) : page_text();
+    const std::string bytes = test::file_bytes(text);
+    std::string outline;
+    const std::size_t refusals = refuse_each([&](std::size_t number) {
+      test::input_record record;
+      record.bytes = bytes;
+      record.reads.reserve(100);
+      xhtml_doc doc(1);
+      auto file = std::make_unique<test::fake_input>(record);
+      bool done = false;
+      const bool passed = passes(number, [&] { done = read_document(doc, std::move(file)); });
+      expect_whole(doc);
+      EXPECT_EQ(record.deaths, 1);
+      if (number == 0) outline = outline_with_attributes(*doc.root());
+      if (passed) {
+        EXPECT_TRUE(done);
+        EXPECT_EQ(outline_with_attributes(*doc.root()), outline);
+        EXPECT_NE(doc.body(), nullptr);
+        EXPECT_NE(doc.stray(), nullptr);
+      }
+      return passed;
+    });
+    EXPECT_GT(refusals, 100u);
+  }
+}
+
+/// Reads the page with all options, into a document or onto the heap.
+bool parse_with_options(std::size_t number, const ustring& text, xhtml_element& receiver,
+                        bool owns_input) {
+  auto given = std::make_unique<std::basic_istringstream<char16>>(text);
+  std::basic_istream<char16>* const input = owns_input ? given.release() : given.get();
+  Xport::ustring_stream messages;
+  xhtml_parser parser(input);
+  parser.owns_input = owns_input;
+  parser.messages = &messages;
+  parser.message_mask = 15;
+  parser.normalize_text = true;
+  return passes(number, [&] { parse_page(parser, receiver); });
+}
+
+TEST(InterruptedReading, IntoADocument) {
+  for (const bool owns_input : {false, true}) {
+    for (const ustring& text : {page_text(), swapped(page_text())}) {
+      const std::size_t refusals = refuse_each([&](std::size_t number) {
+        xhtml_doc doc(1);
+        const bool passed = parse_with_options(number, text, *doc.root(), owns_input);
+        doc.reindex();
+        expect_whole(doc);
+        // What there is can go on living.
+        *doc.root() << u"more";
+        if (doc.body() != nullptr) doc.body()->append_copy(xhtml_element(tag_id::p, u"i", {}));
+        expect_whole(doc);
+        return passed;
+      });
+      EXPECT_GT(refusals, 200u);
+    }
+  }
+}
+
+TEST(InterruptedReading, IntoAnElementOnTheHeap) {
+  const ustring text = page_text();
+  const std::size_t refusals = refuse_each([&](std::size_t number) {
+    xhtml_element root(tag_id::doc_root, {}, {});
+    root << u"old";
+    const bool passed = parse_with_options(number, text, root, false);
+    EXPECT_TRUE(is_intact(root));
+    return passed;
+  });
+  EXPECT_GT(refusals, 250u);
+}
+
+/// A leftover of a receiver in a document: an element or an end tag moved to the heap.
+TEST(InterruptedReading, ThatGivesALeftover) {
+  const ustring element = u"<div title='" + ustring(700, u'v') + u"' class='short'>";
+  const ustring end_tag = u"</body>";
+  for (const ustring& left : {element, end_tag}) {
+    const std::size_t refusals = refuse_each([&](std::size_t number) {
+      xhtml_doc doc(1);
+      xhtml_markup& p = *append_element(*doc.body(), tag_id::p);
+      std::basic_istringstream<char16> input(u"a<b>c</b>" + left);
+      xhtml_parser parser(&input);
+      std::unique_ptr<xhtml_markup> returned;
+      const bool passed = passes(number, [&] { returned.reset(parser.parse_children(&p)); });
+      expect_whole(doc);
+      EXPECT_EQ(returned != nullptr, passed);
+      return passed;
+    });
+    EXPECT_GT(refusals, 0u);
+  }
+}
+
+TEST(InterruptedReading, LosesNoLeftoverOfAPage) {
+  xhtml_element body(tag_id::body, {}, {});
+  auto& p = static_cast<xhtml_element&>(*append_element(body, tag_id::p));
+  const std::size_t before = test::live_allocations();
+  for (const ustring& left : {u"<div title='" + ustring(700, u'v') + u"'>", ustring(u"</body>")})
+    EXPECT_TRUE(parse_with_options(0, left, p, false));
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(InterruptedReading, ReleasesASwappedPage) {
+  const ustring text = swapped(u"\uFEFF<p>" + ustring(5000, u'a'));
+  xhtml_element div(tag_id::div, {}, {});
+  const std::size_t before = test::live_allocations();
+  for (const bool owns_input : {false, true}) {
+    EXPECT_TRUE(parse_with_options(0, text, div, owns_input));
+    EXPECT_FALSE(div.begin() == div.end());
+    div.clear_children();
+    EXPECT_EQ(test::live_allocations(), before);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,202 @@
+#include "xport/stylesheet/style_attribute.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <locale>
+#include <string>
+
+#include "support/allocation_failure.h"
+#include "support/golden.h"
+#include "support/text.h"
+#include "xport/markup/node_pool.h"
+#include "xport/vocabulary/xhtml_strict.h"
+
+namespace {
+
+using test::same_units;
+using Xport::css_property_id;
+using Xport::parse_style_attribute;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_element;
+using Xport::xhtml_strict;
+
+/// The style as "name=value|" in the order of the properties.
+ustring style_of(const xhtml_element& element) {
+  ustring text;
+  for (const auto& entry : *element.style_properties()) {
+    text += xhtml_strict::css_property_name(entry.first);
+    text += u"=";
+    text += entry.second;
+    text += u"|";
+  }
+  return text;
+}
+
+ustring read(ustring_view text) {
+  xhtml_element element(tag_id::p, {}, {});
+  parse_style_attribute(element, text);
+  return style_of(element);
+}
+
+TEST(StyleAttribute, OneDeclaration) {
+  EXPECT_TRUE(same_units(read(u"color:red"), u"color=red|"));
+  EXPECT_TRUE(same_units(read(u"color: red"), u"color=red|"));
+  EXPECT_TRUE(same_units(read(u"  color:\n\t red  "), u"color=red|"));
+  EXPECT_TRUE(same_units(read(u"color:red;"), u"color=red|"));
+}
+
+TEST(StyleAttribute, ANameAloneIsDropped) {
+  EXPECT_TRUE(same_units(read(u"color"), u""));
+  EXPECT_TRUE(same_units(read(u"color "), u""));
+  EXPECT_TRUE(same_units(read(u"color:"), u""));
+  EXPECT_TRUE(same_units(read(u"color: "), u""));
+  EXPECT_TRUE(same_units(read(u"color:;"), u""));
+}
+
+TEST(StyleAttribute, NothingIsNoDeclaration) {
+  EXPECT_TRUE(same_units(read(u""), u""));
+  EXPECT_TRUE(same_units(read(u" \t\n"), u""));
+  EXPECT_TRUE(same_units(read(u":"), u""));
+  EXPECT_TRUE(same_units(read(u";"), u""));
+  EXPECT_TRUE(same_units(read(u" : ; : ; "), u""));
+}
+
+TEST(StyleAttribute, BehindASemicolonTheNextNameIsNotFound) {
+  EXPECT_TRUE(same_units(read(u"color: red; width: 2px"), u"color=red|"));
+  EXPECT_TRUE(same_units(read(u"color:red;width:2px;top:1px"), u"color=red|"));
+  EXPECT_TRUE(same_units(read(u"color:red ;width:2px"), u"color=red|"));
+  EXPECT_TRUE(same_units(read(u";color:red"), u""));
+}
+
+TEST(StyleAttribute, ASemicolonWithBlanksAroundItIsANameWithAValue) {
+  // The name ";" has the value "width:2px", so that "top" is read again.
+  EXPECT_TRUE(same_units(read(u"color:red ; width:2px top:1px"), u"color=red|top=1px|"));
+}
+
+TEST(StyleAttribute, WhiteSpaceAloneSetsDeclarationsApart) {
+  EXPECT_TRUE(same_units(read(u"width: 2px color: red\ntop:0"), u"color=red|top=0|width=2px|"));
+}
+
+TEST(StyleAttribute, AValueHoldsNoBlanks) {
+  EXPECT_TRUE(same_units(read(u"font-family: Times New Roman"), u"font-family=Times|"));
+  EXPECT_TRUE(same_units(read(u"font-family: Times color red"), u"color=red|font-family=Times|"));
+  EXPECT_TRUE(
+      same_units(read(u"font-family: 'Times New Roman' top:1px"), u"font-family='Times|top=1px|"));
+}
+
+TEST(StyleAttribute, WhiteSpaceEndsANameAndIsAllThatIsSkipped) {
+  EXPECT_TRUE(same_units(read(u"color : red"), u"color=:|"));
+  EXPECT_TRUE(same_units(read(u"color :red"), u"color=:red|"));
+  EXPECT_TRUE(same_units(read(u"color red"), u"color=red|"));
+  EXPECT_TRUE(same_units(read(u"color::red"), u"color=:red|"));
+}
+
+TEST(StyleAttribute, AnEmptyNameLosesItsValue) {
+  EXPECT_TRUE(same_units(read(u":red color:blue"), u"color=blue|"));
+}
+
+TEST(StyleAttribute, AnEmptyValueIsNotStored) {
+  EXPECT_TRUE(same_units(read(u"color:; color:red"), u""));
+  EXPECT_TRUE(same_units(read(u"top:;x:1 color:red"), u"color=red|"));
+}
+
+TEST(StyleAttribute, ValuesAreKeptAsTheyStand) {
+  EXPECT_TRUE(same_units(read(u"font-family:\"Arial\""), u"font-family=\"Arial\"|"));
+  EXPECT_TRUE(
+      same_units(read(u"background:url(http://x/{a}.png)"), u"background=url(http://x/{a}.png)|"));
+  EXPECT_TRUE(same_units(read(u"top:/*k*/0"), u"top=/*k*/0|"));
+  const ustring odd = {u'\0', 0xFFFF, 0xD800, 0xFEFF, 0x00A0};
+  EXPECT_TRUE(same_units(read(u"top:" + odd + u" left:1"), u"left=1|top=" + odd + u"|"));
+}
+
+TEST(StyleAttribute, NamesAreThoseOfTheTable) {
+  EXPECT_TRUE(same_units(read(u"COLOR:red colour:red Color:red"), u""));
+  EXPECT_TRUE(same_units(read(u"widows:2 widowsL:3"), u"widowsL=3|"));
+  EXPECT_TRUE(same_units(read(ustring(u"color\0:red", 10)), u""));
+}
+
+TEST(StyleAttribute, TheFirstValueWins) {
+  EXPECT_TRUE(same_units(read(u"color:red color:blue color:green"), u"color=red|"));
+  xhtml_element element(tag_id::p, {}, {});
+  element.set_style(css_property_id::color, u"old");
+  element.set_style(css_property_id::left, u"");
+  parse_style_attribute(element, u"top:1px color:new left:new");
+  EXPECT_TRUE(same_units(style_of(element), u"color=old|left=|top=1px|"));
+  parse_style_attribute(element, u"top:2px width:3px");
+  EXPECT_TRUE(same_units(style_of(element), u"color=old|left=|top=1px|width=3px|"));
+}
+
+TEST(StyleAttribute, ReadsEveryPropertyOnceHoweverOftenItStands) {
+  ustring text;
+  ustring expected;
+  for (std::int32_t number = 101; number >= 0; --number)
+    text += ustring(xhtml_strict::css_property_name(css_property_id{number})) + u": first ";
+  for (std::int32_t number = 0; number <= 101; ++number) {
+    const ustring name(xhtml_strict::css_property_name(css_property_id{number}));
+    text += name + u":second ";
+    expected += name + u"=first|";
+  }
+  EXPECT_TRUE(same_units(read(text), expected));
+}
+
+TEST(StyleAttribute, AnElementWithoutARecordStoresNothing) {
+  xhtml_element element(tag_id{93}, {}, {});
+  parse_style_attribute(element, u"color:red");
+  EXPECT_TRUE(element.style_properties()->empty());
+}
+
+TEST(StyleAttribute, EveryElementOfTheTableTakesAStyle) {
+  xhtml_element element(tag_id::html, {}, {});
+  parse_style_attribute(element, u"color:red");
+  EXPECT_TRUE(same_units(style_of(element), u"color=red|"));
+}
+
+TEST(StyleAttribute, ATextWithoutAnythingNewTakesNoMemory) {
+  xhtml_element element(tag_id::p, {}, {});
+  parse_style_attribute(element, u"color:red");
+  const std::size_t before = test::allocation_calls();
+  parse_style_attribute(element, u"color:blue x:y widows:2 top:;");
+  EXPECT_EQ(test::allocation_calls(), before);
+}
+
+TEST(StyleAttribute, AFewDeclarationsTakeOneBlock) {
+  xhtml_element element(tag_id::p, {}, {});
+  const std::size_t before = test::allocation_calls();
+  parse_style_attribute(element, u"color:red top:1px left:2px width:3px");
+  EXPECT_EQ(test::allocation_calls() - before, 1u);
+}
+
+TEST(StyleAttribute, MemoryComesFromThePoolOfTheElement) {
+  Xport::node_pool pool;
+  xhtml_element element(tag_id::p, {}, {}, &pool);
+  parse_style_attribute(element, u"color:red");
+  EXPECT_TRUE(same_units(style_of(element), u"color=red|"));
+  EXPECT_EQ(element.style_properties()->pool(), &pool);
+}
+
+TEST(StyleAttribute, HugeTextsTakeLinearTime) {
+  ustring text;
+  for (int i = 0; i < 300'000; ++i) text += u"color:red x:y ;;; :top:1px ";
+  EXPECT_TRUE(same_units(read(text), u"color=red|"));
+  const ustring value(2'000'000, u'v');
+  EXPECT_TRUE(same_units(read(u"color:" + value), u"color=" + value + u"|"));
+}
+
+/// Says that "_" is a blank and no space.
+class underscore_is_blank : public std::ctype<wchar_t> {
+  bool do_is(mask classes, char_type unit) const override {
+    return unit == L'_' ? (classes & blank) != 0 : std::ctype<wchar_t>::do_is(classes, unit);
+  }
+};
+
+TEST(StyleAttribute, WhiteSpaceIsWhatTheLocaleCallsSpaceOrBlank) {
+  const std::locale before =
+      std::locale::global(std::locale(std::locale(), new underscore_is_blank));
+  EXPECT_TRUE(same_units(read(u"_color:__red_top_1px_"), u"color=red|top=1px|"));
+  std::locale::global(before);
+}
+
+}  // namespace

@@ -1,0 +1,410 @@
+#include <gtest/gtest.h>
+
+#include <istream>
+#include <memory>
+#include <sstream>
+
+#include "sheet_text.h"
+#include "support/allocation_failure.h"
+#include "support/golden.h"
+#include "xport/stylesheet/xhtml_stylesheet.h"
+
+namespace {
+
+using test::counting_end_buffer;
+using test::counting_end_stream;
+using test::listing;
+using test::looked_too_often;
+using test::same_units;
+using Xport::char16;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_stylesheet;
+using Xport::xhtml_stylesheet_comment;
+using input = std::basic_istream<char16>;
+using text_input = std::basic_istringstream<char16>;
+
+/// A text stream that says when it is gone.
+class watched_input : public text_input {
+ public:
+  watched_input(const ustring& text, bool& alive) : text_input(text), alive_(alive) {
+    alive_ = true;
+  }
+  ~watched_input() override { alive_ = false; }
+
+ private:
+  bool& alive_;
+};
+
+/// Gives the units of a text one at a time and then raises an exception.
+class breaking_buffer : public std::basic_streambuf<char16> {
+ public:
+  struct broken {};
+
+  explicit breaking_buffer(ustring_view text) : text_(text) {}
+
+ protected:
+  int_type underflow() override {
+    if (next_ == text_.size()) throw broken();
+    char16* const unit = text_.data() + next_++;
+    setg(unit, unit, unit + 1);
+    return traits_type::to_int_type(*unit);
+  }
+
+ private:
+  ustring text_;
+  std::size_t next_ = 0;
+};
+
+class breaking_input : public input {
+ public:
+  explicit breaking_input(ustring_view text) : input(nullptr), buffer_(text) { rdbuf(&buffer_); }
+
+ private:
+  breaking_buffer buffer_;
+};
+
+/// A stream whose end-of-file flag is set where its buffer comes to the end of the text.
+class flagging_input : public input {
+ public:
+  explicit flagging_input(ustring_view text) : input(nullptr), buffer_(text, *this) {
+    rdbuf(&buffer_);
+  }
+
+ private:
+  class flagging_buffer : public std::basic_streambuf<char16> {
+   public:
+    flagging_buffer(ustring_view text, input& stream) : text_(text), stream_(stream) {
+      setg(text_.data(), text_.data(), text_.data() + text_.size());
+    }
+
+   protected:
+    int_type underflow() override {
+      stream_.setstate(std::ios_base::eofbit);
+      return traits_type::eof();
+    }
+
+   private:
+    ustring text_;
+    input& stream_;
+  };
+
+  flagging_buffer buffer_;
+};
+
+ustring swapped(ustring text) {
+  for (char16& unit : text) unit = static_cast<char16>(unit << 8 | unit >> 8);
+  return text;
+}
+
+/// The listing of what is read from a stream on `text`.
+ustring parsed(const ustring& text) {
+  xhtml_stylesheet sheet;
+  EXPECT_TRUE(sheet.parse(std::make_unique<text_input>(text)));
+  xhtml_stylesheet from_copy;
+  text_input stream(text);
+  EXPECT_TRUE(from_copy.parse(stream));
+  EXPECT_TRUE(same_units(listing(from_copy), listing(sheet)));
+  return listing(sheet);
+}
+
+TEST(StylesheetParse, AnEmptyStreamGivesAnEmptySheet) {
+  EXPECT_TRUE(same_units(parsed(u""), u""));
+  EXPECT_TRUE(same_units(parsed(u"  \n"), u""));
+}
+
+TEST(StylesheetParse, ReplacesTheContent) {
+  xhtml_stylesheet sheet;
+  sheet.add_item(xhtml_stylesheet_comment(u"old"));
+  EXPECT_TRUE(sheet.parse(std::make_unique<text_input>(u"a{}")));
+  EXPECT_TRUE(same_units(listing(sheet), u"[a]\n"));
+  text_input stream(u"b{}");
+  EXPECT_TRUE(sheet.parse(stream));
+  EXPECT_TRUE(same_units(listing(sheet), u"[b]\n"));
+  EXPECT_TRUE(sheet.parse(std::make_unique<text_input>(u"")));
+  EXPECT_EQ(sheet.size(), 0u);
+}
+
+TEST(StylesheetParse, ANullPointerGivesAnEmptySheet) {
+  xhtml_stylesheet sheet;
+  sheet.add_item(xhtml_stylesheet_comment(u"old"));
+  EXPECT_TRUE(sheet.parse(nullptr));
+  EXPECT_EQ(sheet.size(), 0u);
+}
+
+TEST(StylesheetParse, AFailedStreamGivesAnEmptySheet) {
+  for (const std::ios_base::iostate state : {std::ios_base::failbit, std::ios_base::badbit}) {
+    xhtml_stylesheet sheet;
+    sheet.add_item(xhtml_stylesheet_comment(u"old"));
+    auto stream = std::make_unique<text_input>(u"a{}");
+    stream->setstate(state);
+    EXPECT_TRUE(sheet.parse(std::move(stream)));
+    EXPECT_EQ(sheet.size(), 0u);
+  }
+}
+
+TEST(StylesheetParse, AStreamWithoutABufferGivesAnEmptySheet) {
+  xhtml_stylesheet sheet;
+  sheet.add_item(xhtml_stylesheet_comment(u"old"));
+  EXPECT_TRUE(sheet.parse(std::make_unique<input>(nullptr)));
+  EXPECT_EQ(sheet.size(), 0u);
+  input stream(nullptr);
+  sheet.add_item(xhtml_stylesheet_comment(u"old"));
+  EXPECT_TRUE(sheet.parse(stream));
+  EXPECT_EQ(sheet.size(), 0u);
+}
+
+TEST(StylesheetParse, TheEndOfFileFlagEndsTheDeclarations) {
+  xhtml_stylesheet sheet;
+  auto stream = std::make_unique<text_input>(u"a{color:red;} b{");
+  stream->setstate(std::ios_base::eofbit);
+  EXPECT_TRUE(sheet.parse(std::move(stream)));
+  EXPECT_TRUE(same_units(listing(sheet), u"[a]\n[color:red;} b]\n"));
+}
+
+TEST(StylesheetParse, TheEndOfFileFlagEndsTheRuleInWhichItIsSet) {
+  const auto listed = [](ustring_view text) {
+    xhtml_stylesheet sheet;
+    EXPECT_TRUE(sheet.parse(std::make_unique<flagging_input>(text)));
+    return listing(sheet);
+  };
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top:1px;"), u"[a] color=[red] top=[1px]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top:1px"), u"[a] color=[red]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top:"), u"[a] color=[red]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{color:red;top"), u"[a] color=[red]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{x:red"), u"[a]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{/*k*/ top:0}"), u"/*[k]\n[a]\n"));
+  EXPECT_TRUE(same_units(listed(u"a{} b"), u"[a]\n"));
+}
+
+TEST(StylesheetParse, ReleasesTheStream) {
+  for (const char16_t* text : {u"", u"a{color:red;}", u"\uFEFF a{}"}) {
+    bool alive = false;
+    xhtml_stylesheet sheet;
+    sheet.parse(std::make_unique<watched_input>(text, alive));
+    EXPECT_FALSE(alive);
+  }
+}
+
+TEST(StylesheetParse, ReleasesAStreamOfTheOtherByteOrderAndTheOneMadeOfIt) {
+  const ustring text = swapped(u"\uFEFFa{color:red;}");
+  const std::size_t before = test::live_allocations();
+  {
+    bool alive = false;
+    xhtml_stylesheet sheet;
+    sheet.parse(std::make_unique<watched_input>(text, alive));
+    EXPECT_FALSE(alive);
+    EXPECT_TRUE(same_units(listing(sheet), u"[a] color=[red]\n"));
+  }
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(StylesheetParse, LeavesTheStreamThatItCopiesToItsOwner) {
+  text_input stream(u"xx a{} \uFFFF b{}");
+  stream.ignore(2);
+  xhtml_stylesheet sheet;
+  EXPECT_TRUE(sheet.parse(stream));
+  EXPECT_TRUE(same_units(listing(sheet), u"[a]\n"));
+  EXPECT_TRUE(stream.good());
+  EXPECT_EQ(stream.tellg(), input::pos_type(7));
+  stream.seekg(0);
+  EXPECT_TRUE(sheet.parse(stream));
+  EXPECT_TRUE(same_units(listing(sheet), u"[xx a]\n"));
+}
+
+TEST(StylesheetParse, CopiesFromTheBufferOfAFailedStream) {
+  text_input stream(u"a{}");
+  stream.setstate(std::ios_base::failbit);
+  xhtml_stylesheet sheet;
+  EXPECT_TRUE(sheet.parse(stream));
+  EXPECT_TRUE(same_units(listing(sheet), u"[a]\n"));
+  EXPECT_EQ(stream.rdstate(), std::ios_base::failbit);
+}
+
+TEST(StylesheetParse, CopiesInWindowsOfAnySize) {
+  for (std::size_t window = 1; window < 20; ++window) {
+    counting_end_buffer buffer(u"a { color: red; } /* k */", 1'000'000, window);
+    input stream(&buffer);
+    xhtml_stylesheet sheet;
+    EXPECT_TRUE(sheet.parse(stream));
+    EXPECT_TRUE(same_units(listing(sheet), u"[a] color=[red]\n/*[k]\n"));
+    EXPECT_TRUE(same_units(buffer.rest(), u""));
+  }
+}
+
+TEST(StylesheetParse, TakesByteOrderMarksOut) {
+  const ustring text = u"a{}";
+  EXPECT_TRUE(same_units(parsed(u"\uFEFF" + text), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(u" \uFEFF " + text), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(u"\uBBEF" + text), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(u"\uEFBB" + text), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(ustring(1, u'\0') + text), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(ustring({u'\0', 0xFFFE}) + text), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(ustring({0xFEFF, u'\0'}) + text), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(swapped(u"\uFEFF" + text)), u"[a]\n"));
+  EXPECT_TRUE(same_units(parsed(swapped(u"\uFEFF \n" + text)), u"[a]\n"));
+}
+
+TEST(StylesheetParse, OneMarkIsTakenOutAndTheNextBelongsToTheText) {
+  EXPECT_TRUE(same_units(parsed(u"\uFEFF\uFEFFa{}"), u"[\uFEFFa]\n"));
+  EXPECT_TRUE(same_units(parsed(swapped(u"\uFEFF\uFEFFa{}")), u"[\uFEFFa]\n"));
+}
+
+// Texts that end within a rule.
+
+TEST(StylesheetParse, GoesRoundAtTheEndOfAnOpenRule) {
+  xhtml_stylesheet sheet;
+  EXPECT_THROW(
+      sheet.parse(std::make_unique<counting_end_stream>(u"a{} b { color: red;", 1'000'000)),
+      looked_too_often);
+  EXPECT_TRUE(same_units(listing(sheet), u"[a]\n"));
+}
+
+TEST(StylesheetParse, TakesNoMemoryWhileItGoesRound) {
+  const auto calls_up_to = [](std::size_t limit) {
+    const std::size_t before = test::allocation_calls();
+    xhtml_stylesheet sheet;
+    EXPECT_THROW(sheet.parse(std::make_unique<counting_end_stream>(
+                     u"a{} /*k*/ b { color: red; a-property-that-is-unknown: red", limit)),
+                 looked_too_often);
+    return test::allocation_calls() - before;
+  };
+  EXPECT_EQ(calls_up_to(1'000'000), calls_up_to(50));
+}
+
+// What the buffer raises.
+
+TEST(StylesheetParse, WhatTheBufferRaisesPassesAndCompleteItemsStay) {
+  const std::size_t before = test::live_allocations();
+  {
+    xhtml_stylesheet sheet;
+    sheet.add_item(xhtml_stylesheet_comment(u"old"));
+    EXPECT_THROW(sheet.parse(std::make_unique<breaking_input>(u"a{} /*k*/ b{color:red;")),
+                 breaking_buffer::broken);
+    EXPECT_TRUE(same_units(listing(sheet), u"[a]\n/*[k]\n"));
+  }
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(StylesheetParse, WhatTheBufferRaisesWhileBytesAreSwappedPasses) {
+  const std::size_t before = test::live_allocations();
+  {
+    xhtml_stylesheet sheet;
+    sheet.add_item(xhtml_stylesheet_comment(u"old"));
+    EXPECT_THROW(sheet.parse(std::make_unique<breaking_input>(swapped(u"\uFEFFa{} b{}"))),
+                 breaking_buffer::broken);
+    EXPECT_EQ(sheet.size(), 0u);
+  }
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(StylesheetParse, ABufferThatRaisesAtOnceFailsTheStream) {
+  xhtml_stylesheet sheet;
+  sheet.add_item(xhtml_stylesheet_comment(u"old"));
+  EXPECT_TRUE(sheet.parse(std::make_unique<breaking_input>(u" \n")));
+  EXPECT_EQ(sheet.size(), 0u);
+}
+
+TEST(StylesheetParse, ABufferThatRaisesWithinAMarkFailsTheStream) {
+  for (const ustring& text : {ustring(u"\uFEFF"), ustring(u"\uFEFF \n"), ustring(1, u'\0')}) {
+    xhtml_stylesheet sheet;
+    sheet.add_item(xhtml_stylesheet_comment(u"old"));
+    EXPECT_TRUE(sheet.parse(std::make_unique<breaking_input>(text)));
+    EXPECT_EQ(sheet.size(), 0u);
+  }
+}
+
+TEST(StylesheetParse, AFailureOfTheStreamPassesWhereTheStreamSaysSo) {
+  const std::size_t before = test::live_allocations();
+  {
+    xhtml_stylesheet sheet;
+    sheet.add_item(xhtml_stylesheet_comment(u"old"));
+    auto empty = std::make_unique<text_input>(u"");
+    empty->exceptions(std::ios_base::failbit);
+    EXPECT_THROW(sheet.parse(std::move(empty)), std::ios_base::failure);
+    EXPECT_EQ(sheet.size(), 0u);
+    auto broken = std::make_unique<breaking_input>(u"\uFEFF");
+    broken->exceptions(std::ios_base::badbit);
+    EXPECT_THROW(sheet.parse(std::move(broken)), breaking_buffer::broken);
+    EXPECT_EQ(sheet.size(), 0u);
+  }
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(StylesheetParse, WhatTheBufferRaisesWhileItIsCopiedLeavesTheSheetAsItWas) {
+  xhtml_stylesheet sheet;
+  sheet.add_item(xhtml_stylesheet_comment(u"old"));
+  breaking_input stream(u"a{} b{}");
+  EXPECT_THROW(sheet.parse(stream), breaking_buffer::broken);
+  EXPECT_TRUE(same_units(listing(sheet), u"/*[old]\n"));
+}
+
+// Memory.
+
+TEST(StylesheetParse, LosesNothingWhenMemoryRunsOut) {
+  const ustring text =
+      u"a-selector-of-some-length { font-family: a-value-of-some-length; color: red }"
+      u" /* a comment of some length */ @import url(an-import-of-some-length);"
+      u" b /* within another one */ c { background-color: another-value-of-length; }";
+  for (const ustring& order : {u"\uFEFF" + text, swapped(u"\uFEFF" + text)}) {
+    const std::size_t before = test::live_allocations();
+    const std::size_t failures = test::fail_each_allocation(
+        [&order] {
+          xhtml_stylesheet sheet;
+          sheet.parse(std::make_unique<text_input>(order));
+        },
+        [before] { ASSERT_EQ(test::live_allocations(), before); });
+    EXPECT_GT(failures, 10u);
+    EXPECT_EQ(test::live_allocations(), before);
+  }
+}
+
+TEST(StylesheetParse, CopyingLosesNothingWhenMemoryRunsOut) {
+  text_input stream(u"a-selector-of-some-length { font-family: a-value-of-some-length; }");
+  const std::size_t before = test::live_allocations();
+  test::fail_each_allocation(
+      [&stream] {
+        stream.seekg(0);
+        xhtml_stylesheet sheet;
+        sheet.parse(stream);
+      },
+      [before] { ASSERT_EQ(test::live_allocations(), before); });
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+// Size.
+
+TEST(StylesheetParse, ReadsManyRulesInTimeLinearInTheText) {
+  ustring text;
+  for (int i = 0; i < 100'000; ++i) text += u"a { color: red; top: 10px; } /* x */\n";
+  xhtml_stylesheet sheet;
+  sheet.parse(std::make_unique<text_input>(text));
+  EXPECT_EQ(sheet.size(), 200'000u);
+}
+
+TEST(StylesheetParse, ReadsHugeParts) {
+  const ustring filler(1'000'000, u'x');
+  const ustring text = u"a" + filler + u"{top:" + filler + u";" + filler + u":" + filler + u"}/*" +
+                       filler + u"*/@import url(" + filler + u");";
+  EXPECT_TRUE(same_units(parsed(text), u"[a" + filler + u"] top=[" + filler + u"]\n/*[" + filler +
+                                           u"]\n@[" + filler + u"]\n"));
+}
+
+TEST(StylesheetParse, ReadsHugeNothingsInTimeLinearInTheText) {
+  for (const char16_t* piece : {u";", u"/", u"*", u"@ ", u":", u"/*", u"'", u" ", u"{", u"}"}) {
+    ustring text = u"a{top:";
+    for (int i = 0; i < 500'000; ++i) text += piece;
+    xhtml_stylesheet sheet;
+    try {
+      sheet.parse(std::make_unique<counting_end_stream>(text));
+    } catch (const looked_too_often&) {
+    }
+    text.erase(0, 6);
+    try {
+      sheet.parse(std::make_unique<counting_end_stream>(text));
+    } catch (const looked_too_often&) {
+    }
+  }
+}
+
+}  // namespace

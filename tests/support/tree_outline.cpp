@@ -1,0 +1,136 @@
+#include "support/tree_outline.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "support/text.h"
+#include "xport/markup/text_leaf.h"
+#include "xport/markup/xhtml_element.h"
+#include "xport/text/character_class.h"
+#include "xport/vocabulary/xhtml_strict.h"
+
+namespace test {
+
+namespace {
+
+using Xport::node_type;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_strict;
+
+ustring start_line(const Xport::xhtml_element& element, const outline_form& form) {
+  ustring line = u"<" + element.tag_name();
+  for (const auto& [id, value] : *element.attributes())
+    line.append(u" ").append(xhtml_strict::attribute_name(id)).append(u"=[").append(value) += u"]";
+  for (const auto& [id, value] : *element.style_properties()) {
+    line.append(u" ").append(xhtml_strict::css_property_name(id)).append(u":[").append(value) +=
+        u"]";
+    if (form.hides_style) break;
+  }
+  return line;
+}
+
+// `text` with the white space that `space` says.
+ustring with_space(ustring_view text, outline_space space) {
+  if (space == outline_space::exact) return ustring(text);
+  const Xport::character_classes classes;
+  text = classes.trim(text);
+  ustring result;
+  for (std::size_t i = 0; i < text.size();) {
+    if (!classes.is_space(text[i])) {
+      result += text[i++];
+      continue;
+    }
+    const std::size_t first = i;
+    while (i < text.size() && classes.is_space(text[i])) ++i;
+    const ustring_view run = text.substr(first, i - first);
+    if (space == outline_space::none) continue;
+    if (space == outline_space::single || run.find(u'\n') != run.npos)
+      result += u' ';
+    else
+      result += run;
+  }
+  return result;
+}
+
+class outliner {
+ public:
+  explicit outliner(const outline_form& form) : form_(form) {}
+
+  std::vector<ustring> run(const Xport::xhtml_markup& top) {
+    const Xport::xhtml_markup* parent = &top;
+    Xport::const_markup_iterator at = top.begin();
+    while (true) {
+      if (at.cell() == nullptr) {
+        end_text(parent->tag());
+        if (parent == &top) return std::move(lines_);
+        lines_.push_back(u"/");
+        at = ++Xport::const_markup_iterator(parent, parent->parent());
+        parent = parent->parent();
+      } else if (at->type() == node_type::element) {
+        end_text(parent->tag());
+        lines_.push_back(start_line(static_cast<const Xport::xhtml_element&>(*at), form_));
+        parent = at.cell();
+        at = parent->begin();
+      } else {
+        add_leaf(static_cast<const Xport::text_leaf&>(*at), parent->tag());
+        ++at;
+      }
+    }
+  }
+
+ private:
+  void add_leaf(const Xport::text_leaf& leaf, tag_id parent) {
+    if (leaf.type() == node_type::pcdata) {
+      text_ += leaf.text();
+      if (!form_.joins_texts) end_text(parent, true);
+      return;
+    }
+    end_text(parent);
+    switch (leaf.type()) {
+      case node_type::comment:
+        // The writer lays the white space of comments out anew.
+        lines_.push_back(u"#" + with_space(leaf.text(), form_.space == outline_space::exact
+                                                            ? outline_space::exact
+                                                            : outline_space::single));
+        break;
+      case node_type::processing_instruction:
+        lines_.push_back(ustring(u"?").append(leaf.text()));
+        break;
+      default:
+        lines_.push_back(ustring(u"!").append(leaf.text()));
+    }
+  }
+
+  void end_text(tag_id parent, bool even_empty = false) {
+    const outline_space space = parent == tag_id::pre ? outline_space::exact : form_.space;
+    const ustring text = with_space(text_, space);
+    text_.clear();
+    if (form_.hides_style && parent == tag_id::style) return;
+    if (even_empty || !text.empty()) lines_.push_back(u"'" + text);
+  }
+
+  const outline_form form_;
+  std::vector<ustring> lines_;
+  ustring text_;  // of the texts that were joined
+};
+
+}  // namespace
+
+std::vector<ustring> outline_of(const Xport::xhtml_markup& top, const outline_form& form) {
+  return outliner(form).run(top);
+}
+
+std::string outline_difference(const std::vector<ustring>& actual,
+                               const std::vector<ustring>& expected) {
+  if (actual == expected) return {};
+  const auto at = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+  std::string text = "line " + std::to_string(at.first - actual.begin()) + " of an outline is\n";
+  text += at.first != actual.end() ? printable(*at.first) : "(nothing more)";
+  text += "\nfor\n";
+  text += at.second != expected.end() ? printable(*at.second) : "(nothing more)";
+  return text;
+}
+
+}  // namespace test
