@@ -96,6 +96,20 @@ TEST(ParserAgainstPlainOne, EndOfPreformattedText) {
   try_all(u"<pre>x</p", u"/REe>", 4, u"", case_in(div));
 }
 
+TEST(ParserAgainstPlainOne, EverySingleChangeOfATrickyPage) {
+  const ustring page =
+      u"<p>a \"q\" <b id='d' e=f >x\n y</b><!-- z -- --><?i ?><br/><pre>k</pre><foo g='h'>m<li>";
+  for (std::size_t at = 0; at < page.size(); ++at) {
+    ASSERT_TRUE(agree(page.substr(0, at) + page.substr(at + 1), case_in(div)));
+    for (const char16_t sign : ustring_view(u"<>\"'=-/ \np\uFFFF\0", 12)) {
+      ustring changed = page;
+      changed[at] = sign;
+      ASSERT_TRUE(agree(changed, case_in(div)));
+      ASSERT_TRUE(agree(ustring(page).insert(at, 1, sign), case_in(div)));
+    }
+  }
+}
+
 /// What random texts are made of. No brace: an unclosed one makes a stylesheet that is never
 /// done with.
 constexpr ustring_view signs(u"<>/!-?='\" \n\t\rab&\u00E9\u2003\xD83D\0", 20);

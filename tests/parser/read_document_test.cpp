@@ -106,6 +106,11 @@ TEST_F(ReadDocument, FileOfTheMarkAlone) {
   EXPECT_EQ(read("\xFF"), "");
 }
 
+TEST_F(ReadDocument, FileOfUnitsFFFF) {
+  EXPECT_EQ(read(std::string(100'000, '\xFF')), "");
+  EXPECT_EQ(read("\xFF\xFE" + std::string(100'000, '\xFF')), "");
+}
+
 TEST_F(ReadDocument, OddLastByteIsIgnored) {
   EXPECT_EQ(read(file_bytes(page_text) + "<"), page_outline);
   EXPECT_EQ(read(file_bytes(u"<p>a</p>").substr(0, 15)), "p('a')");

@@ -95,6 +95,12 @@ TEST(NormalizeReferences, TheLowByteAloneDecides) {
   EXPECT_TRUE(same_units(normalized(u"\u013C\u203E\xD83D\xDEA9"), u"&lt;&gt;\xD83D&copy;"));
 }
 
+TEST(NormalizeReferences, TheLowByteMakesNoReference) {
+  EXPECT_TRUE(same_units(normalized(u"&\u012338;"), u"&amp;\u012338;"));
+  EXPECT_TRUE(same_units(normalized(u"&amp\u013B"), u"&amp;amp\u013B"));
+  EXPECT_TRUE(same_units(normalized(u"&#38\u013B"), u"&#38\u013B"));
+}
+
 TEST(NormalizeReferences, TheUnitThatBreaksANumberSpellsTheAmpersand) {
   EXPECT_TRUE(same_units(normalized(u"&#12\""), u"&quot;#12&quot;"));
   EXPECT_TRUE(same_units(normalized(u"&#\u0122"), u"&quot;#&quot;"));
