@@ -2,7 +2,7 @@
 #include <stdexcept>
 
 #include "report/vellomark_obj.h"
-#include "xport/text/find_unit.h"
+#include "xport/text/find_any.h"
 #include "xport/text/number_format.h"
 
 using Xport::attr_id;

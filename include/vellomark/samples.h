@@ -38,16 +38,19 @@ VELLOMARK_API bool CreateWorkVellomark(const char16_t* path);
 /// the end of its `body`; a page without one goes without. The first element with
 /// the `id` "elem1" gets the text "Element4" in place of all its content, that with
 /// "elem2" gets "Element3", "elem3" gets "Element2" and "elem4" gets "Element1". An
-/// element that takes no text is left empty.
+/// element that takes no text is left empty, and one that lay in replaced content is gone.
+/// Without string 102 the `h1` is empty.
 ///
 /// True if string 102 and all four elements are there. Otherwise false, and the page is
 /// written with the changes that could be made. False without a page if a path is
 /// null, or one of the files can't be opened; the target is then as it was.
 ///
-/// A bad page is read as far as it goes, nothing tells of it. The source is read to its
-/// end and closed before the target is opened, so both may be one file. Reading never
-/// ends where a `style` element holds a rule that isn't closed, or whose last value has
-/// one or two units: don't name files from sources that you don't trust.
+/// A big-endian page needs its byte-order mark. A bad page is read as far as it goes,
+/// nothing tells of it, and a page in UTF-8 comes out as nonsense. The source is read to its
+/// end and closed before the target is opened, so both may be one file, which then is lost
+/// if it was no such page. Reading never ends for some stylesheets, rules as common as
+/// `p { margin: 0 }` among them (docs/reading.md): don't name files from sources that you
+/// don't trust.
 VELLOMARK_API bool ParseAndChangeSampleVellomark(const char16_t* source_path,
                                                  const char16_t* target_path);
 

@@ -177,7 +177,7 @@ TEST_F(Validity, OfTheTemplateReport) {
   EXPECT_EQ(errors(page_of({TEMPLATE_REPORT_PROGRAM, "--input", header_only})), messages{});
 }
 
-// With and without strings, and after it was read, changed and written.
+// With the string table that was chosen, and after it was read, changed and written.
 TEST_F(Validity, OfTheSampleReport) {
   const std::filesystem::path sample = scratch_.path() / "sample.htm";
   const std::filesystem::path changed = scratch_.path() / "changed.htm";

@@ -151,6 +151,10 @@ TEST_F(ReadDocument, IsSilentAndTakesReferencesAsTheyAre) {
             "p('a & b &gt; &#62; \\u00A9' 'c')");
 }
 
+TEST_F(ReadDocument, TakesALineBreakInTextForABlank) {
+  EXPECT_EQ(read(file_bytes(u"<p>a\n  b")), "p('a b')");
+}
+
 TEST_F(ReadDocument, TheSamePageAgainAndAgain) {
   for (int i = 0; i < 3; ++i) EXPECT_EQ(read(file_bytes(u"\uFEFF" + page_text)), page_outline);
 }

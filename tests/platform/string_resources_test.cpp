@@ -41,6 +41,8 @@ TEST(StringResources, AreFoundByTheirNumber) {
 TEST(StringResources, AreEmptyWhereThereIsNone) {
   EXPECT_EQ(string_resource(101), u"");
   EXPECT_EQ(string_resource(10), u"");
+  EXPECT_EQ(string_resource(7 + 0x10000), u"");
+  EXPECT_EQ(string_resource(0xFFFF), u"");
 }
 
 TEST(StringResources, EndBehindTheLongest) {

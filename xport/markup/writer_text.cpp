@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "xport/markup/xhtml_writer.h"
-#include "xport/text/find_unit.h"
+#include "xport/text/find_any.h"
 
 namespace Xport {
 

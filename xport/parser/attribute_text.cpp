@@ -1,6 +1,6 @@
 #include "xport/parser/attribute_text.h"
 
-#include "xport/text/find_unit.h"
+#include "xport/text/find_any.h"
 
 namespace Xport {
 

@@ -1,6 +1,5 @@
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
-#include <algorithm>
 #include <sstream>
 #include <utility>
 
@@ -21,16 +20,6 @@ struct owned_stream {
 
   std::basic_istream<char16>* stream;
 };
-
-ustring rest_of(unit_input input) {
-  ustring text;
-  for (ustring_view window = input.window(); !window.empty(); window = input.window()) {
-    const std::size_t count = std::min(window.find(end_unit), window.size());
-    text += window.substr(0, count);
-    input.advance(count);
-  }
-  return text;
-}
 
 }  // namespace
 
@@ -54,7 +43,7 @@ bool xhtml_stylesheet::parse(std::unique_ptr<std::basic_istream<char16>> stream)
 
 bool xhtml_stylesheet::parse(std::basic_istream<char16>& stream) {
   return parse(
-      std::make_unique<std::basic_istringstream<char16>>(rest_of(unit_input(stream.rdbuf()))));
+      std::make_unique<std::basic_istringstream<char16>>(take_rest(unit_input(stream.rdbuf()))));
 }
 
 }  // namespace Xport

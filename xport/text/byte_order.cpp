@@ -1,6 +1,5 @@
 #include "xport/text/byte_order.h"
 
-#include <algorithm>
 #include <ios>
 #include <sstream>
 
@@ -54,13 +53,8 @@ void skip_second_unit(std::basic_istream<char16>& stream, char16 expected) {
 }
 
 ustring read_swapped(unit_input input) {
-  ustring text;
-  for (ustring_view window = input.window(); !window.empty(); window = input.window()) {
-    const std::size_t count = std::min(window.find(end_unit), window.size());
-    for (const char16 unit : window.substr(0, count))
-      text += static_cast<char16>((unit << 8) | (unit >> 8));
-    input.advance(count);
-  }
+  ustring text = take_rest(input);
+  for (char16& unit : text) unit = static_cast<char16>((unit << 8) | (unit >> 8));
   return text;
 }
 

@@ -2,7 +2,6 @@
 #define XPORT_TEXT_FILE_OUTPUT_STREAM_H
 
 #include <memory>
-#include <optional>
 #include <ostream>
 #include <utility>
 
@@ -17,15 +16,16 @@ class file_output_stream : public std::basic_ostream<char16> {
  public:
   file_output_stream() : std::basic_ostream<char16>(nullptr) {}
 
-  /// Takes over `file` and makes the stream good; null, the sign of a file that
-  /// couldn't be opened, sets failbit.
+  /// Takes over `file`, in place of one that is open and now closed, and makes the
+  /// stream good; null, the sign of a file that couldn't be opened, sets failbit.
   void open(std::unique_ptr<byte_output> file) {
     if (!file) {
       setstate(failbit);
       return;
     }
-    buffer_.emplace(std::move(file));
-    rdbuf(&*buffer_);
+    auto buffer = std::make_unique<file_output_buffer>(std::move(file));
+    rdbuf(buffer.get());
+    buffer_ = std::move(buffer);
   }
 
   /// Writes what is left and closes the file. Sets failbit if the file isn't
@@ -35,7 +35,7 @@ class file_output_stream : public std::basic_ostream<char16> {
   }
 
  private:
-  std::optional<file_output_buffer> buffer_;
+  std::unique_ptr<file_output_buffer> buffer_;
 };
 
 }  // namespace Xport

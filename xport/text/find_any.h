@@ -46,33 +46,40 @@ std::size_t first_marked(const Marks& marks) {
 #endif
 }
 
+// The index of the first unit that `is_found`, or the size of `text`. The condition is
+// asked of vectors and of single units.
+template <class Condition>
+std::size_t find_if(ustring_view text, Condition is_found) {
+  std::size_t at = 0;
+  for (; text.size() - at >= vector_units; at += vector_units) {
+    const std::size_t found = first_marked(is_found(load_units(text.data() + at)));
+    if (found < vector_units) return at + found;
+  }
+  while (at < text.size() && !is_found(static_cast<std::uint16_t>(text[at]))) ++at;
+  return at;
+}
+
 }  // namespace detail
 
-/// The index of the first unit in `text` that is one of `Stops`, or its size. Looks at
-/// eight units at a time.
+/// The index of the first unit in `text` that is one of `Stops`, or its size. Like all
+/// functions here it looks at eight units at a time: most texts are long runs without
+/// what is looked for.
 template <char16... Stops>
 std::size_t find_any(ustring_view text) {
-  std::size_t at = 0;
-  for (; text.size() - at >= detail::vector_units; at += detail::vector_units) {
-    const detail::unit_vector units = detail::load_units(text.data() + at);
-    const std::size_t found =
-        detail::first_marked((... | (units == static_cast<std::uint16_t>(Stops))));
-    if (found < detail::vector_units) return at + found;
-  }
-  while (at < text.size() && ((text[at] != Stops) && ...)) ++at;
-  return at;
+  return detail::find_if(
+      text, [](auto units) { return (... | (units == static_cast<std::uint16_t>(Stops))); });
+}
+
+/// The index of the first `unit` in `text`, or its size.
+inline std::size_t find_unit(ustring_view text, char16 unit) {
+  return detail::find_if(text,
+                         [unit](auto units) { return units == static_cast<std::uint16_t>(unit); });
 }
 
 /// How many units at the beginning of `text` are `unit`.
 inline std::size_t count_leading(ustring_view text, char16 unit) {
-  std::size_t at = 0;
-  for (; text.size() - at >= detail::vector_units; at += detail::vector_units) {
-    const std::size_t other = detail::first_marked(detail::load_units(text.data() + at) !=
-                                                   static_cast<std::uint16_t>(unit));
-    if (other < detail::vector_units) return at + other;
-  }
-  while (at < text.size() && text[at] == unit) ++at;
-  return at;
+  return detail::find_if(text,
+                         [unit](auto units) { return units != static_cast<std::uint16_t>(unit); });
 }
 
 }  // namespace Xport

@@ -6,6 +6,7 @@
 #include <streambuf>
 
 #include "xport/text/char16.h"
+#include "xport/text/find_any.h"
 
 namespace Xport {
 
@@ -90,6 +91,17 @@ class unit_input {
   buffer_type* buffer_;
   mutable char16 lone_ = end_unit;  // the window of a buffer that has none
 };
+
+/// Moves over all units that are left, and gives them.
+inline ustring take_rest(unit_input input) {
+  ustring rest;
+  for (ustring_view window = input.window(); !window.empty(); window = input.window()) {
+    const std::size_t count = find_unit(window, end_unit);
+    rest += window.substr(0, count);
+    input.advance(count);
+  }
+  return rest;
+}
 
 }  // namespace Xport
 

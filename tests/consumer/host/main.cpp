@@ -90,11 +90,12 @@ int main(int argc, char** argv) {
   }
   const std::string folder = argv[1];
   const std::u16string wide_folder(folder.begin(), folder.end());  // the folder's name is ASCII
-  const bool good = write_report(wide_folder) && write_samples(wide_folder) &&
-                    check_page(folder + "/Vellomark/consumer.htm",
-                               {"<h1", "Consumer heading", "Consumer text", "<table", "left cell",
-                                "right cell", "</html>"}) &&
-                    check_page(folder + "/changed.htm", {"'elem1'>", "Element4", "</html>"}) &&
-                    check_page(folder + "/work.htm", {"Decription", "</html>"});
+  const bool good =
+      write_report(wide_folder) && write_samples(wide_folder) &&
+      check_page(folder + "/Vellomark/consumer.htm",
+                 {"<h1", "Consumer heading", "Consumer text", "<table", "left cell", "right cell",
+                  "</html>"}) &&
+      check_page(folder + "/changed.htm", {"'elem1'>\n        Element4\n", "</html>"}) &&
+      check_page(folder + "/work.htm", {"Decription", "</html>"});
   return good ? 0 : 1;
 }

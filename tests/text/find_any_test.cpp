@@ -1,4 +1,4 @@
-#include "xport/text/find_unit.h"
+#include "xport/text/find_any.h"
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,8 @@
 namespace {
 
 using Xport::char16;
+using Xport::count_leading;
+using Xport::find_any;
 using Xport::find_unit;
 using Xport::ustring;
 using Xport::ustring_view;
@@ -53,6 +55,31 @@ TEST(FindUnit, EveryUnitIsFoundBehindAllLowerOnes) {
   for (unsigned unit = 0; unit <= 0xFFFF; ++unit) text += static_cast<char16>(unit);
   for (unsigned unit = 0; unit <= 0xFFFF; unit += 97)
     EXPECT_EQ(find_unit(text, static_cast<char16>(unit)), unit);
+}
+
+TEST(FindAny, TheFirstOfSeveralAtEachPlace) {
+  for (std::size_t size = 0; size < 20; ++size)
+    for (const char16 stop : {u'<', u'"', u'\xFFFF'}) {
+      EXPECT_EQ((find_any<u'<', u'"', u'\xFFFF'>(ustring(size, u'a'))), size);
+      for (std::size_t first = 0; first < size; ++first) {
+        ustring text(size, u'a');
+        text.back() = u'<';
+        text[first] = stop;
+        EXPECT_EQ((find_any<u'<', u'"', u'\xFFFF'>(text)), first) << size;
+      }
+    }
+}
+
+TEST(CountLeading, EndsAtTheFirstOtherUnit) {
+  for (std::size_t size = 0; size < 20; ++size) {
+    EXPECT_EQ(count_leading(ustring(size, u' '), u' '), size);
+    for (std::size_t first = 0; first < size; ++first)
+      for (std::size_t second = first; second < size; ++second) {
+        ustring text(size, u' ');
+        text[first] = text[second] = u'\n';
+        EXPECT_EQ(count_leading(text, u' '), first) << size;
+      }
+  }
 }
 
 }  // namespace
