@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <utility>
 
 #include "report/vellomark_obj.h"
@@ -15,7 +14,6 @@ using Xport::xhtml_markup;
 
 namespace {
 
-using field_list = std::list<ustring>;
 using segment = std::vector<markup_iterator>;
 
 // The child that makes `node` a marker: what a writer makes of it is the field's text.
@@ -24,7 +22,7 @@ const xhtml_markup* MarkerContent(const xhtml_markup& node) {
   return node.get_attribute(attr_id::id) == u"Template" ? node.begin().cell() : nullptr;
 }
 
-void CollectTemplateField(const xhtml_markup& node, field_list& fields) {
+void CollectTemplateField(const xhtml_markup& node, std::vector<ustring>& fields) {
   if (const xhtml_markup* const content = MarkerContent(node))
     fields.push_back(WrittenText(*content));
 }
@@ -34,8 +32,8 @@ bool IsTemplateField(const xhtml_markup& node, const ustring& field) {
   return content != nullptr && WrittenText(*content) == field;
 }
 
-field_list CollectTemplateFields(xhtml_doc& page) {
-  field_list fields;
+std::vector<ustring> CollectTemplateFields(xhtml_doc& page) {
+  std::vector<ustring> fields;
   const descendant_markup_iterator end = page.descendant_end();
   for (descendant_markup_iterator at = page.descendant_begin(); at != end; ++at)
     CollectTemplateField(*at, fields);
@@ -53,7 +51,7 @@ xhtml_markup* TemplateBody(xhtml_doc& page) {
 // Cuts the body at the blocks whose first child is a marker. These go; so does all that
 // isn't an element. A marker is taken for the next field of the page only: where a field
 // stands elsewhere, the next one in its place isn't it, and nothing is cut from there on.
-std::list<segment> SplitTemplate(xhtml_doc& page, const field_list& fields) {
+std::list<segment> SplitTemplate(xhtml_doc& page, const std::vector<ustring>& fields) {
   std::list<segment> segments;
   xhtml_markup* const body = TemplateBody(page);
   if (body == nullptr) return segments;
@@ -81,26 +79,24 @@ void VellomarkObj::LoadTemplate(const char16_t* path) {
   if (path == nullptr) return;
   std::unique_ptr<Xport::byte_input> file = files.open_for_reading(path);
   if (!file) return;
-  template_fields.clear();
+  template_fields = {};
   template_segments.clear();
   Xport::read_document(template_doc, std::move(file));
 
-  field_list fields = CollectTemplateFields(template_doc);
-  std::list<segment> segments = SplitTemplate(template_doc, fields);
+  std::vector<ustring> texts = CollectTemplateFields(template_doc);
+  std::list<segment> segments = SplitTemplate(template_doc, texts);
+  field_texts fields(std::move(texts));
   ClearPage();
-  template_fields.swap(fields);
+  template_fields = std::move(fields);
   template_segments.swap(segments);
 }
 
 bool VellomarkObj::SetTemplateField(const char16_t* name, bool replace, const char16_t* value) {
-  if (name == nullptr) return false;
-  const auto found =
-      std::find(template_fields.begin(), template_fields.end(), Xport::ustring_view(name));
-  if (found == template_fields.end()) return false;
+  if (name == nullptr || !template_fields.contains(name)) return false;
   if (replace && value != nullptr) {
     ustring text(value);
     FlushTemplateSegment();
-    found->swap(text);
+    template_fields.replace(name, std::move(text));
   }
   return true;
 }
@@ -110,7 +106,7 @@ void VellomarkObj::GetTemplateFields(zov_shared_array<CZovString>& fields) {
   for (const ustring& field : template_fields) fields.push_back(CZovString(field.c_str()));
 }
 
-void VellomarkObj::ClearTemplateFields() { template_fields.clear(); }
+void VellomarkObj::ClearTemplateFields() { template_fields = {}; }
 
 // Puts the next piece of the template on the page; what follows goes into a new block
 // behind it. What is on the page has left the piece, and the piece goes last: another

@@ -10,6 +10,7 @@
 
 #include "platform/file_system.h"
 #include "platform/url_opener.h"
+#include "report/field_texts.h"
 #include "report/report_section.h"
 #include "report/section_index.h"
 #include "xport/markup/markup_iterator.h"
@@ -128,7 +129,7 @@ class VellomarkObj final : public IVellomark {
   std::list<Xport::ustring> path_texts;  // headings queued for the next section
   std::list<std::int32_t> path_styles;
   std::list<ReportSection> sections;  // in order of creation, but for one that Save began
-  std::list<Xport::ustring> template_fields;
+  field_texts template_fields;
   std::list<std::vector<Xport::markup_iterator>> template_segments;  // wait for the page
   Xport::xhtml_doc template_doc;                                     // the loaded template
 };

@@ -1,7 +1,6 @@
 #include "bench/reading/page_input.h"
 
-#include <cstdio>
-
+#include "bench/page_file.h"
 #include "bench/tag_soup.h"
 
 namespace bench {
@@ -29,19 +28,6 @@ std::u16string make_nested_page(std::size_t levels) {
     page += level % 2 == 1 ? u"</b>" : u"</i>";
   }
   return page + u"</p></body></html>\n";
-}
-
-/// The units are written as they lie in memory: this program is for little-endian machines,
-/// as is the benchmark as a whole.
-bool write_units(const std::u16string& page, const std::string& path) {
-  std::FILE* const file = std::fopen(path.c_str(), "wb");
-  if (file == nullptr) {
-    return false;
-  }
-  const std::u16string whole = u'\uFEFF' + page;
-  const bool written =
-      std::fwrite(whole.data(), sizeof(char16_t), whole.size(), file) == whole.size();
-  return std::fclose(file) == 0 && written;
 }
 
 }  // namespace
@@ -78,9 +64,9 @@ bool make_input(const page_input& input, const page_target& target) {
     case input_kind::lines:
       return save_report({page_kind::lines, input.size}, target);
     case input_kind::soup:
-      return write_units(make_tag_soup(input.size), target.path());
+      return write_page(make_tag_soup(input.size), target.path());
     case input_kind::depth:
-      return write_units(make_nested_page(input.size), target.path());
+      return write_page(make_nested_page(input.size), target.path());
   }
   return false;
 }
