@@ -1,6 +1,7 @@
 #ifndef REPORT_FIELD_TEXTS_H
 #define REPORT_FIELD_TEXTS_H
 
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -14,7 +15,7 @@ class field_texts {
 
   field_texts() = default;
   explicit field_texts(std::vector<Xport::ustring> texts);
-  field_texts(field_texts&&) noexcept = default;
+  field_texts(const field_texts&) = delete;
   field_texts& operator=(field_texts&&) noexcept = default;
   ~field_texts() = default;
 
@@ -35,7 +36,7 @@ class field_texts {
     using is_transparent = void;
     bool operator()(const Xport::ustring* left, const Xport::ustring* right) const {
       const int order = compare(*left, *right);
-      return order != 0 ? order < 0 : left < right;
+      return order != 0 ? order < 0 : std::less<>()(left, right);
     }
     bool operator()(const Xport::ustring* left, Xport::ustring_view right) const {
       return compare(*left, right) < 0;

@@ -41,17 +41,14 @@ void VellomarkObj::StartParagraph() {
   cursor_ready = true;
 }
 
-// The positions in the body go with it. Those in the section table stay, which is no part
-// of the page.
+// The positions in the body go with it. A row of the section table stays, which is no part
+// of the page; none waits in the stack.
 void VellomarkObj::ClearPage() {
   if (!doc) return;
   static_cast<Xport::xhtml_element*>(doc->body())->clear_children();
   cursor = table_pos = {};
   if (row_pos.owner() != &section_table) row_pos = {};
-  for (SavedTableState& saved : table_stack) {
-    saved.cursor = {};
-    if (saved.row_pos.owner() != &section_table) saved.row_pos = {};
-  }
+  for (SavedTableState& saved : table_stack) saved.cursor = saved.row_pos = {};
 }
 
 void VellomarkObj::NewParagraph() { StartParagraph(); }

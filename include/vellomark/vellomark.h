@@ -138,8 +138,9 @@ class VELLOMARK_API IVellomark {
   /// body of the report's page. A marker is an element with the `id` "Template"; its
   /// first child, as it is written, is the text of a field. The template's body is cut
   /// at each `p` that stands in it directly and begins with a marker, and the pieces
-  /// wait to be placed on the page; the `p` vanishes, and so does what is no element.
-  /// Nothing else of the template is used.
+  /// wait to be placed on the page; the `p` vanishes, and so does what stands in the body
+  /// directly and is no element. Nothing else of the template is used. A page without a
+  /// body has fields, but no pieces; of several bodies the first is used.
   ///
   /// A marker in any other place is a field without a cut, and keeps all cuts behind
   /// it from being made: docs/templates.md tells where markers work. One without a

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <random>
 #include <utility>
 #include <vector>
@@ -53,9 +54,21 @@ TEST(FieldTexts, OfEqualOnesTheFirstIsReplaced) {
   EXPECT_EQ(in_order(fields), (texts{u"d", u"b", u"c", u"a"}));
 }
 
+TEST(FieldTexts, AreToldApartByEachUnit) {
+  const ustring text = u"Item 12";
+  const field_texts fields({text});
+  for (std::size_t at = 0; at < text.size(); ++at)
+    for (const int step : {1, 0x100}) {
+      ustring other = text;
+      other[at] = static_cast<char16>(other[at] + step);
+      EXPECT_FALSE(fields.contains(other)) << at;
+    }
+}
+
 TEST(FieldTexts, AreMovedWithTheirOrder) {
   field_texts fields({u"a", u"b"});
-  field_texts moved(std::move(fields));
+  field_texts moved;
+  moved = std::move(fields);
   fields = {};
   EXPECT_FALSE(fields.contains(u"a"));
   moved.replace(u"b", u"a");

@@ -63,6 +63,14 @@ TEST_F(Filling, ANullNameIsNoField) {
   EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
 }
 
+TEST_F(Filling, ANullNameIsNoEmptyFieldEither) {
+  load(content(span(u" ")));
+  EXPECT_EQ(fields(), texts{u""});
+  EXPECT_TRUE(report.SetTemplateField(u"", false, nullptr));
+  EXPECT_FALSE(report.SetTemplateField(nullptr, false, nullptr));
+  EXPECT_FALSE(set(nullptr));
+}
+
 TEST_F(Filling, TheValueTakesThePlaceOfTheField) {
   load(two_fields());
   EXPECT_TRUE(set(u"A", u"new"));

@@ -196,6 +196,81 @@ TEST_F(Positions, DirectLinksGoToTheNewPage) {
                                       block()));
 }
 
+// What a load resets is the page alone: a table in a section goes on with its columns and
+// with the first cell that spans rows.
+TEST_F(Positions, ASectionTableGoesOnCountingBehindALoad) {
+  sections_test::add_section(report, {}, u"", {});
+  report.SetSectionMode(true);
+  report.OpenTable(3);
+  report.SetFirstCellRows(2);
+  report.AddText(u"a", false);
+  load(content(u"x"));
+  for (const char16_t* const cell : {u"b", u"c", u"d", u"e"}) report.AddText(cell, false);
+  report.CloseTable();
+  report.SetSectionMode(false);
+  const ustring page = saved();
+  EXPECT_EQ(count_of(u"<tr>", page), 4u) << test::printable(page);
+}
+
+TEST_F(Positions, HeadingsOfTheNextSectionOutliveALoad) {
+  report.AddSectionHeading(u"H", 1);
+  load(content(u"x"));
+  report.BeginSection(u"", u"");
+  report.AddText(u"one", true);
+  EXPECT_TRUE(same_units(
+      saved(), shown(u"x") + block() + sections_test::heading(u'1', u"H") + block({u"one"})));
+}
+
+// New elements take the memory of the page that is gone. These put one that takes cells
+// where the open table or its row was, in front of which any number of others may lie.
+class ReusedMemory : public Positions, public ::testing::WithParamInterface<int> {
+ protected:
+  // Loads a page with tables of its own and places it.
+  void place_tables() {
+    ustring body;
+    for (int i = 0; i < GetParam(); ++i) body += u"<hr/>";
+    body += u"<table border='1'>";
+    for (int i = 0; i < 5; ++i) body += u"<tr><td>x</td></tr>";
+    load(body + u"</table>" + marker(u"A"));
+    EXPECT_TRUE(set(u"A"));
+  }
+
+  void expect_nothing_in_tables() { EXPECT_EQ(count_of(u"nowhere", saved()), 0u); }
+};
+
+TEST_P(ReusedMemory, NoRowTakesCellsOfATableThatIsGone) {
+  report.OpenTable(3);
+  report.AddText(u"old", false);
+  place_tables();
+  report.AddText(u"nowhere", false);
+  report.CloseTable();
+  expect_nothing_in_tables();
+}
+
+TEST_P(ReusedMemory, NoTableTakesRowsOfOneThatIsGone) {
+  report.OpenTable(2);
+  place_tables();
+  report.AddText(u"nowhere", false);
+  report.CloseTable();
+  expect_nothing_in_tables();
+}
+
+TEST_P(ReusedMemory, NoRowTakesCellsOfATableThatWaitedAndIsGone) {
+  sections_test::add_section(report, {}, u"", {});
+  report.OpenTable(3);
+  report.AddText(u"old", false);
+  report.SetSectionMode(true);
+  report.OpenTable(2);
+  place_tables();
+  report.CloseTable();
+  report.SetSectionMode(false);
+  report.AddText(u"nowhere", false);
+  report.CloseTable();
+  expect_nothing_in_tables();
+}
+
+INSTANTIATE_TEST_SUITE_P(Behind, ReusedMemory, ::testing::Range(0, 8));
+
 TEST_F(Positions, AReportMayGoWithATemplateHalfPlaced) {
   load(two_fields());
   set(u"A");
