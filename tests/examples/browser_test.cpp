@@ -2,12 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "tests/examples/browser.h"
-#include "tests/examples/page_file.h"
+#include "tests/examples/opened_page.h"
 #include "tests/examples/run_process.h"
 
 namespace examples_test {
@@ -15,36 +14,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The page is made and opened once for all tests.
-class Browser : public testing::Test {
+class Browser : public opened_page {
  protected:
-  static void SetUpTestSuite() {
-    if (find_program("chromium").empty()) return;
-    scratch_ = std::make_unique<scratch_folder>();
-    const process_result made = run_process({TABLE_REPORT_PROGRAM, scratch_->path().string()});
-    ASSERT_EQ(made.exit_code, 0) << made.err;
-    url_ = "file://" + last_line(made.out);
-    ASSERT_TRUE(dump_dom(url_, scratch_->path() / "profile", dom()));
-  }
-
-  static void TearDownTestSuite() { scratch_.reset(); }
-
-  void SetUp() override {
-    for (const char* program : {"chromium", "xmllint"})
-      if (find_program(program).empty()) GTEST_SKIP() << program << " is not installed";
-    ASSERT_TRUE(fs::exists(dom())) << "the page was not opened";
-  }
-
-  static fs::path dom() { return scratch_->path() / "dom.html"; }
-
-  static std::string ask(const std::string& expression) { return ask_xpath(dom(), expression); }
-
-  static std::string text_of(const std::string& path) {
-    return ask("normalize-space(" + path + ")");
-  }
-
-  static inline std::unique_ptr<scratch_folder> scratch_;
-  static inline std::string url_;
+  static void SetUpTestSuite() { open(TABLE_REPORT_PROGRAM); }
 };
 
 TEST_F(Browser, ShowsTheHeadings) {
@@ -129,8 +101,8 @@ TEST_F(Browser, TakesAScreenshot) {
   const fs::path picture = fs::path(EXAMPLES_OUTPUT_DIR) / "table_report.png";
   fs::remove(picture);
   const process_result result = chromium(
-      scratch_->path() / "screenshot",
-      {"--window-size=1000,1400", "--hide-scrollbars", "--screenshot=" + picture.string(), url_});
+      scratch() / "screenshot", {"--window-size=1000,1400", "--hide-scrollbars",
+                                 "--screenshot=" + picture.string(), "file://" + page().string()});
   ASSERT_EQ(result.exit_code, 0) << result.err;
   const std::string bytes = read_bytes(picture);
   EXPECT_GT(bytes.size(), 20000u);  // an empty page of that size has fewer than 10000 bytes

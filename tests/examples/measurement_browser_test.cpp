@@ -2,20 +2,14 @@
 // click on a direct link does.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "tests/examples/browser.h"
-#include "tests/examples/page_file.h"
-#include "tests/examples/run_process.h"
+#include "tests/examples/opened_page.h"
 
 namespace examples_test {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Writes what only a script can see into an element `pre` of its own.
 const char* const probe = R"(<pre id="pictures"></pre><pre id="clicks"></pre><script>
@@ -40,40 +34,12 @@ onload = function() {
   clicks.push(click("Tromso"));
   write("clicks", clicks);
 };
-</script></body>)";
+</script>)";
 
-// The page is made and opened once for all tests. What is opened is a copy beside it, with the
-// script, so that its pictures are found by the same links.
-class MeasurementBrowser : public testing::Test {
+// The pictures of the copy that is opened are found by the same links.
+class MeasurementBrowser : public opened_page {
  protected:
-  static void SetUpTestSuite() {
-    if (find_program("chromium").empty()) return;
-    scratch_ = std::make_unique<scratch_folder>();
-    const process_result made =
-        run_process({MEASUREMENT_REPORT_PROGRAM, scratch_->path().string()});
-    ASSERT_EQ(made.exit_code, 0) << made.err;
-    page_ = last_line(made.out);
-    std::string probed = page_as_utf8(page_);
-    const std::string end = "</body>";
-    const std::size_t at = probed.rfind(end);
-    ASSERT_NE(at, std::string::npos);
-    probed.replace(at, end.size(), probe);
-    const fs::path copy = page_.parent_path() / "probe.htm";
-    write_bytes(copy, "\xEF\xBB\xBF" + probed);
-    ASSERT_TRUE(dump_dom("file://" + copy.string(), scratch_->path() / "profile", dom()));
-  }
-
-  static void TearDownTestSuite() { scratch_.reset(); }
-
-  void SetUp() override {
-    for (const char* program : {"chromium", "xmllint"})
-      if (find_program(program).empty()) GTEST_SKIP() << program << " is not installed";
-    ASSERT_TRUE(fs::exists(dom())) << "the page was not opened";
-  }
-
-  static fs::path dom() { return scratch_->path() / "dom.html"; }
-
-  static std::string ask(const std::string& expression) { return ask_xpath(dom(), expression); }
+  static void SetUpTestSuite() { open(MEASUREMENT_REPORT_PROGRAM, probe); }
 
   static std::vector<std::string> lines_of(const std::string& id) {
     std::istringstream text(ask("string(//pre[@id='" + id + "'])"));
@@ -81,9 +47,6 @@ class MeasurementBrowser : public testing::Test {
     for (std::string line; std::getline(text, line);) lines.push_back(line);
     return lines;
   }
-
-  static inline std::unique_ptr<scratch_folder> scratch_;
-  static inline fs::path page_;
 };
 
 // A picture that isn't found has a natural width of 0.

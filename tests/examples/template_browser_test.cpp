@@ -2,20 +2,14 @@
 // of the template stood, in the document and on the screen.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <map>
-#include <memory>
 #include <sstream>
 #include <string>
 
-#include "tests/examples/browser.h"
-#include "tests/examples/page_file.h"
-#include "tests/examples/run_process.h"
+#include "tests/examples/opened_page.h"
 
 namespace examples_test {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Writes where things are on the screen, in whole pixels, and what the links of the menu lead
 // to into an element `pre` each.
@@ -45,7 +39,7 @@ onload = function() {
         return document.querySelector(":target").textContent.trim();
       }).join("|");
 };
-</script></body>)";
+</script>)";
 
 struct box {
   int left = 0;
@@ -54,39 +48,9 @@ struct box {
   int bottom = 0;
 };
 
-// The page is made and opened once for all tests, as a copy with the script.
-class TemplateBrowser : public testing::Test {
+class TemplateBrowser : public opened_page {
  protected:
-  static void SetUpTestSuite() {
-    if (find_program("chromium").empty()) return;
-    scratch_ = std::make_unique<scratch_folder>();
-    const process_result made = run_process({TEMPLATE_REPORT_PROGRAM, scratch_->path().string()});
-    ASSERT_EQ(made.exit_code, 0) << made.err;
-    std::string probed = page_as_utf8(last_line(made.out));
-    const std::string end = "</body>";
-    const std::size_t at = probed.rfind(end);
-    ASSERT_NE(at, std::string::npos);
-    probed.replace(at, end.size(), probe);
-    const fs::path copy = scratch_->path() / "probe.htm";
-    write_bytes(copy, "\xEF\xBB\xBF" + probed);
-    ASSERT_TRUE(dump_dom("file://" + copy.string(), scratch_->path() / "profile", dom()));
-  }
-
-  static void TearDownTestSuite() { scratch_.reset(); }
-
-  void SetUp() override {
-    for (const char* program : {"chromium", "xmllint"})
-      if (find_program(program).empty()) GTEST_SKIP() << program << " is not installed";
-    ASSERT_TRUE(fs::exists(dom())) << "the page was not opened";
-  }
-
-  static fs::path dom() { return scratch_->path() / "dom.html"; }
-
-  static std::string ask(const std::string& expression) { return ask_xpath(dom(), expression); }
-
-  static std::string text_of(const std::string& path) {
-    return ask("normalize-space(" + path + ")");
-  }
+  static void SetUpTestSuite() { open(TEMPLATE_REPORT_PROGRAM, probe); }
 
   static std::map<std::string, box> places() {
     std::map<std::string, box> found;
@@ -96,8 +60,6 @@ class TemplateBrowser : public testing::Test {
       found[name] = place;
     return found;
   }
-
-  static inline std::unique_ptr<scratch_folder> scratch_;
 };
 
 // In front of and behind each part of the host stands what stood there in the template.
