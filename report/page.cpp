@@ -45,7 +45,7 @@ void VellomarkObj::StartParagraph() {
 // of the page; none waits in the stack.
 void VellomarkObj::ClearPage() {
   if (!doc) return;
-  static_cast<Xport::xhtml_element*>(doc->body())->clear_children();
+  doc->body()->as_element()->clear_children();
   cursor = table_pos = {};
   if (row_pos.owner() != &section_table) row_pos = {};
   for (SavedTableState& saved : table_stack) saved.cursor = saved.row_pos = {};

@@ -19,7 +19,9 @@ using segment = std::vector<markup_iterator>;
 // The child that makes `node` a marker: what a writer makes of it is the field's text.
 // Null for a node that is none.
 const xhtml_markup* MarkerContent(const xhtml_markup& node) {
-  return node.get_attribute(attr_id::id) == u"Template" ? node.begin().cell() : nullptr;
+  const Xport::attribute_map* const attributes = node.attributes();
+  const bool is_marker = attributes != nullptr && (*attributes)[attr_id::id] == u"Template";
+  return is_marker ? node.first_child() : nullptr;
 }
 
 void CollectTemplateField(const xhtml_markup& node, std::vector<ustring>& fields) {
@@ -58,7 +60,7 @@ std::list<segment> SplitTemplate(xhtml_doc& page, const std::vector<ustring>& fi
   auto field = fields.begin();
   segment current;
   for (markup_iterator at = body->begin(); at != body->end(); ++at) {
-    if (at->type() != Xport::node_type::element) continue;
+    if (at->as_element() == nullptr) continue;
     if (at->tag() == tag_id::p && field != fields.end() && IsTemplateField(*at->begin(), *field)) {
       segments.push_back(std::move(current));
       current.clear();

@@ -28,7 +28,7 @@ bool replace_content(Xport::xhtml_doc& doc, const replacement& change) {
       Xport::find_by_id(doc.descendant_begin(), doc.descendant_end(), change.id);
   if (found == doc.descendant_end()) return false;
   // Only elements have an id.
-  static_cast<Xport::xhtml_element&>(*found).clear_children();
+  found->as_element()->clear_children();
   found->append_text(change.text);
   return true;
 }

@@ -57,7 +57,7 @@ class vellomark_reader : public page_reader {
       if (is_element(node)) {
         enter_element(*node, sum);
       } else if (node->type() == Xport::node_type::pcdata) {
-        sum.text(static_cast<const Xport::xhtml_pcdata*>(node)->text());
+        sum.text(node->as_text()->text());
       }
     };
     const auto leave = [&sum](node_pointer node) {

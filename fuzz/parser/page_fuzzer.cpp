@@ -90,7 +90,7 @@ class tree {
       : root_(on_heap ? new xhtml_element(tag_id::doc_root, {}, {}) : nullptr) {
     xhtml_markup* node = &root();
     for (const tag_id tag : path) node = &*append_element(*node, tag);
-    receiver_ = static_cast<xhtml_element*>(node);
+    receiver_ = node->as_element();
   }
 
   xhtml_element& root() { return root_ ? *root_ : *doc_.root(); }
@@ -225,7 +225,7 @@ std::vector<ustring> read_singly(const page_case& how, bool whole) {
   while (std::unique_ptr<xhtml_markup> node{parser.read_next(&target.receiver())}) {
     ustring line = node->tag_name();
     if (node->node_kind() == 3 || node->node_kind() == 4 || node->node_kind() == 5)
-      line += static_cast<const Xport::text_leaf&>(*node).text();
+      line += node->as_text()->text();
     nodes.push_back(line);
     fuzz::expect(nodes.size() <= how.text.size() + 1, "each node takes a unit at least");
   }

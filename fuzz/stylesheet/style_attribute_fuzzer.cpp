@@ -56,9 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Xport::xhtml_doc doc(1);
   Xport::xhtml_element on_heap(Xport::tag_id::p, {}, {});
   Xport::xhtml_element& element =
-      (flags & 1) != 0
-          ? on_heap
-          : static_cast<Xport::xhtml_element&>(*append_element(*doc.body(), Xport::tag_id::p));
+      (flags & 1) != 0 ? on_heap : *append_element(*doc.body(), Xport::tag_id::p)->as_element();
   if ((flags & 2) != 0) {
     element.set_style(css_property_id::color, u"before");
     expected[css_property_id::color] = u"before";

@@ -78,7 +78,7 @@ TEST(ElementCopy, HasTheParentOfItsSourceUntilItIsInserted) {
   EXPECT_EQ(std::unique_ptr<xhtml_markup>(text->clone())->parent(), &*p);
   EXPECT_EQ(std::unique_ptr<xhtml_markup>(comment->clone())->parent(), &*p);
   EXPECT_EQ(std::unique_ptr<xhtml_markup>(instruction->clone())->parent(), &*p);
-  const xhtml_element copy(static_cast<const xhtml_element&>(*p));
+  const xhtml_element copy(*p->as_element());
   EXPECT_EQ(copy.parent(), &div);
 
   xhtml_element other = element(tag_id::div);
@@ -153,7 +153,7 @@ TEST(VeryDeepTree, IsCopiedAndDestroyedOnTheHeap) {
   top.reset();
   EXPECT_EQ(depth_of(*clone), very_many + 1);
   EXPECT_TRUE(is_intact(*clone));
-  static_cast<xhtml_element&>(*clone).clear_children();
+  clone->as_element()->clear_children();
   EXPECT_TRUE(is_tree(*clone, "div"));
 }
 
@@ -163,7 +163,7 @@ TEST(VeryDeepTree, IsCopiedAndDestroyedInADocument) {
   auto copy = doc.body()->append_copy(*doc.body()->begin());
   EXPECT_EQ(depth_of(*copy), very_many);
   EXPECT_TRUE(is_intact(*copy));
-  static_cast<xhtml_element&>(*doc.body()).clear_children();
+  doc.body()->as_element()->clear_children();
   EXPECT_TRUE(is_tree(*doc.root(), "document root(! html(head(title) body))"));
   nest(*doc.body(), 10);
   EXPECT_EQ(depth_of(*doc.body()), 10);

@@ -315,7 +315,7 @@ TEST(ElementAdoption, WorksInADocumentsTree) {
 
 TEST(ElementAdoption, IsUndoneByClearing) {
   Xport::xhtml_doc doc(1);
-  auto& body = static_cast<xhtml_element&>(*doc.body());
+  auto& body = *doc.body()->as_element();
   for (int i = 0; i < 3; ++i) {
     body.append_copy(letters("ab"));
     body.adopt_child(new xhtml_element(letters("cd")))->append_copy(letters("ef"));

@@ -53,8 +53,7 @@ struct heap_target : target {
 
 struct document_target : target {
   xhtml_doc doc{1};
-  xhtml_element* div =
-      static_cast<xhtml_element*>(doc.body()->append_copy(element(tag_id::div)).cell());
+  xhtml_element* div = doc.body()->append_copy(element(tag_id::div))->as_element();
   xhtml_element& place() override { return *div; }
 };
 
@@ -131,8 +130,8 @@ TEST_P(RefusedMemory, LeavesADocumentAsItWas) {
 TEST(RefusedMemory, DoesNotGrowADocument) {
   xhtml_doc doc(1);
   xhtml_markup& body = *doc.body();
-  static_cast<xhtml_element&>(body).append_copy(sample());
-  static_cast<xhtml_element&>(body).clear_children();
+  body.as_element()->append_copy(sample());
+  body.as_element()->clear_children();
   const xhtml_element div = sample();
   const std::size_t before = test::live_allocations();
   test::fail_allocation(2);
@@ -141,7 +140,7 @@ TEST(RefusedMemory, DoesNotGrowADocument) {
   EXPECT_EQ(test::live_allocations(), before) << "what the copy had taken is given back";
   for (int round = 0; round < 1000; ++round) {
     body.append_copy(div);
-    static_cast<xhtml_element&>(body).clear_children();
+    body.as_element()->clear_children();
   }
   EXPECT_EQ(test::live_allocations(), before);
 }

@@ -3,6 +3,7 @@ vellomark_add_test(
   SOURCES writer_break_flags_test.cpp
           writer_comment_test.cpp
           writer_depth_test.cpp
+          writer_derived_test.cpp
           writer_element_test.cpp
           writer_file_test.cpp
           writer_option_test.cpp

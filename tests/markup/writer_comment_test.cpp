@@ -60,8 +60,9 @@ TEST(WriterComment, RunsAtTheStartAndAtTheEnd) {
   EXPECT_TRUE(is_outcome(at_level(u" \n ", 1), u"<!--     -->", 6));
 }
 
-TEST(WriterComment, ANegativeLevelHasNoBlanks) {
-  EXPECT_TRUE(is_outcome(at_level(u"a\nb", -4), u"<!-- a\nb -->", 5));
+// The column becomes -8, and 5 more units follow.
+TEST(WriterComment, ANegativeLevelHasNoBlanksButCounts) {
+  EXPECT_TRUE(is_outcome(at_level(u"a\nb", -4), u"<!-- a\nb -->", std::uint64_t{0} - 3));
 }
 
 TEST(WriterComment, LongLinesAreNotWrapped) {

@@ -101,7 +101,7 @@ void random_source::fill(xhtml_element& element, int depth, int& budget) {
       default: {
         const Xport::markup_iterator child = element.append_element(tag_for(element));
         if (child.cell() != nullptr && depth < 9)
-          fill(static_cast<xhtml_element&>(*child.cell()), depth + 1, budget);
+          fill(*child.cell()->as_element(), depth + 1, budget);
         break;
       }
     }

@@ -35,7 +35,7 @@ int tag_number(const xhtml_markup* node) {
 }  // namespace
 
 void reference_writer::set_column(std::int64_t blanks) {
-  column = blanks > 0 ? static_cast<std::uint64_t>(blanks) : 0;
+  column = static_cast<std::uint64_t>(blanks);
 }
 
 std::uint32_t reference_writer::layout_of(const xhtml_markup& node) const {
@@ -47,7 +47,7 @@ std::uint32_t reference_writer::layout_of(const xhtml_markup& node) const {
 }
 
 void reference_writer::write(const xhtml_markup& node) {
-  const auto text = [&node] { return ustring(static_cast<const Xport::text_leaf&>(node).text()); };
+  const auto text = [&node] { return ustring(node.as_text()->text()); };
   switch (node.node_kind()) {
     case 1:
       output += u"<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n";

@@ -135,7 +135,7 @@ TEST(Comment, MillionDashes) {
     parser_on<> parser(u"--" + ustring(count, u'-').append(tail));
     const std::unique_ptr<Xport::xhtml_markup> node(parser->read_comment(nullptr));
     EXPECT_EQ(node->node_kind(), 3);
-    return ustring(static_cast<const Xport::text_leaf&>(*node).text());
+    return ustring(node->as_text()->text());
   };
   // Dashes are taken by threes, and the end is found where two are left.
   EXPECT_TRUE(same_units(text_of_dashes(1'000'001, u">"), ustring(999'999, u'-')));

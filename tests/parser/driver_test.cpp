@@ -262,19 +262,18 @@ class odd_node : public xhtml_markup {
 /// Gives an odd node for each instruction.
 class odd_parser : public xhtml_parser {
  public:
-  odd_parser(input_type* stream, tag_id tag, std::uint32_t category)
-      : xhtml_parser(stream), tag_(tag), category_(category) {}
+  odd_parser(input_type* stream, tag_id tag, std::uint32_t category, int& deaths)
+      : xhtml_parser(stream), tag_(tag), category_(category), deaths_(deaths) {}
 
   xhtml_markup* read_processing_instruction() override {
-    discard(xhtml_parser::read_processing_instruction());
-    return new odd_node(tag_, category_, deaths);
+    delete xhtml_parser::read_processing_instruction();
+    return new odd_node(tag_, category_, deaths_);
   }
-
-  int deaths = 0;
 
  private:
   tag_id tag_;
   std::uint32_t category_;
+  int& deaths_;
 };
 
 struct odd_result {
@@ -283,31 +282,44 @@ struct odd_result {
   int deaths;
 };
 
-odd_result parse_odd(const char16_t* text, tag_id tag, std::uint32_t category) {
+odd_result parse_odd(const char16_t* text, tag_id tag, std::uint32_t category,
+                     tag_id receiver_tag = tag_id::div) {
+  odd_result result{};
   xhtml_doc doc(1);
-  xhtml_markup& div = *append_element(*doc.body(), tag_id::div);
+  xhtml_markup& receiver = *append_element(*doc.body(), receiver_tag);
   std::basic_istringstream<char16> input(text);
   Xport::ustring_stream messages;
-  odd_parser parser(&input, tag, category);
+  odd_parser parser(&input, tag, category, result.deaths);
   parser.messages = &messages;
   parser.message_mask = 15;
-  EXPECT_EQ(parser.parse_children(&div), nullptr);
+  EXPECT_EQ(parser.parse_children(&receiver), nullptr);
   EXPECT_TRUE(is_intact(*doc.root()));
-  return {outline_with_attributes(div), printable(messages.str()), parser.deaths};
+  result.children = outline_with_attributes(receiver);
+  result.messages = printable(messages.str());
+  doc.root()->clear_children();
+  return result;
 }
 
-TEST(DerivedParser, NodeOfTextThatIsNoElementGoesSilently) {
-  const odd_result result = parse_odd(u"a<?x?>b", tag_id::invalid_tag, Xport::category_text);
-  EXPECT_EQ(result.children, "'a' 'b'");
+TEST(DerivedParser, NodeOfTheCategoryOfTextIsTakenWhereTextIs) {
+  const odd_result result = parse_odd(u"a<?x?>b", tag_id::b, Xport::category_text);
+  EXPECT_EQ(result.children, "'a' '' 'b'");
+  EXPECT_EQ(result.messages, "");
+  EXPECT_EQ(result.deaths, 1) << "with the tree";
+}
+
+TEST(DerivedParser, NodeOfTextThatIsNoElementIsRefusedSilently) {
+  const odd_result result =
+      parse_odd(u"<?x?>", tag_id::invalid_tag, Xport::category_text, tag_id::table);
+  EXPECT_EQ(result.children, "");
   EXPECT_EQ(result.messages, "");
   EXPECT_EQ(result.deaths, 1);
 }
 
 TEST(DerivedParser, NodeOfTextThatSaysItIsAnElement) {
-  const odd_result result = parse_odd(u"a<?x?>b", tag_id::b, Xport::category_text);
-  EXPECT_EQ(result.children, "'a' 'b'");
+  const odd_result result = parse_odd(u"<?x?>", tag_id::b, Xport::category_text, tag_id::table);
+  EXPECT_EQ(result.children, "");
   EXPECT_EQ(result.messages,
-            message(1, "Couldn't insert pc data into <div>.\nSkipping pc data tag.\n"));
+            message(1, "Couldn't insert pc data into <table>.\nSkipping pc data tag.\n"));
   EXPECT_EQ(result.deaths, 1);
 }
 
@@ -329,22 +341,16 @@ class heap_parser : public xhtml_parser {
   bool texts_too = false;
 
   xhtml_markup* read_start_tag(xhtml_markup* parent) override {
-    const spent_node read(xhtml_parser::read_start_tag(parent));
+    const owned_node read(xhtml_parser::read_start_tag(parent));
     return new xhtml_element(read->tag(), {}, u"mine");
   }
 
   xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
-    spent_node read(xhtml_parser::read_pcdata(parent, prefix));
+    owned_node read(xhtml_parser::read_pcdata(parent, prefix));
     if (!texts_too || read == nullptr || read->type() != Xport::node_type::pcdata)
       return read.release();
-    return new Xport::xhtml_pcdata(static_cast<Xport::xhtml_pcdata&>(*read).text());
+    return new Xport::xhtml_pcdata(read->as_text()->text());
   }
-
- private:
-  struct discarder {
-    void operator()(xhtml_markup* node) const { discard(node); }
-  };
-  using spent_node = std::unique_ptr<xhtml_markup, discarder>;
 };
 
 TEST(DerivedParser, NodesOfTheHeapInADocument) {
@@ -360,7 +366,7 @@ TEST(DerivedParser, NodesOfTheHeapInADocument) {
               "b[class=\"mine\"]('c' #d#)) p[class=\"mine\"]('e' ?f?)");
     EXPECT_TRUE(is_intact(*doc.root()));
     doc.body()->begin()->push_back_text(u"more");
-    static_cast<xhtml_element*>(doc.body())->clear_children();
+    doc.body()->as_element()->clear_children();
   }
 }
 
@@ -463,7 +469,7 @@ class nested_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
   xhtml_markup* read_comment(xhtml_markup* parent) override {
-    discard(xhtml_parser::read_comment(parent));
+    delete xhtml_parser::read_comment(parent);
     auto box =
         std::make_unique<xhtml_element>(tag_id::span, Xport::ustring_view{}, Xport::ustring_view{});
     const owned_node left(parse_children(box.get()));

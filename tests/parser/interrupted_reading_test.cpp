@@ -195,7 +195,7 @@ TEST(InterruptedReading, ThatGivesALeftover) {
 
 TEST(InterruptedReading, LosesNoLeftoverOfAPage) {
   xhtml_element body(tag_id::body, {}, {});
-  auto& p = static_cast<xhtml_element&>(*append_element(body, tag_id::p));
+  auto& p = *append_element(body, tag_id::p)->as_element();
   const std::size_t before = test::live_allocations();
   for (const ustring& left : {u"<div title='" + ustring(700, u'v') + u"'>", ustring(u"</body>")})
     EXPECT_TRUE(parse_with_options(0, left, p, false));

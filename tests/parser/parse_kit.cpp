@@ -3,6 +3,7 @@
 #include <istream>
 #include <sstream>
 
+#include "support/derived_nodes.h"
 #include "support/dribble_buffer.h"
 #include "support/tree_check.h"
 #include "support/unit_buffers.h"
@@ -34,7 +35,7 @@ std::string head_of(const xhtml_element& element) {
 }
 
 std::string leaf_text(const xhtml_markup& node) {
-  const std::string text = printable(static_cast<const Xport::text_leaf&>(node).text());
+  const std::string text = printable(node.as_text()->text());
   switch (node.type()) {
     case node_type::doctype:
       return "!" + text + "!";
@@ -54,12 +55,20 @@ xhtml_markup* receiver_in(xhtml_markup& root, const std::vector<tag_id>& path) {
   return receiver;
 }
 
-parse_result parse_into(xhtml_markup& root, std::basic_streambuf<Xport::char16>& buffer,
-                        const parse_case& how) {
-  xhtml_markup* const receiver = receiver_in(root, how.path);
+// The same, with an element of a derived class at the end of `path`.
+xhtml_markup* derived_receiver_in(xhtml_markup& root, std::vector<tag_id> path) {
+  const tag_id last = path.back();
+  path.pop_back();
+  xhtml_markup& parent = *receiver_in(root, path);
+  return &*parent.append_copy(derived_element(last, {}, {}));
+}
+
+template <class Parser = Xport::xhtml_parser>
+parse_result parse_with(xhtml_markup& root, xhtml_markup* receiver,
+                        std::basic_streambuf<Xport::char16>& buffer, const parse_case& how) {
   std::basic_istream<Xport::char16> input(&buffer);
   Xport::ustring_stream messages;
-  Xport::xhtml_parser parser(&input);
+  Parser parser(&input);
   parser.normalize_text = how.normalize_text;
   parser.message_mask = how.message_mask;
   parser.preserve_newlines = how.preserve_newlines;
@@ -83,11 +92,18 @@ parse_result parse_into(xhtml_markup& root, std::basic_streambuf<Xport::char16>&
   return result;
 }
 
+parse_result parse_into(xhtml_markup& root, std::basic_streambuf<Xport::char16>& buffer,
+                        const parse_case& how) {
+  return parse_with(root, receiver_in(root, how.path), buffer, how);
+}
+
+// A derived parser, or a derived receiver, recurses: its texts are of little depth.
+constexpr std::size_t longest_for_derived = 10'000;
+
 }  // namespace
 
 std::string node_with_attributes(const xhtml_markup& node) {
-  return node.type() == node_type::element ? head_of(static_cast<const xhtml_element&>(node))
-                                           : leaf_text(node);
+  return node.type() == node_type::element ? head_of(*node.as_element()) : leaf_text(node);
 }
 
 std::string outline_with_attributes(const xhtml_markup& node) {
@@ -135,6 +151,20 @@ parse_result parse(Xport::ustring_view text, const parse_case& how) {
   xhtml_element last(tag_id::doc_root, {}, {});
   unbuffered_buffer unbuffered((Xport::ustring(text)));
   EXPECT_EQ(result, parse_into(last, unbuffered, how)) << "with no unit at hand";
+  if (text.size() > longest_for_derived) return result;
+
+  Xport::xhtml_doc by_calls(0);
+  dribble_buffer some(text, 5);
+  xhtml_markup* const receiver = receiver_in(*by_calls.root(), how.path);
+  EXPECT_EQ(result, parse_with<derived_parser>(*by_calls.root(), receiver, some, how))
+      << "by a derived parser";
+
+  if (how.path.empty()) return result;
+  Xport::xhtml_doc with_derived(0);
+  dribble_buffer again(text, 5);
+  xhtml_markup* const derived = derived_receiver_in(*with_derived.root(), how.path);
+  EXPECT_EQ(result, parse_with(*with_derived.root(), derived, again, how))
+      << "into a derived element";
   return result;
 }
 

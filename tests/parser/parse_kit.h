@@ -49,8 +49,9 @@ struct parse_result {
 
 /// Parses `text` with references loaded and indexed. It is done four times: with all of the
 /// text in the buffer's window, with one unit at a time, and into an element on the heap with
-/// three units at a time and with none at hand. All must agree (else a test fails), and the trees
-/// must be intact. Long texts are parsed the first two ways only, in larger pieces.
+/// three units at a time and with none at hand. Then a derived parser does it, and a derived
+/// element receives it. All must agree (else a test fails), and the trees must be intact. Long
+/// texts are parsed the first two ways only, in larger pieces.
 parse_result parse(Xport::ustring_view text, const parse_case& how = {});
 
 /// The children that parse() makes of `text` in a `div` in `body`, in `p`, in `body`, in the root.

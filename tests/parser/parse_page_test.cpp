@@ -253,7 +253,7 @@ TEST_F(ParsePage, InputOfFewUnitsAtATime) {
 
 TEST_F(ParsePage, LeftoverIsDropped) {
   xhtml_doc doc(1);
-  auto& p = static_cast<xhtml_element&>(*append_element(*doc.body(), tag_id::p));
+  auto& p = *append_element(*doc.body(), tag_id::p)->as_element();
   text_input input(u"a<div>b</div>");
   xhtml_parser parser(&input);
   parse_page(parser, p);

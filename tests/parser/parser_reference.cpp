@@ -3,6 +3,7 @@
 #include <sstream>
 #include <utility>
 
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_end_tag.h"
 #include "xport/stylesheet/style_attribute.h"
 #include "xport/stylesheet/stylesheet_writer.h"

@@ -92,7 +92,7 @@ TEST(ProcessingInstruction, MillionQuestionMarks) {
     parser_on<> parser(ustring(count, u'?').append(tail));
     const std::unique_ptr<Xport::xhtml_markup> node(parser->read_processing_instruction());
     EXPECT_EQ(node->node_kind(), 4);
-    return ustring(static_cast<const Xport::text_leaf&>(*node).text());
+    return ustring(node->as_text()->text());
   };
   EXPECT_TRUE(same_units(text_of_marks(1'000'001, u">"), ustring(1'000'000, u'?')));
   // It goes on behind an even number; the node then drops "?>" from its end.

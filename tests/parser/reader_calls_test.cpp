@@ -126,23 +126,23 @@ class replacing_parser : public xhtml_parser {
   using xhtml_parser::xhtml_parser;
 
   xhtml_markup* read_comment(xhtml_markup* parent) override {
-    discard(xhtml_parser::read_comment(parent));
+    delete xhtml_parser::read_comment(parent);
     return made(u"C", parent);
   }
   xhtml_markup* read_start_tag(xhtml_markup* parent) override {
-    discard(xhtml_parser::read_start_tag(parent));
+    delete xhtml_parser::read_start_tag(parent);
     return new xhtml_element(tag_id::hr, u"S", {});
   }
   xhtml_markup* read_end_tag() override {
-    discard(xhtml_parser::read_end_tag());
+    delete xhtml_parser::read_end_tag();
     return new xhtml_comment(u"E");
   }
   xhtml_markup* read_processing_instruction() override {
-    discard(xhtml_parser::read_processing_instruction());
+    delete xhtml_parser::read_processing_instruction();
     return new xhtml_end_tag(u"</foo>");
   }
   xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
-    discard(xhtml_parser::read_pcdata(parent, prefix));
+    delete xhtml_parser::read_pcdata(parent, prefix);
     return made(prefix.empty() ? u"T" : u"P", parent);
   }
 

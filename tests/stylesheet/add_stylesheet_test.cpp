@@ -26,7 +26,7 @@ using Xport::xhtml_stylesheet_rule;
 ustring_view only_text(const Xport::xhtml_markup& style) {
   EXPECT_EQ(std::distance(style.begin(), style.end()), 1);
   EXPECT_EQ(style.begin()->node_kind(), 5);
-  return static_cast<const Xport::text_leaf&>(*style.begin()).text();
+  return style.begin()->as_text()->text();
 }
 
 TEST(AddStylesheet, AStyleElementWithTheText) {

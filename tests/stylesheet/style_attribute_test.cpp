@@ -9,7 +9,7 @@
 #include "support/allocation_failure.h"
 #include "support/golden.h"
 #include "support/text.h"
-#include "xport/markup/node_pool.h"
+#include "xport/markup/node_memory.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace {

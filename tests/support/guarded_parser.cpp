@@ -61,8 +61,8 @@ Xport::xhtml_markup* guarded_parser::read_pcdata(Xport::xhtml_markup* parent,
   normalize_text = false;
   Xport::xhtml_markup* const node = xhtml_parser::read_pcdata(&plain, start);
   normalize_text = normalizes;
-  const Xport::ustring text(static_cast<const Xport::text_leaf*>(node)->text());
-  discard(node);
+  const Xport::ustring text(node->as_text()->text());
+  delete node;
   if (!is_endless_stylesheet(text)) return xhtml_parser::read_pcdata(parent, text);
   met_endless_ = true;
   return new Xport::xhtml_pcdata(text);

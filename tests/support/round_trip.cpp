@@ -83,7 +83,7 @@ const char* element_exemption(const Xport::xhtml_element& element,
 ustring joined_texts(Xport::const_markup_iterator& at, int& count) {
   ustring text;
   for (; at.cell() != nullptr && at->type() == node_type::pcdata; ++at) {
-    const ustring_view part = static_cast<const Xport::text_leaf&>(*at).text();
+    const ustring_view part = at->as_text()->text();
     text += part;
     if (!part.empty()) ++count;
   }
@@ -106,8 +106,7 @@ const char* child_list_exemption(const Xport::xhtml_element& parent,
       continue;
     }
     if (at->type() != node_type::element)
-      if (const char* const why = leaf_exemption(static_cast<const Xport::text_leaf&>(*at)))
-        return why;
+      if (const char* const why = leaf_exemption(*at->as_text())) return why;
     ++at;
   }
   return nullptr;
@@ -154,11 +153,11 @@ const char* round_trip_exemption(const Xport::xhtml_element& root,
       for (; at.cell() != nullptr; ++at)
         if (at->type() == node_type::element) break;
       if (at.cell() != nullptr) {
-        next = static_cast<const Xport::xhtml_element*>(at.cell());
+        next = at.cell()->as_element();
       } else {
         if (parent == &root) return nullptr;
         at = ++Xport::const_markup_iterator(parent, parent->parent());
-        parent = static_cast<const Xport::xhtml_element*>(parent->parent());
+        parent = parent->parent()->as_element();
       }
     }
     parent = next;

@@ -27,7 +27,6 @@ inline std::string child_list_fault(const Xport::xhtml_markup& node) {
     if (at.owner() != &node) return "a position has another owner";
     if (child.parent() != &node) return "a child has another parent: " + name_of(child);
     if (child.is_end_tag()) return "an end tag is a child";
-    if (child.node_kind() == 0) return "a node of no kind is a child";
     if (!node.can_contain(child)) return "a child isn't permitted: " + name_of(child);
     children.push_back(&child);
   }

@@ -70,11 +70,11 @@ class outliner {
         parent = parent->parent();
       } else if (at->type() == node_type::element) {
         end_text(parent->tag());
-        lines_.push_back(start_line(static_cast<const Xport::xhtml_element&>(*at), form_));
+        lines_.push_back(start_line(*at->as_element(), form_));
         parent = at.cell();
         at = parent->begin();
       } else {
-        add_leaf(static_cast<const Xport::text_leaf&>(*at), parent->tag());
+        add_leaf(*at->as_text(), parent->tag());
         ++at;
       }
     }

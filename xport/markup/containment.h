@@ -15,15 +15,20 @@ constexpr bool takes_nothing(const Tag_trait& parent) {
   return parent.content_flags == content_none && parent.allowed_children.empty();
 }
 
-/// Whether an element with the rules `child` may stand in one with the rules
-/// `parent`: by its category, unless it is excluded by name, or else by its name.
-/// Unusable rows may stand nowhere.
+/// Whether an element `child` of the category `category_flags` may stand in one with the
+/// rules `parent`: by its category, unless it is excluded by name, or else by its name.
+/// What has no number may stand nowhere.
+constexpr bool takes_element(const Tag_trait& parent, tag_id child, std::uint32_t category_flags) {
+  if (child == tag_id::invalid_tag) return false;
+  const bool by_category = (parent.content_flags & (content_block | content_inline)) != 0 &&
+                           (parent.content_flags & category_flags) != 0;
+  if (by_category) return !parent.excluded_children.contains(child);
+  return parent.allowed_children.contains(child);
+}
+
+/// The same for an element with the rules `child`.
 constexpr bool takes_element(const Tag_trait& parent, const Tag_trait& child) {
-  if (child.id == tag_id::invalid_tag) return false;
-  const std::uint32_t by_category = parent.content_flags & (content_block | content_inline);
-  if ((by_category & child.category_flags) != 0)
-    return !parent.excluded_children.contains(child.id);
-  return parent.allowed_children.contains(child.id);
+  return takes_element(parent, child.id, child.category_flags);
 }
 
 }  // namespace Xport

@@ -20,12 +20,6 @@ ustring_view body_of(ustring_view token, ustring_view head, std::size_t head_lim
 
 void xhtml_pcdata::write(xhtml_writer& writer) const { writer.write(*this); }
 
-void xhtml_pcdata::trim_trailing_space() { trim_trailing_space(character_classes()); }
-
-void xhtml_pcdata::trim_trailing_space(const character_classes& classes) {
-  truncate(classes.trim_right(text()).size());
-}
-
 xhtml_comment::xhtml_comment(ustring_view token)
     : text_leaf(node_type::comment, body(token, character_classes())) {}
 

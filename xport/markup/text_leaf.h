@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "xport/markup/xhtml_markup.h"
+#include "xport/text/character_class.h"
 
 namespace Xport {
 
@@ -18,53 +19,52 @@ class text_leaf : public xhtml_markup {
   ~text_leaf() override;
 
   /// The text, valid until it is changed.
-  ustring_view text() const { return {units(), size_}; }
+  ustring_view text() const { return {units(), text_size_}; }
 
   using xhtml_markup::operator<<;
 
   /// Extends the text.
   xhtml_markup& operator<<(ustring_view text) override;
 
- protected:
-  /// Where a node of a tree is made: below `parent`, in `bytes` of its pool.
-  struct place {
-    xhtml_element& parent;
-    std::size_t bytes;
-  };
+  /// Cuts white space, as `classes` know it, from the end of the text.
+  void trim_right(const character_classes& classes) {
+    text_size_ = static_cast<std::uint32_t>(classes.trim_right(text()).size());
+  }
 
-  text_leaf(node_type type, ustring_view text);
-  text_leaf(node_type type, ustring_view text, const place& where);
+  /// The memory that a node takes to hold all of `text` itself; 0 for a text that is too
+  /// long for that.
+  static constexpr std::size_t bytes_with(ustring_view text) {
+    return text.size() <= longest_in_node ? bytes_before_text + text.size() * sizeof(char16) : 0;
+  }
+
+ protected:
+  text_leaf(node_type type, ustring_view text, const node_place& where = {});
+
   text_leaf(const text_leaf& other);
 
-  /// Keeps the first `size` units, of which there must be as many.
-  void truncate(std::size_t size) { size_ = static_cast<std::uint32_t>(size); }
-
  private:
-  friend class xhtml_element;
-
-  struct outside_text {
-    char16* units;
-    std::size_t capacity;
-  };
-  static constexpr std::size_t units_inside = sizeof(outside_text) / sizeof(char16);
-
-  /// Texts up to this length stand in the node where the pool makes it.
   static constexpr std::size_t longest_in_node = 220;
+  static constexpr std::size_t bytes_before_text = sizeof(xhtml_markup) - sizeof(char16*);
 
   node_pool* text_pool() const;
   std::size_t room() const;
-  const char16* units() const { return text_outside_ ? storage_.outside.units : storage_.inside; }
-  char16* units() { return text_outside_ ? storage_.outside.units : storage_.inside; }
+  const char16* units() const { return text_outside_ ? outside_text_ : inside_text_; }
+  char16* units() { return text_outside_ ? outside_text_ : inside_text_; }
   void store(ustring_view text);
   char16* allocate(std::size_t capacity);
   void release_outside() noexcept;
 
-  std::uint32_t size_ = 0;
-  union {
-    char16 inside[units_inside];
-    outside_text outside;
-  } storage_;
+  // In units, of a text outside. A text inside goes on here, from the last field of the
+  // base class.
+  std::size_t outside_capacity_;
 };
+
+inline text_leaf* xhtml_markup::as_text() {
+  return holds_text() ? static_cast<text_leaf*>(this) : nullptr;
+}
+inline const text_leaf* xhtml_markup::as_text() const {
+  return holds_text() ? static_cast<const text_leaf*>(this) : nullptr;
+}
 
 }  // namespace Xport
 

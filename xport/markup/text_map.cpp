@@ -36,10 +36,7 @@ std::size_t text_map_base::size() const {
 void text_map_base::clear() noexcept {
   if (empty()) return;
   node_pool* const source = pool();
-  if (source != nullptr)
-    source->release(block_, block_->bytes);
-  else
-    ::operator delete(block_);
+  node_pool::release(source, block_, block_->bytes);
   block_ = node_pool::empty_block(source);
 }
 
@@ -112,8 +109,7 @@ bool text_map_base::erase(std::int32_t key) {
 
 text_map_base::block* text_map_base::make_block(std::size_t bytes) {
   node_pool* const source = pool();
-  void* const memory = source != nullptr ? source->allocate(bytes) : ::operator new(bytes);
-  return new (memory) block{source, bytes};
+  return new (node_pool::allocate(source, bytes)) block{source, bytes};
 }
 
 // Copies the entries from `from` up to `to`.

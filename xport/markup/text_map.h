@@ -6,7 +6,7 @@
 #include <iterator>
 #include <span>
 
-#include "xport/markup/node_pool.h"
+#include "xport/markup/node_memory.h"
 #include "xport/text/char16.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
@@ -141,8 +141,9 @@ class text_map : public text_map_base {
 
   bool contains(Key key) const { return find(static_cast<std::int32_t>(key)) != nullptr; }
 
-  /// The text stored for `key`, empty if there is none.
-  ustring_view operator[](Key key) const {
+  /// The text stored for `key`, empty if there is none. It is constant, so that an
+  /// assignment, which would change nothing in the map, doesn't compile.
+  const ustring_view operator[](Key key) const {
     const entry_head* const entry = find(static_cast<std::int32_t>(key));
     return entry != nullptr ? entry->value() : ustring_view();
   }

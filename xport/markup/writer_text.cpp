@@ -1,14 +1,7 @@
-#include <algorithm>
-
 #include "xport/markup/xhtml_writer.h"
 #include "xport/text/find_any.h"
 
 namespace Xport {
-
-void xhtml_writer::indent(std::int64_t blanks) {
-  output_.put_blanks(blanks);
-  column = static_cast<std::uint64_t>(std::max<std::int64_t>(blanks, 0));
-}
 
 void xhtml_writer::wrap(std::int64_t blanks) {
   output_.put(u'\n');
@@ -32,7 +25,7 @@ void xhtml_writer::put_lines(ustring_view text, std::int64_t blanks) {
 // stays and isn't counted in the column; the blank behind the last word goes,
 // unless the text ends in white space, and stays counted.
 void xhtml_writer::put_wrapped(ustring_view text, std::int64_t blanks) {
-  const bool ends_in_word = !text.empty() && !classes_.is_space(text.back());
+  const bool ends_in_word = !text.empty() && !classes_->is_space(text.back());
   if (text.starts_with(u' ')) {
     output_.put(u' ');
     text.remove_prefix(1);
@@ -41,10 +34,10 @@ void xhtml_writer::put_wrapped(ustring_view text, std::int64_t blanks) {
 
   ustring line;
   while (true) {
-    while (!text.empty() && classes_.is_space(text.front())) text.remove_prefix(1);
+    while (!text.empty() && classes_->is_space(text.front())) text.remove_prefix(1);
     if (text.empty()) break;
     std::size_t length = 1;
-    while (length < text.size() && !classes_.is_space(text[length])) ++length;
+    while (length < text.size() && !classes_->is_space(text[length])) ++length;
     if (exceeds_line(line.size() + length)) {
       output_.put(line);
       line.clear();

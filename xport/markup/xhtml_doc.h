@@ -3,7 +3,6 @@
 
 #include "xport/markup/descendant_markup_iterator.h"
 #include "xport/markup/markup_iterator.h"
-#include "xport/markup/node_pool.h"
 #include "xport/markup/xhtml_element.h"
 
 namespace Xport {

@@ -1,13 +1,12 @@
 #include "xport/markup/xhtml_element.h"
 
 #include <algorithm>
-#include <new>
+#include <memory>
 #include <stdexcept>
 #include <vector>
 
 #include "xport/markup/containment.h"
 #include "xport/markup/leaf_nodes.h"
-#include "xport/markup/make_node.h"
 #include "xport/markup/xhtml_writer.h"
 
 namespace Xport {
@@ -24,61 +23,37 @@ xhtml_element::xhtml_element(tag_id tag, ustring_view id, ustring_view class_nam
   if (!class_name.empty()) xhtml_element::set_attribute(attr_id::class_, class_name);
 }
 
-xhtml_element::xhtml_element(const Tag_trait& record, const place& where)
-    : xhtml_markup(node_type::element, sizeof(xhtml_element)),
+xhtml_element::xhtml_element(const Tag_trait& record, const node_place& where)
+    : xhtml_markup(node_type::element, sizeof(xhtml_element), where),
       trait_(&record),
-      attributes_(where.parent.pool()),
-      style_(where.parent.pool()) {
-  parent_ = &where.parent;
-  in_pool_ = pool() != nullptr;
-}
+      attributes_(where.pool()),
+      style_(where.pool()) {}
 
-xhtml_element::xhtml_element(const xhtml_element& other, on_heap)
+xhtml_element::xhtml_element(const xhtml_element& other, const node_place& where)
+    : xhtml_markup(node_type::element, sizeof(xhtml_element), where),
+      trait_(other.trait_),
+      attributes_(other.attributes_, where.pool()),
+      style_(other.style_, where.pool()) {}
+
+xhtml_element::xhtml_element(const xhtml_element& other, without_children)
     : xhtml_markup(other, sizeof(xhtml_element)),
       trait_(other.trait_),
       attributes_(other.attributes_),
       style_(other.style_) {}
 
-xhtml_element::xhtml_element(const xhtml_element& other) : xhtml_element(other, on_heap()) {
+// Delegates, so that an exception destroys the children that were copied by then.
+xhtml_element::xhtml_element(const xhtml_element& other)
+    : xhtml_element(other, without_children()) {
   copy_children(other);
 }
 
-xhtml_element::xhtml_element(const xhtml_element& other, const place& where)
-    : xhtml_markup(other, sizeof(xhtml_element)),
-      trait_(other.trait_),
-      attributes_(other.attributes_, where.parent.pool()),
-      style_(other.style_, where.parent.pool()) {
-  parent_ = &where.parent;
-  in_pool_ = pool() != nullptr;
-}
+// Children need the pool, which the attributes lead to, so they are deleted first.
+xhtml_element::~xhtml_element() { delete_children(); }
 
-xhtml_element::~xhtml_element() { clear_children(); }
-
-// Goes down to a leaf, takes it away, and goes on beside or above it; so a parent
-// is a leaf by the time it goes.
-void xhtml_element::clear_children() noexcept {
-  xhtml_element* parent = this;
-  while (true) {
-    xhtml_markup* const node = parent->first_child_;
-    if (node == nullptr) {
-      if (parent == this) return;
-      parent = static_cast<xhtml_element*>(parent->parent_);
-      xhtml_markup* const emptied = parent->first_child_;
-      parent->first_child_ = emptied->next_;
-      dispose(emptied, parent->pool());
-    } else if (node->type_ == node_type::element &&
-               static_cast<xhtml_element*>(node)->first_child_ != nullptr) {
-      parent = static_cast<xhtml_element*>(node);
-    } else {
-      parent->first_child_ = node->next_;
-      dispose(node, parent->pool());
-    }
-  }
-}
+void xhtml_element::clear_children() noexcept { delete_children(); }
 
 markup_iterator xhtml_element::adopt_child(xhtml_markup* node) {
   if (node == nullptr || !can_contain(*node)) return end();
-  if (pool() != nullptr && !node->in_pool_) pool()->note_adopted();
   link(node, nullptr);
   return markup_iterator(node, this);
 }
@@ -97,35 +72,42 @@ void xhtml_element::insert_copies(const_markup_iterator position, std::size_t co
 }
 
 markup_iterator xhtml_element::insert_text(const_markup_iterator position, ustring_view text) {
-  if (!takes_text(rules()) || !has_position(position)) return end();
-  xhtml_markup* const node = make_leaf<xhtml_pcdata>(text);
-  link(node, position.cell());
-  return markup_iterator(node, this);
+  if (is_own_class()) return put_text(position, text);
+  return accepts_text() ? insert_copy(position, xhtml_pcdata(text)) : end();
 }
 
 markup_iterator xhtml_element::insert_copy(const_markup_iterator position,
                                            const xhtml_markup& node) {
-  if (!can_contain(node) || !has_position(position) || !keeps_order(position, node.tag()))
+  const tag_id parent = is_own_class() ? rules().id : tag();
+  if (!can_contain(node) || !has_position(position) || !keeps_order(parent, position, node.tag()))
     return end();
   xhtml_markup* const copy = copy_tree(node);
+  if (copy == nullptr) return end();
   link(copy, position.cell());
   return markup_iterator(copy, this);
 }
 
+// insert_text of our own class, which makes the text in its place.
+markup_iterator xhtml_element::put_text(const const_markup_iterator& position, ustring_view text) {
+  if (!takes_text(rules()) || !has_position(position)) return end();
+  xhtml_markup* const node = node_place(*this).make_leaf<xhtml_pcdata>(text);
+  link(node, position.cell());
+  return markup_iterator(node, this);
+}
+
 markup_iterator xhtml_element::append_element(tag_id tag) {
+  if (!is_own_class()) return append_copy(xhtml_element(tag, {}, {}));
   const Tag_trait* const record = tag_table[tag];
-  if (record == nullptr || !takes_element(rules(), *record) || !keeps_order(end(), tag))
+  if (record == nullptr || !takes_element(rules(), *record) || !keeps_order(rules().id, end(), tag))
     return end();
-  xhtml_element* const node =
-      make_node<xhtml_element>(sizeof(xhtml_element), *record, place{*this});
+  xhtml_element* const node = node_place(*this).make<xhtml_element>(*record);
   link(node, nullptr);
   return markup_iterator(node, this);
 }
 
 markup_iterator append_element(xhtml_markup& parent, tag_id tag) {
-  return parent.type() == node_type::element
-             ? static_cast<xhtml_element&>(parent).append_element(tag)
-             : parent.end();
+  xhtml_element* const element = parent.as_element();
+  return element != nullptr ? element->append_element(tag) : parent.end();
 }
 
 markup_iterator xhtml_element::append_text(ustring_view text) { return insert_text(end(), text); }
@@ -140,7 +122,10 @@ xhtml_markup& xhtml_element::operator<<(const xhtml_markup& node) {
 }
 
 xhtml_markup& xhtml_element::operator<<(ustring_view text) {
-  append_text(text);
+  if (is_own_class())
+    put_text(end(), text);
+  else if (accepts_text())
+    append_text(text);
   return *this;
 }
 
@@ -195,7 +180,23 @@ ustring xhtml_element::end_tag_text() const {
   return text;
 }
 
+// The order of the questions decides about nodes of derived classes, which may answer in
+// any way.
 bool xhtml_element::can_contain(const xhtml_markup& node) const {
+  if (node.is_own_class() && is_own_class()) return takes(node);
+  if (node.category_flags() == category_text) return accepts_text();
+  const std::int32_t kind = node.node_kind();
+  if (kind == static_cast<std::int32_t>(node_type::comment) ||
+      kind == static_cast<std::int32_t>(node_type::processing_instruction))
+    return true;
+  if (tag() == tag_id::doc_root && kind == static_cast<std::int32_t>(node_type::doctype))
+    return true;
+  if (node.tag_trait() == nullptr) return false;
+  return takes_element(rules(), node.tag(), node.category_flags());
+}
+
+// can_contain() where both classes are our own.
+bool xhtml_element::takes(const xhtml_markup& node) const {
   switch (node.type()) {
     case node_type::pcdata:
       return takes_text(rules());
@@ -205,7 +206,7 @@ bool xhtml_element::can_contain(const xhtml_markup& node) const {
     case node_type::doctype:
       return rules().id == tag_id::doc_root;
     case node_type::element:
-      return takes_element(rules(), static_cast<const xhtml_element&>(node).rules());
+      return takes_element(rules(), node.as_element()->rules());
     case node_type::none:
       return false;
   }
@@ -224,8 +225,8 @@ bool xhtml_element::has_child(tag_id tag) const {
 
 // The few rules of order that are held: one `head` before one `body` in `html`,
 // one `title` in `head`.
-bool xhtml_element::keeps_order(const const_markup_iterator& position, tag_id child) const {
-  const tag_id parent = rules().id;
+bool xhtml_element::keeps_order(tag_id parent, const const_markup_iterator& position,
+                                tag_id child) const {
   if (parent != tag_id::html && parent != tag_id::head) return true;
   const auto is = [](tag_id tag) {
     return [tag](const xhtml_markup& sibling) { return sibling.tag() == tag; };
@@ -238,91 +239,13 @@ bool xhtml_element::keeps_order(const const_markup_iterator& position, tag_id ch
   return true;
 }
 
-// Links `node` in front of `before`, behind the last child if that is null.
-void xhtml_element::link(xhtml_markup* node, const xhtml_markup* before) noexcept {
-  node->parent_ = this;
-  if (first_child_ == nullptr) {
-    node->next_ = nullptr;
-    node->previous_ = node;
-    first_child_ = node;
-  } else if (before == nullptr) {
-    xhtml_markup* const last = first_child_->previous_;
-    node->next_ = nullptr;
-    node->previous_ = last;
-    last->next_ = node;
-    first_child_->previous_ = node;
-  } else {
-    xhtml_markup* const behind = const_cast<xhtml_markup*>(before);
-    node->next_ = behind;
-    node->previous_ = behind->previous_;
-    (behind == first_child_ ? first_child_ : behind->previous_->next_) = node;
-    behind->previous_ = node;
-  }
-}
-
-// A copy of `node` without its children, made below this element and not yet
-// linked.
-xhtml_markup* xhtml_element::copy_node(const xhtml_markup& node) {
-  const auto text = [&node] { return static_cast<const text_leaf&>(node).text(); };
-  switch (node.type_) {
-    case node_type::element:
-      return make_node<xhtml_element>(sizeof(xhtml_element),
-                                      static_cast<const xhtml_element&>(node), place{*this});
-    case node_type::pcdata:
-      return make_leaf<xhtml_pcdata>(text());
-    case node_type::comment:
-      return make_leaf<xhtml_comment>(text());
-    case node_type::processing_instruction:
-      return make_leaf<xhtml_processing_instruction>(text());
-    case node_type::doctype:
-      return make_leaf<xhtml_doctype_declaration>(text());
-    case node_type::none:
-      break;
-  }
-  return nullptr;
-}
-
+// A copy of `node` with all that is below it, not yet linked. Null if a derived class
+// has no clone.
 xhtml_markup* xhtml_element::copy_tree(const xhtml_markup& node) {
-  xhtml_markup* const copy = copy_node(node);
-  if (node.type_ != node_type::element) return copy;
-  try {
-    static_cast<xhtml_element*>(copy)->copy_children(static_cast<const xhtml_element&>(node));
-  } catch (...) {
-    dispose(copy, pool());
-    throw;
-  }
-  return copy;
-}
-
-// Walks the source by its own links, with `into` at the same place in the copy.
-void xhtml_element::copy_children(const xhtml_element& source) {
-  xhtml_element* into = this;
-  const xhtml_markup* from = source.first_child_;
-  while (from != nullptr) {
-    xhtml_markup* const copy = into->copy_node(*from);
-    into->link(copy, nullptr);
-    if (from->type_ == node_type::element &&
-        static_cast<const xhtml_element*>(from)->first_child_ != nullptr) {
-      from = static_cast<const xhtml_element*>(from)->first_child_;
-      into = static_cast<xhtml_element*>(copy);
-      continue;
-    }
-    while (from->next_ == nullptr && from->parent_ != &source) {
-      from = from->parent_;
-      into = static_cast<xhtml_element*>(into->parent_);
-    }
-    from = from->next_;
-  }
-}
-
-void xhtml_element::dispose(xhtml_markup* node, node_pool* pool) noexcept {
-  if (!node->in_pool_) {
-    delete node;
-    return;
-  }
-  const std::size_t bytes = node->granules_ * node_pool::granule;
-  node->~xhtml_markup();
-  pool->release(node, bytes);
+  if (!node.is_own_class()) return node.clone();
+  std::unique_ptr<xhtml_markup> copy(node_place(*this).make_copy(node));
+  copy->copy_children(node);
+  return copy.release();
 }
 
 }  // namespace Xport

@@ -9,7 +9,6 @@
 namespace Xport {
 
 class character_classes;
-class text_leaf;
 class xhtml_parser;
 
 /// An element: a rule record, attributes, an inline style and children. The one
@@ -27,6 +26,11 @@ class xhtml_parser;
 /// Insertion takes constant time, apart from the copy itself and, for `html` and
 /// `head`, a look at their children. Attribute and style operations take time
 /// linear in the element's attributes and properties.
+///
+/// A derived element is asked through its virtual operations too: insertion asks
+/// can_contain(), tag() and, for a text, accepts_text(), and every operation that
+/// inserts ends in a call of insert_copy(). can_contain() asks accepts_text() and tag(),
+/// and the rule record for the rest.
 class xhtml_element : public xhtml_markup {
  public:
   /// An element by number. `id` and `class_name` become the attributes of that
@@ -37,6 +41,9 @@ class xhtml_element : public xhtml_markup {
   /// outlive.
   xhtml_element(tag_id tag, ustring_view id, ustring_view class_name, node_pool* pool);
 
+  /// An element at `where` with the rules `record` and nothing in it.
+  xhtml_element(const Tag_trait& record, const node_place& where);
+
   /// An element from the text of a start tag, with its "<" and, if it has one, its
   /// ">"; of the row "invalid tag" if no known name follows the "<". A name ends at the
   /// first unit that isn't `alnum`, attributes follow it only behind white space. The
@@ -44,8 +51,12 @@ class xhtml_element : public xhtml_markup {
   /// takes content.
   xhtml_element(ustring_view start_tag_text, xhtml_parser& parser);
 
-  /// A deep copy on the heap. Its parent is that of `other` until it is inserted.
+  /// A deep copy on the heap, with the children's clone(). Its parent is that of `other`
+  /// until it is inserted.
   xhtml_element(const xhtml_element& other);
+
+  /// A copy at `where` without the children.
+  xhtml_element(const xhtml_element& other, const node_place& where);
 
   ~xhtml_element() override;
 
@@ -104,51 +115,39 @@ class xhtml_element : public xhtml_markup {
     return trait_.get() != nullptr ? *trait_.get() : *tag_table[tag_id::invalid_tag];
   }
 
-  /// The first child, null if there is none.
-  const xhtml_markup* first_child() const { return first_child_; }
-
-  /// The last child, null if there is none.
-  xhtml_markup* last_child() { return first_child_ != nullptr ? first_child_->previous_ : nullptr; }
-
   /// Where the memory of the content comes from; null for the heap.
   node_pool* pool() const { return attributes_.pool(); }
 
  private:
-  friend class node_maker;
   friend class xhtml_doc;
 
-  struct place {
-    xhtml_element& parent;
-  };
-  struct on_heap {};
+  struct without_children {};
+  xhtml_element(const xhtml_element& other, without_children);
 
-  // An element with nothing in it, for a place below `parent`, and copies without
-  // the children, for such a place and for the heap.
-  xhtml_element(const Tag_trait& record, const place& where);
-  xhtml_element(const xhtml_element& other, const place& where);
-  xhtml_element(const xhtml_element& other, on_heap);
-
+  bool takes(const xhtml_markup& node) const;
   bool has_position(const const_markup_iterator& position) const;
   bool has_child(tag_id tag) const;
-  bool keeps_order(const const_markup_iterator& position, tag_id child) const;
-  void link(xhtml_markup* node, const xhtml_markup* before) noexcept;
-  xhtml_markup* copy_node(const xhtml_markup& node);
+  bool keeps_order(tag_id parent, const const_markup_iterator& position, tag_id child) const;
+  markup_iterator put_text(const const_markup_iterator& position, ustring_view text);
   xhtml_markup* copy_tree(const xhtml_markup& node);
-  void copy_children(const xhtml_element& source);
-  template <class Leaf>
-  Leaf* make_leaf(ustring_view text);
-  template <class Node, class... Arguments>
-  Node* make_node(std::size_t bytes, Arguments&&... arguments);
-  static void dispose(xhtml_markup* node, node_pool* pool) noexcept;
 
-  // Lets go of the children without visiting them: their pool goes as a whole.
+  // Forgets the children without visiting them: their pool is released as a whole.
   void abandon_children() noexcept { first_child_ = nullptr; }
 
-  xhtml_markup* first_child_ = nullptr;
   Tag_trait_handle trait_;
   attribute_map attributes_;
   style_map style_;
 };
+
+inline xhtml_element* xhtml_markup::as_element() {
+  return type_ == node_type::element ? static_cast<xhtml_element*>(this) : nullptr;
+}
+inline const xhtml_element* xhtml_markup::as_element() const {
+  return type_ == node_type::element ? static_cast<const xhtml_element*>(this) : nullptr;
+}
+
+inline node_place::node_place(xhtml_element& parent)
+    : pool_(parent.pool()), parent_(pool_ != nullptr ? &parent : nullptr) {}
 
 /// append_element where `parent` is an element; else the end of its list.
 markup_iterator append_element(xhtml_markup& parent, tag_id tag);

@@ -7,7 +7,7 @@ namespace Xport {
 
 /// A closing tag as the parser reads it. It lives only during parsing: it has no
 /// clone, no parent takes it, and it writes nothing.
-class xhtml_end_tag final : public xhtml_markup {
+class xhtml_end_tag : public xhtml_markup {
  public:
   /// Keeps `token` as it is. The element is looked up by the token without a
   /// leading "<", a "/" behind it and a trailing ">", whatever its case.

@@ -1,5 +1,6 @@
 #include "xport/markup/xhtml_markup.h"
 
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 
 namespace Xport {
@@ -7,18 +8,19 @@ namespace Xport {
 namespace {
 
 // What the end of a list and an invalid position lead to. It has nothing that
-// could be changed, so that all threads may share it.
+// could be changed, so that all threads may share it, and it is never destroyed, so
+// that positions may be used until the process ends.
 const xhtml_markup& no_node() {
-  static const xhtml_markup node;
-  return node;
-}
-
-const xhtml_markup* first_child(const xhtml_markup& node) {
-  return node.type() == node_type::element ? static_cast<const xhtml_element&>(node).first_child()
-                                           : nullptr;
+  alignas(xhtml_markup) static std::byte memory[sizeof(xhtml_markup)];
+  static const xhtml_markup* const node = ::new (memory) xhtml_markup;
+  return *node;
 }
 
 }  // namespace
+
+const std::type_info* const xhtml_markup::own_classes[6] = {
+    &typeid(xhtml_markup),  &typeid(xhtml_doctype_declaration),    &typeid(xhtml_element),
+    &typeid(xhtml_comment), &typeid(xhtml_processing_instruction), &typeid(xhtml_pcdata)};
 
 const xhtml_markup& const_markup_iterator::operator*() const {
   return cell_ != nullptr ? *cell_ : no_node();
@@ -47,12 +49,12 @@ const_markup_iterator const_markup_iterator::operator--(int) {
 }
 
 void const_markup_iterator::forward() {
-  if (owner_ != nullptr) cell_ = cell_ != nullptr ? cell_->next_ : first_child(*owner_);
+  if (owner_ != nullptr) cell_ = cell_ != nullptr ? cell_->next_ : owner_->first_child();
 }
 
 void const_markup_iterator::backward() {
   if (owner_ == nullptr) return;
-  const xhtml_markup* const first = first_child(*owner_);
+  const xhtml_markup* const first = owner_->first_child();
   if (cell_ == nullptr)
     cell_ = first != nullptr ? first->previous_ : nullptr;
   else
@@ -61,18 +63,70 @@ void const_markup_iterator::backward() {
 
 xhtml_markup::xhtml_markup() : xhtml_markup(node_type::none, sizeof(xhtml_markup)) {}
 
-xhtml_markup::xhtml_markup(const xhtml_markup& other) : xhtml_markup() { parent_ = other.parent_; }
-
-xhtml_markup::xhtml_markup(node_type type, std::size_t bytes)
-    : type_(type),
-      granules_(static_cast<std::uint16_t>(node_pool::round_up(bytes) / node_pool::granule)) {}
+xhtml_markup::xhtml_markup(const xhtml_markup& other) : xhtml_markup() {
+  parent_ = other.parent_;
+  copy_children(other);
+}
 
 xhtml_markup::xhtml_markup(const xhtml_markup& other, std::size_t bytes)
-    : parent_(other.parent_),
-      type_(other.type_),
-      granules_(static_cast<std::uint16_t>(node_pool::round_up(bytes) / node_pool::granule)) {}
+    : xhtml_markup(other.type_, bytes) {
+  parent_ = other.parent_;
+}
 
-xhtml_markup::~xhtml_markup() = default;
+xhtml_markup::~xhtml_markup() {
+  if (!holds_text()) delete_children();
+}
+
+// A tree with nodes from outside its pool has to be visited before the pool is destroyed.
+void xhtml_markup::note_adopted() noexcept {
+  xhtml_element* const element = as_element();
+  if (element != nullptr && element->pool() != nullptr) element->pool()->note_adopted();
+}
+
+// Walks the source by its own links, with `into` at the same place in the copy. All nodes
+// of the copy are made in one place. The clone of a derived class brings its children along.
+void xhtml_markup::copy_children(const xhtml_markup& source) {
+  xhtml_element* const element = as_element();
+  const node_place where = element != nullptr ? node_place(*element) : node_place();
+  xhtml_markup* into = this;
+  const xhtml_markup* from = source.first_child();
+  while (from != nullptr) {
+    const bool own = from->is_own_class();
+    xhtml_markup* const copy = own ? where.make_copy(*from) : from->clone();
+    if (copy != nullptr) into->link(copy, nullptr);
+    if (own && from->first_child() != nullptr) {
+      from = from->first_child();
+      into = copy;
+      continue;
+    }
+    while (from->next_ == nullptr && from->parent_ != &source) {
+      from = from->parent_;
+      into = into->parent_;
+    }
+    from = from->next_;
+  }
+}
+
+// Goes down to a leaf, deletes it, and goes on beside or above it; so a parent is a leaf
+// by the time it is deleted. A node of a derived class is deleted with its children.
+void xhtml_markup::delete_children() noexcept {
+  xhtml_markup* parent = this;
+  while (true) {
+    xhtml_markup* const node = parent->first_child_;
+    if (node == nullptr) {
+      if (parent == this) return;
+      parent = parent->parent_;
+      xhtml_markup* const emptied = parent->first_child_;
+      parent->first_child_ = emptied->next_;
+      delete emptied;
+    } else if (node->first_child() != nullptr && node->is_own_class()) {
+      parent = node;
+    } else {
+      parent->first_child_ = node->next_;
+      delete node;
+    }
+  }
+}
 
 markup_iterator xhtml_markup::adopt_child(xhtml_markup*) { return end(); }
 
@@ -147,12 +201,10 @@ void xhtml_markup::trim_trailing_space() {}
 
 bool xhtml_markup::can_contain(const xhtml_markup&) const { return false; }
 
-markup_iterator xhtml_markup::begin() {
-  return markup_iterator(const_cast<xhtml_markup*>(first_child(*this)), this);
-}
+markup_iterator xhtml_markup::begin() { return markup_iterator(first_child(), this); }
 
 const_markup_iterator xhtml_markup::begin() const {
-  return const_markup_iterator(first_child(*this), this);
+  return const_markup_iterator(first_child(), this);
 }
 
 }  // namespace Xport

@@ -3,18 +3,21 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <new>
+#include <typeinfo>
 
 #include "xport/markup/markup_iterator.h"
+#include "xport/markup/node_memory.h"
 #include "xport/markup/text_map.h"
 #include "xport/text/char16.h"
 #include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
 
-class xhtml_element;
+class text_leaf;
 class xhtml_writer;
 
-/// The numbers that xhtml_markup::node_kind() answers with.
+/// The numbers that xhtml_markup::node_kind() returns.
 enum class node_type : std::uint8_t {
   none = 0,  ///< xhtml_markup itself and xhtml_end_tag
   doctype = 1,
@@ -27,6 +30,15 @@ enum class node_type : std::uint8_t {
 /// The category of character data, among the values of `category`.
 inline constexpr std::uint32_t category_text = 4;
 
+/// Whether the dynamic class of `object` is the one that `own` describes, and none
+/// derived from it. Only then may a short way stand in for calls of its virtual
+/// operations. Addresses are compared: one comparison, and where a program holds two
+/// descriptions of one class the answer is false, which is the safe one.
+template <class Object>
+bool is_exactly(const Object& object, const std::type_info& own) noexcept {
+  return &typeid(object) == &own;
+}
+
 /// A node of a markup tree, and the one interface through which all nodes are
 /// used. Operations that make no sense for a kind of node have a harmless
 /// default: the end position, false, null, an empty text. A refusal is an answer
@@ -35,33 +47,55 @@ inline constexpr std::uint32_t category_text = 4;
 ///
 /// Ownership. A node owns its children. Trees are built from prototypes: a node
 /// made on the stack is passed by reference, a deep copy goes into the tree, and
-/// the returned position leads to the copy. Only adopt_child takes a node over.
-/// Children of nodes in an xhtml_doc live in that document's pool, others on the
-/// heap.
+/// the returned position leads to the copy. Only adopt_child takes ownership of an
+/// existing node. Nodes know how to give their memory back: `delete` is right for
+/// each, and so is std::unique_ptr.
 ///
 /// Text is taken as it stands, unit by unit. Operations that insert or store
-/// raise std::bad_alloc, and std::length_error for a text of 2^32 units or more;
+/// throw std::bad_alloc, and std::length_error for a text of 2^32 units or more;
 /// the tree is then as it was. (insert_range and insert_copies keep the copies
 /// that they had made by then.)
 ///
-/// The kinds of node are those of this library: a class of one's own is a node of
-/// no kind, which no parent takes.
+/// Derived classes. Hosts may derive from every class of nodes. A tree uses a node of
+/// such a class through its virtual operations alone: can_contain() asks it for
+/// category_flags(), node_kind(), tag_trait() and tag(), insertion and copying call its
+/// clone(), the writer calls its write(). What clone() returns belongs to the caller; a
+/// node whose clone() is null can't be inserted by copy, and is left out of the copy of
+/// its parent.
 ///
-/// No operation uses the machine stack by the depth of the tree.
+/// Depth. No operation uses the machine stack by the depth of a tree of our own
+/// classes. Copying, writing and deleting recurse once for each node of a derived class
+/// on the way down.
 class xhtml_markup {
  public:
   /// A node of no kind, without a parent.
   xhtml_markup();
 
-  /// A copy of what all nodes have in common: a node of no kind with the parent of
-  /// `other`. For a copy of the whole node see clone().
+  /// A node of no kind with the parent of `other` and copies of its children, as their
+  /// clone() makes them. What else `other` holds isn't copied: see clone().
   xhtml_markup(const xhtml_markup& other);
   xhtml_markup& operator=(const xhtml_markup&) = delete;
 
+  /// Deletes the children.
   virtual ~xhtml_markup();
 
-  /// Takes over `node`, made with new and in no tree, as the last child. If it
-  /// is refused, or null, the result is the end and it stays with the caller.
+  /// Destroys `node` and gives its memory back, wherever it was made.
+  static void operator delete(xhtml_markup* node, std::destroying_delete_t, std::size_t bytes,
+                              std::align_val_t alignment);
+
+  /// The heap, for `new`, and the way back for a constructor that throws.
+  static void* operator new(std::size_t bytes) { return ::operator new(bytes); }
+  static void* operator new(std::size_t bytes, std::align_val_t alignment) {
+    return ::operator new(bytes, alignment);
+  }
+  static void* operator new(std::size_t, void* memory) noexcept { return memory; }
+  static void operator delete(void* memory) { ::operator delete(memory); }
+  static void operator delete(void* memory, std::align_val_t alignment) {
+    ::operator delete(memory, alignment);
+  }
+
+  /// Takes ownership of `node`, which is in no tree, and appends it. If it is refused,
+  /// or null, the result is the end and it stays with the caller.
   virtual markup_iterator adopt_child(xhtml_markup* node);
 
   /// Inserts copies of the nodes from `first` up to `last` at `position`, each
@@ -85,8 +119,8 @@ class xhtml_markup {
   virtual markup_iterator append_text(ustring_view text);
   virtual markup_iterator append_copy(const xhtml_markup& node);
 
-  /// append_copy and append_text that give the node itself. Nodes that are a
-  /// text extend it.
+  /// append_copy, and append_text where text is accepted; both return the node itself.
+  /// Nodes that are a text extend it.
   virtual xhtml_markup& operator<<(const xhtml_markup& node);
   virtual xhtml_markup& operator<<(ustring_view text);
 
@@ -140,14 +174,14 @@ class xhtml_markup {
   virtual std::uint32_t content_flags() const;
 
   /// A deep copy on the heap, which the caller owns; null where there is none. Its
-  /// parent() is that of this node, which must live as long as the copy is written
-  /// or asked for it without having been inserted.
+  /// parent() is that of this node until it is inserted: don't write the copy, nor ask
+  /// for its parent, after that parent was deleted.
   virtual xhtml_markup* clone() const;
 
   /// Whether this is an element that takes no content.
   virtual bool is_empty_element() const;
 
-  /// The text that closes the element, empty where none does. Raises
+  /// The text that closes the element, empty where none does. Throws
   /// std::domain_error ("pTag_trait invlaid") for an element without a record.
   virtual ustring end_tag_text() const;
 
@@ -172,26 +206,53 @@ class xhtml_markup {
   markup_iterator end() { return markup_iterator(nullptr, this); }
   const_markup_iterator end() const { return const_markup_iterator(nullptr, this); }
 
-  /// The node that this one was inserted into, null if there was none. A copy
-  /// that is in no tree answers with the parent of what it was copied from.
+  /// The first and the last child, and the one after this node; null if there is none.
+  const xhtml_markup* first_child() const { return holds_text() ? nullptr : first_child_; }
+  xhtml_markup* first_child() { return holds_text() ? nullptr : first_child_; }
+  xhtml_markup* last_child();
+  const xhtml_markup* next_sibling() const { return next_; }
+
+  /// The node that this one was inserted into, null if there was none. The copy of a
+  /// node, while it is in no tree, has the parent of the original.
   const xhtml_markup* parent() const { return parent_; }
 
-  /// The same number as node_kind(), without a call.
+  /// Which of our classes the node is, or is derived from. Derived classes may return
+  /// another number from node_kind().
   node_type type() const { return type_; }
 
- protected:
-  /// For the kinds of node: `bytes` is the size of the object.
-  xhtml_markup(node_type type, std::size_t bytes);
+  /// Whether the class of this node is exactly that of its type(). A pool holds no others.
+  bool is_own_class() const noexcept {
+    return in_pool_ || is_exactly(*this, *own_classes[static_cast<std::size_t>(type_)]);
+  }
 
-  /// A copy of the node without its children, which isn't in a tree.
+  /// This node as the class that its type() names; null for other nodes.
+  inline xhtml_element* as_element();
+  inline const xhtml_element* as_element() const;
+  inline text_leaf* as_text();
+  inline const text_leaf* as_text() const;
+
+ protected:
+  /// For the classes of nodes: a node at `where` that takes `bytes` of memory.
+  xhtml_markup(node_type type, std::size_t bytes, const node_place& where = {});
+
+  /// A copy on the heap, of `bytes`, with the parent of `other` and without children.
   xhtml_markup(const xhtml_markup& other, std::size_t bytes);
 
  private:
   friend class const_markup_iterator;
-  friend class node_maker;
   friend class text_leaf;
   friend class xhtml_element;
-  friend class xhtml_writer;
+
+  // The class of each node_type.
+  static const std::type_info* const own_classes[6];
+
+  bool holds_text() const { return type_ > node_type::element || type_ == node_type::doctype; }
+
+  // The list of children.
+  void link(xhtml_markup* node, const xhtml_markup* before) noexcept;
+  void note_adopted() noexcept;
+  void copy_children(const xhtml_markup& source);
+  void delete_children() noexcept;
 
   // Siblings are linked both ways. The first child's `previous_` is the last
   // child, so that the parent needs one pointer only.
@@ -202,7 +263,49 @@ class xhtml_markup {
   bool in_pool_ : 1 = false;
   bool text_outside_ : 1 = false;  // see text_leaf
   std::uint16_t granules_;         // the node's memory, in granules of the pool
+  std::uint32_t text_size_ = 0;    // see text_leaf
+
+  // A node has children or a text, never both, so they share their place.
+  union {
+    xhtml_markup* first_child_ = nullptr;
+    char16* outside_text_;
+    char16 inside_text_[sizeof(void*) / sizeof(char16)];
+  };
 };
+
+inline xhtml_markup::xhtml_markup(node_type type, std::size_t bytes, const node_place& where)
+    : parent_(where.parent()),
+      type_(type),
+      in_pool_(where.pool() != nullptr),
+      granules_(static_cast<std::uint16_t>(node_pool::round_up(bytes) / node_pool::granule)) {}
+
+// Links `node` before `before`, or after the last child if that is null.
+inline void xhtml_markup::link(xhtml_markup* node, const xhtml_markup* before) noexcept {
+  node->parent_ = this;
+  if (!node->in_pool_) note_adopted();
+  if (first_child_ == nullptr) {
+    node->next_ = nullptr;
+    node->previous_ = node;
+    first_child_ = node;
+  } else if (before == nullptr) {
+    xhtml_markup* const last = first_child_->previous_;
+    node->next_ = nullptr;
+    node->previous_ = last;
+    last->next_ = node;
+    first_child_->previous_ = node;
+  } else {
+    xhtml_markup* const behind = const_cast<xhtml_markup*>(before);
+    node->next_ = behind;
+    node->previous_ = behind->previous_;
+    (behind == first_child_ ? first_child_ : behind->previous_->next_) = node;
+    behind->previous_ = node;
+  }
+}
+
+inline xhtml_markup* xhtml_markup::last_child() {
+  xhtml_markup* const first = first_child();
+  return first != nullptr ? first->previous_ : nullptr;
+}
 
 }  // namespace Xport
 

@@ -14,14 +14,47 @@ xhtml_writer::~xhtml_writer() {
   if (stream_mode != 1) delete stream;
 }
 
+// The outermost write fetches the character classes; those of nodes of derived classes
+// use them too.
+class xhtml_writer::operation {
+ public:
+  explicit operation(xhtml_writer& writer) : writer_(writer.classes_ ? nullptr : &writer) {
+    if (writer_ != nullptr) writer_->classes_.emplace();
+  }
+  operation(const operation&) = delete;
+  operation& operator=(const operation&) = delete;
+  ~operation() {
+    if (writer_ != nullptr) writer_->classes_.reset();
+  }
+
+ private:
+  xhtml_writer* writer_;
+};
+
+namespace {
+
+// What the tags of a derived element are made of, as its operations say, in the form of
+// a rule record. `name` keeps its name.
+Tag_trait asked_rules(const xhtml_element& element, ustring& name) {
+  name = element.tag_name();
+  Tag_trait rules{};
+  rules.id = element.tag();
+  rules.content_flags = element.is_empty_element() ? content_none : content_inline;
+  rules.name = name;
+  return rules;
+}
+
+}  // namespace
+
 void xhtml_writer::write(const xhtml_markup& node) {
-  if (node.type() != node_type::element) {
+  const operation scope(*this);
+  const xhtml_element* const element = node.as_element();
+  if (element == nullptr) {
     write_leaf(node);
     output_.drain();
     return;
   }
-  const auto& element = static_cast<const xhtml_element&>(node);
-  if (element.tag_trait()->get() != nullptr) write_tree(element);
+  if (element->xhtml_element::tag_trait()->get() != nullptr) write_tree(*element);
   output_.drain();
   stream->flush();
 }
@@ -29,72 +62,116 @@ void xhtml_writer::write(const xhtml_markup& node) {
 void xhtml_writer::write_byte_order_mark() {
   if (byte_order_mark == 2) output_.put(ustring_view(u"\uFEFF", 1));
   if (byte_order_mark == 3) output_.put(ustring_view(u"\0\uFEFF", 2));
+  output_.drain();
 }
 
-std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) const {
-  const tag_id tag = node.type() == node_type::element
-                         ? static_cast<const xhtml_element&>(node).rules().id
-                         : tag_id::invalid_tag;
-  if (tag != tag_id::invalid_tag) return layout_table[static_cast<std::size_t>(tag)];
-  switch (node.type()) {
-    case node_type::comment:
-    case node_type::pcdata:
+// Null is no element.
+inline tag_id xhtml_writer::tag_of(const xhtml_markup* node) {
+  if (node == nullptr) return tag_id::invalid_tag;
+  if (!node->is_own_class()) return node->tag();
+  const xhtml_element* const element = node->as_element();
+  return element != nullptr ? element->rules().id : tag_id::invalid_tag;
+}
+
+inline std::uint32_t xhtml_writer::layout_of(const Tag_trait& rules) const {
+  return rules.id != tag_id::invalid_tag ? layout_table[static_cast<std::size_t>(rules.id)]
+                                         : layout_block;
+}
+
+// Derived classes may return any number as their tag.
+inline std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) const {
+  const bool own = node.is_own_class();
+  const xhtml_element* const element = node.as_element();
+  if (own && element != nullptr) return layout_of(element->rules());
+  if (!own && static_cast<std::size_t>(node.tag()) < layout_table.size())
+    return layout_table[static_cast<std::size_t>(node.tag())];
+  switch (own ? static_cast<std::int32_t>(node.type()) : node.node_kind()) {
+    case static_cast<std::int32_t>(node_type::comment):
+    case static_cast<std::int32_t>(node_type::pcdata):
       return layout_inline;
-    case node_type::doctype:
+    case static_cast<std::int32_t>(node_type::doctype):
       return layout_break_behind_start;
     default:
       return layout_block;
   }
 }
 
-// Walks the tree by its own links: all that a level needs when its child is done
-// follows from the two nodes.
-void xhtml_writer::write_tree(const xhtml_element& top) {
-  const xhtml_element* element = &top;
-  std::uint32_t layout = layout_of(top);
-  bool at_line_start = write_start(top, layout);
-  const xhtml_markup* child = top.first_child();
-  while (true) {
-    if (child != nullptr) {
-      const std::uint32_t child_layout = layout_of(*child);
-      write_lead_in(layout, child_layout, at_line_start);
-      shift_level(layout, 1);
-      if (child->type() == node_type::element) {
-        element = static_cast<const xhtml_element*>(child);
-        layout = child_layout;
-        at_line_start = write_start(*element, layout);
-        child = element->first_child();
-        continue;
-      }
-      write_leaf(*child);
-      at_line_start = (child_layout & layout_break_behind_end) != 0;
-    } else {
-      write_end(*element, layout, at_line_start);
-      if (element == &top) return;
-      at_line_start = (layout & layout_break_behind_end) != 0;
-      child = element;
-      element = static_cast<const xhtml_element*>(element->parent());
-      layout = layout_of(*element);
-    }
-    shift_level(layout, -1);
-    child = child->next_;
+// Brings a child to its place. The column grows by one level's blanks more than
+// are written where the parent isn't a block.
+inline void xhtml_writer::write_lead_in(std::uint32_t parent_layout, std::uint32_t child_layout,
+                                        bool at_line_start) {
+  const bool on_own_line = (child_layout & layout_break_before_start) != 0;
+  if (!at_line_start && on_own_line) break_line();
+  if (on_own_line || (at_line_start && parent_layout != layout_preformatted)) {
+    output_.put_blanks(blanks_at(indent_level + (parent_layout == layout_block ? 1 : 0)));
+    column += static_cast<std::uint64_t>(blanks_at(indent_level + 1));
   }
 }
 
-// Answers whether the content starts on a line of its own. The document root has
+// Walks the tree by its own links: all that a level needs when its child is done
+// follows from the two nodes. Only `top` and leaves may be of derived classes; a derived
+// element below `top` is a leaf here, which writes what is below it.
+void xhtml_writer::write_tree(const xhtml_element& top) {
+  ustring top_name;
+  std::optional<Tag_trait> asked;
+  if (!top.is_own_class()) asked = asked_rules(top, top_name);
+  const Tag_trait& top_rules = asked ? *asked : top.rules();
+  const std::uint32_t top_layout = layout_of(top);
+
+  const xhtml_element* element = &top;
+  std::uint32_t layout = top_layout;
+  bool at_line_start = write_start(top, top_rules, layout);
+  const xhtml_markup* child = top.first_child();
+  while (true) {
+    if (child != nullptr) {
+      const bool own = child->is_own_class();
+      const xhtml_element* const inner = own ? child->as_element() : nullptr;
+      const std::uint32_t child_layout =
+          inner != nullptr ? layout_of(inner->rules()) : layout_of(*child);
+      write_lead_in(layout, child_layout, at_line_start);
+      shift_level(layout, 1);
+      if (inner != nullptr) {
+        element = inner;
+        layout = child_layout;
+        at_line_start = write_start(*element, element->rules(), layout);
+        child = element->first_child();
+        continue;
+      }
+      if (own) {
+        write_leaf(*child);
+      } else {
+        output_.drain();
+        child->write(*this);
+      }
+      at_line_start = (child_layout & layout_break_behind_end) != 0;
+    } else {
+      if (element == &top) return write_end(top, top_rules, layout, at_line_start);
+      write_end(*element, element->rules(), layout, at_line_start);
+      at_line_start = (layout & layout_break_behind_end) != 0;
+      child = element;
+      element = element->parent()->as_element();
+      layout = element == &top ? top_layout : layout_of(element->rules());
+    }
+    shift_level(layout, -1);
+    child = child->next_sibling();
+  }
+}
+
+// Returns whether the content starts on a line of its own. The document root has
 // no tags.
-bool xhtml_writer::write_start(const xhtml_element& element, std::uint32_t layout) {
-  if (element.rules().id == tag_id::doc_root) {
+bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& rules,
+                               std::uint32_t layout) {
+  if (rules.id == tag_id::doc_root) {
     indent_level = -1;
     return true;
   }
   if (indent_level < 0) indent_level = 0;
   output_.put(u'<');
-  output_.put(element.rules().name);
-  column += 1 + element.rules().name.size();
+  output_.put(rules.name);
+  column += 1 + rules.name.size();
   write_attributes(element);
-  if (!element.style_properties()->empty()) write_style(element);
-  if (takes_nothing(element.rules())) {
+  if (!element.xhtml_element::style_properties()->empty()) write_style(element);
+  if (takes_nothing(rules)) {
     output_.put(u'/');
     ++column;
   }
@@ -106,7 +183,7 @@ bool xhtml_writer::write_start(const xhtml_element& element, std::uint32_t layou
 }
 
 void xhtml_writer::write_attributes(const xhtml_element& element) {
-  for (const auto& [attribute, value] : *element.attributes()) {
+  for (const auto& [attribute, value] : *element.xhtml_element::attributes()) {
     const ustring_view name = xhtml_strict::attribute_name(attribute);
     const std::size_t length = 3 + name.size() + equals_length() + value.size();
     if (exceeds_line(length)) wrap(blanks_at(indent_level));
@@ -126,7 +203,7 @@ void xhtml_writer::write_style(const xhtml_element& element) {
   put_equals_and_quote();
   column += 6 + equals_length();
   bool first = true;
-  for (const auto& [property, value] : *element.style_properties()) {
+  for (const auto& [property, value] : *element.xhtml_element::style_properties()) {
     const ustring_view name = xhtml_strict::css_property_name(property);
     const std::size_t length = (first ? 0 : 1) + name.size() + 2 + value.size() + 1;
     if (exceeds_line(length)) wrap(blanks_at(indent_level));
@@ -142,40 +219,45 @@ void xhtml_writer::write_style(const xhtml_element& element) {
   ++column;
 }
 
-// Brings a child to its place. The column grows by one level's blanks more than
-// are written where the parent isn't a block.
-void xhtml_writer::write_lead_in(std::uint32_t parent_layout, std::uint32_t child_layout,
-                                 bool at_line_start) {
-  const bool on_own_line = (child_layout & layout_break_before_start) != 0;
-  if (!at_line_start && on_own_line) break_line();
-  if (on_own_line || (at_line_start && parent_layout != layout_preformatted)) {
-    output_.put_blanks(blanks_at(indent_level + (parent_layout == layout_block ? 1 : 0)));
-    column += static_cast<std::uint64_t>(blanks_at(indent_level + 1));
-  }
-}
-
-void xhtml_writer::write_end(const xhtml_element& element, std::uint32_t layout,
-                             bool at_line_start) {
-  if (element.rules().id == tag_id::doc_root) return;
+void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rules,
+                             std::uint32_t layout, bool at_line_start) {
+  if (rules.id == tag_id::doc_root) return;
   const bool on_own_line = (layout & layout_break_before_end) != 0 || layout == layout_preformatted;
   if (!at_line_start && on_own_line) break_line();
-  if (takes_nothing(element.rules())) return;
-  const ustring_view name = element.rules().name;
+  if (takes_nothing(rules)) return;
+  const bool own = element.is_own_class();
+  if (!own) end_tag_ = element.end_tag_text();
+  const std::size_t length = own ? 3 + rules.name.size() : end_tag_.size();
   if (on_own_line) {
     indent(blanks_at(indent_level));
   } else {
-    if (exceeds_line(3 + name.size())) break_line();
+    if (exceeds_line(length)) break_line();
     if (column == 0 && tag_of(element.parent()) != tag_id::pre) indent(blanks_at(indent_level));
   }
-  output_.put(u"</");
-  output_.put(name);
-  output_.put(u'>');
-  column += 3 + name.size();
+  if (own) {
+    output_.put(u"</");
+    output_.put(rules.name);
+    output_.put(u'>');
+  } else {
+    output_.put(end_tag_);
+  }
+  column += length;
   if ((layout & layout_break_behind_end) != 0) break_line();
 }
 
+inline void xhtml_writer::write_text(ustring_view text, const xhtml_markup* parent) {
+  const tag_id tag = tag_of(parent);
+  const std::int64_t level = tag == tag_id::pre ? 0 : std::max<std::int64_t>(indent_level, 0);
+  const bool as_it_stands = max_line_length == 0 || tag == tag_id::script || tag == tag_id::style ||
+                            (parent != nullptr && layout_of(*parent) == layout_preformatted);
+  if (as_it_stands)
+    put_lines(text, blanks_at(level));
+  else
+    put_wrapped(text, blanks_at(level));
+}
+
 void xhtml_writer::write_leaf(const xhtml_markup& node) {
-  const auto text = [&node] { return static_cast<const text_leaf&>(node).text(); };
+  const auto text = [&node] { return node.as_text()->text(); };
   switch (node.type()) {
     case node_type::pcdata:
       write_text(text(), node.parent());
@@ -199,17 +281,6 @@ void xhtml_writer::write_leaf(const xhtml_markup& node) {
   }
 }
 
-void xhtml_writer::write_text(ustring_view text, const xhtml_markup* parent) {
-  const tag_id tag = tag_of(parent);
-  const std::int64_t level = tag == tag_id::pre ? 0 : std::max<std::int64_t>(indent_level, 0);
-  const bool as_it_stands = max_line_length == 0 || tag == tag_id::script || tag == tag_id::style ||
-                            (parent != nullptr && layout_of(*parent) == layout_preformatted);
-  if (as_it_stands)
-    put_lines(text, blanks_at(level));
-  else
-    put_wrapped(text, blanks_at(level));
-}
-
 // A run of white space becomes its first unit, with the indentation behind it once
 // for each line feed in the run.
 void xhtml_writer::write_comment(ustring_view text) {
@@ -219,17 +290,13 @@ void xhtml_writer::write_comment(ustring_view text) {
     const std::size_t first = i++;
     output_.put(text[first]);
     ++column;
-    if (!classes_.is_space(text[first])) continue;
-    while (i < text.size() && classes_.is_space(text[i])) ++i;
+    if (!classes_->is_space(text[first])) continue;
+    while (i < text.size() && classes_->is_space(text[i])) ++i;
     for (std::size_t k = first; k < i; ++k)
       if (text[k] == u'\n') indent(blanks_at(indent_level));
   }
   output_.put(u" -->");
   column += 4;
-}
-
-tag_id xhtml_writer::tag_of(const xhtml_markup* node) {
-  return node != nullptr ? node->tag() : tag_id::invalid_tag;
 }
 
 }  // namespace Xport

@@ -3,15 +3,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "xport/markup/layout_table.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
 #include "xport/text/unit_output.h"
+#include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
 
-class text_leaf;
 class xhtml_element;
 class xhtml_markup;
 
@@ -27,8 +28,14 @@ class xhtml_markup;
 /// A writer is made for one output. Its options are the fields, to be set before
 /// the first write. What is written is on the stream when the call of a node's
 /// `write` returns; in between it goes out in blocks of 64 KiB. The stream isn't
-/// looked at: failures show in its state. Memory and machine stack don't grow
-/// with the depth of the tree.
+/// looked at: failures show in its state. What white space is, the global locale at
+/// the start of each write() says.
+///
+/// A node of a derived class is written by its own `write`, which finds the fields as the
+/// layout has brought them, and all that was written before it on the stream. It may
+/// write to the stream itself, and call write() for nodes of its own. Memory and machine
+/// stack don't grow with the depth of a tree of our own classes; each node of a derived
+/// class on the way down takes a few hundred bytes of the stack.
 class xhtml_writer {
  public:
   using stream_type = unit_output::stream_type;
@@ -56,23 +63,26 @@ class xhtml_writer {
   /// What the `write` operations of the nodes call.
   void write(const xhtml_markup& node);
 
- private:
-  friend class xhtml_doc;
-
+  /// Writes the mark that `byte_order_mark` asks for.
   void write_byte_order_mark();
+
+ private:
+  class operation;
 
   // The tree.
   static tag_id tag_of(const xhtml_markup* node);
   std::uint32_t layout_of(const xhtml_markup& node) const;
+  std::uint32_t layout_of(const Tag_trait& rules) const;
   void shift_level(std::uint32_t parent_layout, int by) {
     if (parent_layout == layout_block) indent_level = static_cast<std::int16_t>(indent_level + by);
   }
   void write_tree(const xhtml_element& top);
-  bool write_start(const xhtml_element& element, std::uint32_t layout);
+  bool write_start(const xhtml_element& element, const Tag_trait& rules, std::uint32_t layout);
   void write_attributes(const xhtml_element& element);
   void write_style(const xhtml_element& element);
   void write_lead_in(std::uint32_t parent_layout, std::uint32_t child_layout, bool at_line_start);
-  void write_end(const xhtml_element& element, std::uint32_t layout, bool at_line_start);
+  void write_end(const xhtml_element& element, const Tag_trait& rules, std::uint32_t layout,
+                 bool at_line_start);
   void write_leaf(const xhtml_markup& node);
   void write_text(ustring_view text, const xhtml_markup* parent);
   void write_comment(ustring_view text);
@@ -88,7 +98,12 @@ class xhtml_writer {
     output_.put(u'\n');
     column = 0;
   }
-  void indent(std::int64_t blanks);
+
+  // The column is the number as it is: a negative one wraps, and decides where lines wrap.
+  void indent(std::int64_t blanks) {
+    output_.put_blanks(blanks);
+    column = static_cast<std::uint64_t>(blanks);
+  }
   void wrap(std::int64_t blanks);
   char16 quote() const { return double_quotes ? u'"' : u'\''; }
   std::size_t equals_length() const { return spaced_equals ? 3 : 1; }
@@ -100,7 +115,8 @@ class xhtml_writer {
     output_.put(quote());
   }
 
-  character_classes classes_;
+  std::optional<character_classes> classes_;  // during a write
+  ustring end_tag_;                           // of a derived element
   unit_output output_;
 };
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "xport/markup/leaf_nodes.h"
 #include "xport/parser/take_until.h"
 #include "xport/parser/xhtml_parser.h"
 
@@ -17,6 +18,7 @@ char16 next_or(unit_input in, char16 stale) {
 }  // namespace
 
 xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
+  const operation scope(*this);
   unit_input in = units();
   in.advance();
   if (in.at_end()) {
@@ -44,10 +46,11 @@ xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
     append_run({&unit, 1});
     in.advance();
   }
-  return nodes_.comment(text_, classes_);
+  return nodes_.make_leaf<xhtml_comment>(xhtml_comment::body(text_, *classes_));
 }
 
 xhtml_markup* xhtml_parser::read_processing_instruction() {
+  const operation scope(*this);
   unit_input in = units();
   text_.clear();
   while (true) {
@@ -64,7 +67,8 @@ xhtml_markup* xhtml_parser::read_processing_instruction() {
     in.advance();
   }
   last_tag = tag_id::invalid_tag;
-  return nodes_.processing_instruction(text_, classes_);
+  return nodes_.make_leaf<xhtml_processing_instruction>(
+      xhtml_processing_instruction::body(text_, *classes_));
 }
 
 ustring xhtml_parser::read_declaration(ustring_view prefix) {

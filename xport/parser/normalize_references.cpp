@@ -128,7 +128,8 @@ class reference_scan {
 }  // namespace
 
 void xhtml_parser::normalize_references(ustring& text) {
-  reference_scan scan(*this, classes_, text);
+  const operation fetched(*this);
+  reference_scan scan(*this, *classes_, text);
   if (scan.run()) text = scan.take();
 }
 

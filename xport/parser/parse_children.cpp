@@ -2,6 +2,7 @@
 #include <typeinfo>
 
 #include "xport/markup/containment.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/xhtml_parser.h"
 
@@ -10,86 +11,104 @@ namespace Xport {
 namespace {
 
 bool takes_content(const xhtml_markup& node) {
-  if (node.type() == node_type::element) {
-    const Tag_trait& rules = static_cast<const xhtml_element&>(node).rules();
-    return rules.id != tag_id::invalid_tag && !takes_nothing(rules);
+  if (node.is_own_class()) {
+    const xhtml_element* const element = node.as_element();
+    return element != nullptr && element->rules().id != tag_id::invalid_tag &&
+           !takes_nothing(element->rules());
   }
   return !node.is_empty_element() && node.tag() != tag_id::invalid_tag &&
          node.category_flags() != category_text;
 }
 
-// For nodes of the tree that is being filled.
-xhtml_markup* parent_of(const xhtml_markup& node) {
-  return const_cast<xhtml_markup*>(node.parent());
-}
-
 }  // namespace
 
-// Nodes are made where they were made before, once this is gone.
+// Makes nodes in the memory of the tree of `receiver` while it lives.
 class xhtml_parser::tree_scope {
  public:
-  explicit tree_scope(xhtml_parser& parser) : parser_(parser), before_(parser.nodes_) {}
+  tree_scope(xhtml_parser& parser, xhtml_element& receiver)
+      : parser_(parser), before_(parser.nodes_) {
+    parser_.nodes_ = node_place(receiver);
+  }
   tree_scope(const tree_scope&) = delete;
   tree_scope& operator=(const tree_scope&) = delete;
   ~tree_scope() { parser_.nodes_ = before_; }
 
  private:
   xhtml_parser& parser_;
-  node_maker before_;
+  node_place before_;
 };
 
-// `parent` is the innermost open element. Those above it are its parents up to
-// `receiver`: the tree itself is the stack. The node in hand, `current`, is null where
-// the next one has yet to be read, or the input has ended.
-xhtml_markup* xhtml_parser::parse_children(xhtml_markup* receiver) {
-  if (!takes_content(*receiver)) return nullptr;
-  const tree_scope scope(*this);
-  // What readers of a derived class make mustn't be passed by.
-  const bool own_readers = typeid(*this) == typeid(xhtml_parser);
-  xhtml_markup* parent = receiver;
-  held_node current(read_child(parent));
+xhtml_markup* xhtml_parser::parse_children(xhtml_markup* parent) {
+  if (!takes_content(*parent)) return nullptr;
+  const operation scope(*this);
+  const bool own = is_exactly(*this, typeid(xhtml_parser)) && parent->is_own_class();
+  return own ? fill(*parent->as_element()) : fill_by_calls(*parent);
+}
+
+// Each open element is a call of parse_children. The node in hand, `current`, is null
+// where the next one has yet to be read.
+xhtml_markup* xhtml_parser::fill_by_calls(xhtml_markup& parent) {
+  held_node current(read_next(&parent));
+  while (current != nullptr) {
+    xhtml_markup* child = nullptr;
+    const bool finished =
+        current->is_end_tag() ? close(parent, current) : adopt(parent, current, child);
+    if (finished) break;
+    if (child != nullptr) current.reset(parse_children(child));
+    if (current == nullptr) current.reset(read_next(&parent));
+  }
+  return current.release();
+}
+
+// The short way, where nothing is overridden: one call fills all open elements, and the
+// nodes are made in the tree's own memory. `parent` is the innermost open element. Those
+// above it are its parents up to `receiver`: the tree itself is the stack.
+xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
+  const tree_scope scope(*this, receiver);
+  xhtml_element* parent = &receiver;
+  const auto go_up = [&parent] {
+    parent = const_cast<xhtml_element*>(parent->parent()->as_element());
+  };
+  held_node current(xhtml_parser::read_next(parent));
   while (true) {
-    const bool finished = current == nullptr || (current->is_end_tag() ? close(*parent, current)
-                                                                       : place(parent, current));
+    xhtml_markup* child = nullptr;
+    const bool finished =
+        current == nullptr ||
+        (current->is_end_tag() ? close(*parent, current) : adopt(*parent, current, child));
     if (finished) {
-      if (parent == receiver) return node_maker::move_to_heap(current.release());
-      parent = parent_of(*parent);
+      if (parent == &receiver) return current.release();
+      go_up();
+    } else if (child != nullptr && takes_content(*child)) {
+      parent = child->as_element();
     }
-    while (own_readers && current == nullptr && parent != receiver && take_plain_end_tag(*parent))
-      parent = parent_of(*parent);
-    if (current == nullptr) current.reset(read_child(parent));
+    while (current == nullptr && parent != &receiver && take_plain_end_tag(*parent)) go_up();
+    if (current == nullptr) current.reset(xhtml_parser::read_next(parent));
   }
 }
 
-// The next node, made where the content of `parent` lives: that is on the heap for an
-// element from there, which a derived class may have put into a tree with a pool.
-xhtml_markup* xhtml_parser::read_child(xhtml_markup* parent) {
-  const bool is_element = parent->type() == node_type::element;
-  nodes_ = node_maker(is_element ? static_cast<xhtml_element*>(parent) : nullptr);
-  return read_next(parent);
-}
-
-// Puts `current` into `parent`, and goes down into it if it takes content. True if the
-// node ends `parent`, whose own parent has to deal with it.
-bool xhtml_parser::place(xhtml_markup*& parent, held_node& current) {
-  if (current->type() == node_type::element) report_encounter(*current, level_trace_elements);
-  const bool preformatted = parent->tag() == tag_id::pre;
-  const bool adopted = parent->adopt_child(current.get()).cell() != nullptr;
-  xhtml_markup* const node = adopted ? current.release() : current.get();
-  if (preformatted) {
+// Offers `current` to `parent`. If it is adopted, `child` leads to it. True if the node
+// ends `parent`, whose own parent has to deal with it.
+bool xhtml_parser::adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child) {
+  if (reports(level_trace_elements) &&
+      current->node_kind() == static_cast<std::int32_t>(node_type::element))
+    report_encounter(*current, level_trace_elements);
+  xhtml_markup* const adopted = parent.adopt_child(current.get()).cell();
+  if (adopted != nullptr) current.release();
+  if (parent.tag() == tag_id::pre) {
     // The reader of the text has used the end tag up.
     current.reset(new xhtml_end_tag(u"<pre>"));
     return false;
   }
-  if (adopted) {
-    if (takes_content(*node)) parent = node;
-    return false;
-  }
+  child = adopted;
+  if (adopted != nullptr) return false;
   bool passes_up = false;
-  if (node->tag() != tag_id::invalid_tag) {
-    const xhtml_markup* const above = parent->parent();
-    passes_up = above != nullptr && above->can_contain(*node);
-    report_refusal(*parent, *node, passes_up);
+  if (current->tag() != tag_id::invalid_tag) {
+    const xhtml_markup* const above = parent.parent();
+    // What is shown outside the tree must not be in its memory.
+    if (above != nullptr && &parent == nodes_.parent())
+      current.reset(node_place().make_copy(*current));
+    passes_up = above != nullptr && above->can_contain(*current);
+    report_refusal(parent, *current, passes_up);
   }
   if (!passes_up) current.reset();
   return passes_up;
@@ -114,10 +133,9 @@ bool xhtml_parser::close(xhtml_markup& parent, held_node& current) {
 // Takes the end tag of `parent` where it is next, spelled as the element's name is and
 // whole in the input's window. That is how most elements end; it spares a node. False,
 // with nothing taken, for all else.
-bool xhtml_parser::take_plain_end_tag(xhtml_markup& parent) {
-  if (parent.type() != node_type::element || reports(level_trace_end_tags) || !input->good())
-    return false;
-  const Tag_trait& rules = static_cast<xhtml_element&>(parent).rules();
+bool xhtml_parser::take_plain_end_tag(xhtml_element& parent) {
+  if (reports(level_trace_end_tags) || !input->good()) return false;
+  const Tag_trait& rules = parent.rules();
   if (rules.id == tag_id::pre) return false;
   unit_input in = units();
   const ustring_view window = in.window();
@@ -133,11 +151,13 @@ bool xhtml_parser::take_plain_end_tag(xhtml_markup& parent) {
 }
 
 void xhtml_parser::trim_last_text(xhtml_markup& parent) {
-  if (parent.type() != node_type::element) return;
-  xhtml_element& element = static_cast<xhtml_element&>(parent);
-  xhtml_markup* const last = element.last_child();
-  if (last != nullptr && last->type() == node_type::pcdata && element.rules().id != tag_id::style)
-    static_cast<xhtml_pcdata*>(last)->trim_trailing_space(classes_);
+  xhtml_markup* const last = parent.last_child();
+  if (last == nullptr || parent.tag() == tag_id::style) return;
+  if (!last->is_own_class()) {
+    if (last->category_flags() == category_text) last->trim_trailing_space();
+  } else if (last->type() == node_type::pcdata) {
+    last->as_text()->trim_right(*classes_);
+  }
 }
 
 }  // namespace Xport

@@ -1,6 +1,7 @@
 #include <optional>
 #include <sstream>
 
+#include "xport/markup/leaf_nodes.h"
 #include "xport/parser/take_until.h"
 #include "xport/parser/text_space.h"
 #include "xport/parser/xhtml_parser.h"
@@ -27,6 +28,7 @@ ustring rewritten_stylesheet(const ustring& text) {
 }  // namespace
 
 xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& prefix) {
+  const operation scope(*this);
   const tag_id tag = parent->tag();
   if (tag == tag_id::pre) return read_preformatted();
   const bool plain = tag != tag_id::script && tag != tag_id::style;
@@ -38,21 +40,22 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
   else
     text_ = prefix;
   gather_text(tag);
-  normalize_trailing_space(text_, classes_);
+  normalize_trailing_space(text_, *classes_);
   if (text_.empty()) return make_text(parent, text_);
   // What is rewritten is a text even if nothing is left of it.
   if (plain && normalize_text) normalize_references(text_);
   if (tag == tag_id::style) text_ = rewritten_stylesheet(text_);
   last_tag = tag_id::invalid_tag;
-  return nodes_.pcdata(text_);
+  return nodes_.make_leaf<xhtml_pcdata>(text_);
 }
 
 bool xhtml_parser::skip_leading_space() {
+  const operation scope(*this);
   unit_input in = units();
   bool any = false;
   bool newline = false;
   for (ustring_view window = in.window(); !window.empty(); window = in.window()) {
-    const leading_space space = find_leading_space(window, classes_);
+    const leading_space space = find_leading_space(window, *classes_);
     in.advance(space.count);
     line += space.newlines;
     any = any || space.count != 0;
@@ -70,10 +73,10 @@ std::optional<ustring_view> xhtml_parser::take_plain_text() {
   const ustring_view window = in.window();
   std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(window);
   if (count == window.size()) return {};
-  const trailing_space end = find_trailing_space(window.substr(0, count), classes_);
+  const trailing_space end = find_trailing_space(window.substr(0, count), *classes_);
   bool blank = end.blank;
   if (window[count] == u'\n' && folds_newlines()) {
-    const leading_space space = find_leading_space(window.substr(count), classes_);
+    const leading_space space = find_leading_space(window.substr(count), *classes_);
     count += space.count;
     if (count == window.size() || window[count] != u'<') return {};
     line += space.newlines;
@@ -120,7 +123,7 @@ void xhtml_parser::gather_text(tag_id parent) {
 // kept; the white space behind it goes in any case.
 void xhtml_parser::gather_newline(bool script) {
   if (folds_newlines() && !script) {
-    trim_right(text_, classes_);
+    trim_right(text_, *classes_);
     text_ += u' ';
   } else {
     text_ += u'\n';
@@ -132,12 +135,13 @@ void xhtml_parser::gather_newline(bool script) {
 
 xhtml_markup* xhtml_parser::make_text(xhtml_markup* parent, ustring_view text) {
   last_tag = tag_id::invalid_tag;
-  return text.empty() ? read_next(parent) : nodes_.pcdata(text);
+  return text.empty() ? read_next(parent) : nodes_.make_leaf<xhtml_pcdata>(text);
 }
 
 // The end tag is looked for by its text, and nothing else is markup. Newlines aren't
 // counted.
 xhtml_markup* xhtml_parser::read_preformatted() {
+  const operation scope(*this);
   constexpr ustring_view end_tag = u"</pre>";
   unit_input in = units();
   text_.clear();
@@ -147,14 +151,14 @@ xhtml_markup* xhtml_parser::read_preformatted() {
     if (in.at_end()) break;
     for (matched = 0; matched != end_tag.size() && !in.at_end(); ++matched) {
       const char16 unit = in.peek();
-      if (classes_.to_lower(unit) != end_tag[matched]) break;
+      if (classes_->to_lower(unit) != end_tag[matched]) break;
       text_ += unit;
       in.advance();
     }
   }
   if (matched == end_tag.size()) text_.resize(text_.size() - matched);
   last_tag = tag_id::doc_root;
-  return nodes_.pcdata(text_);
+  return nodes_.make_leaf<xhtml_pcdata>(text_);
 }
 
 }  // namespace Xport

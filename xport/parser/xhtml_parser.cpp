@@ -1,5 +1,7 @@
 #include "xport/parser/xhtml_parser.h"
 
+#include "xport/markup/leaf_nodes.h"
+
 namespace Xport {
 
 xhtml_parser::~xhtml_parser() {
@@ -25,7 +27,7 @@ xhtml_markup* xhtml_parser::read_markup(xhtml_markup* parent) {
       in.advance();
       if (in.peek() == u'-') return read_comment(parent);
       read_declaration(u"<");
-      return nodes_.doctype();
+      return nodes_.make_leaf<xhtml_doctype_declaration>({});
     case u'?':
       in.advance();
       return read_processing_instruction();

@@ -7,7 +7,7 @@
 #include <optional>
 #include <ostream>
 
-#include "xport/markup/node_maker.h"
+#include "xport/markup/node_memory.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/parser/character_reference.h"
 #include "xport/text/char16.h"
@@ -34,13 +34,18 @@ enum message_level : std::uint32_t {
 /// one page and one thread.
 ///
 /// The readers take units from the input's stream buffer, past the stream's state. Each
-/// leaves the cursor behind what it used, and calls the others through the virtual
-/// table, so that a derived class can put one of its own in their place.
+/// leaves the cursor after what it used, and calls the others through the virtual
+/// table, so that a derived class can put one of its own in their place. What the
+/// classes of characters are, the global locale at the start of parse_children() says, or
+/// of a reader that is called outside of it.
 ///
-/// Who owns a node that a reader gave: its caller. While parse_children runs, the nodes
-/// of elements' content are made in the memory of the tree they are meant for: such a node
-/// is returned as it is or given to discard(), and goes into no other tree. Outside
-/// parse_children nodes are made with new, as are those that a derived class makes.
+/// The caller owns a node that a reader returned. The node has no parent; it may be
+/// deleted, and adopted by any element of any tree.
+///
+/// Depth. A parser of this class, filling an element of our own class, takes no machine
+/// stack by the depth of the page. A derived parser, or a receiver of a derived class,
+/// is used as its virtual operations say: parse_children() is called for each node that
+/// was adopted, and so takes some of the stack for each open element.
 ///
 /// What passes through: the exceptions of memory, of the stream buffer and of the message
 /// stream, and std::domain_error ("pTag_trait invlaid") where an element without a
@@ -59,10 +64,8 @@ class xhtml_parser {
   virtual ~xhtml_parser();
 
   /// Fills `parent` from the input up to its end tag, or to the end of the input.
-  /// A result that isn't null is a node on the heap which `parent` couldn't use and its
-  /// own parent can; the caller owns it. Takes time linear in the input, and no
-  /// machine stack by the depth of the page: one call fills all open elements, so that a
-  /// derived class isn't called for those below `parent`.
+  /// A result that isn't null is a node which `parent` couldn't use and its own parent
+  /// can; the caller owns it. Takes time linear in the input.
   virtual xhtml_markup* parse_children(xhtml_markup* parent);
 
   /// Rewrites each spelling of a character in `text` to the preferred one, by the
@@ -124,16 +127,10 @@ class xhtml_parser {
   references_by_name by_name;
   references_by_code references;  ///< the master table
 
- protected:
-  /// Deletes a node that a reader gave and no tree took. Null is ignored.
-  static void discard(xhtml_markup* node) noexcept { node_maker::discard(node); }
-
  private:
+  class operation;
   class tree_scope;
-  struct discarder {
-    void operator()(xhtml_markup* node) const noexcept { discard(node); }
-  };
-  using held_node = std::unique_ptr<xhtml_markup, discarder>;
+  using held_node = std::unique_ptr<xhtml_markup>;
 
   unit_input units() const { return unit_input(input != nullptr ? input->rdbuf() : nullptr); }
   bool reports(std::uint32_t level) const {
@@ -143,10 +140,11 @@ class xhtml_parser {
   void report_encounter(const xhtml_markup& node, std::uint32_t level);
   void report_refusal(const xhtml_markup& parent, const xhtml_markup& refused, bool passes_up);
   void report_mismatch(const xhtml_markup& parent, const xhtml_markup& end_tag, bool passes_up);
-  xhtml_markup* read_child(xhtml_markup* parent);
-  bool place(xhtml_markup*& parent, held_node& current);
+  xhtml_markup* fill(xhtml_element& receiver);
+  xhtml_markup* fill_by_calls(xhtml_markup& parent);
+  bool adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child);
   bool close(xhtml_markup& parent, held_node& current);
-  bool take_plain_end_tag(xhtml_markup& parent);
+  bool take_plain_end_tag(xhtml_element& parent);
   void trim_last_text(xhtml_markup& parent);
 
   // Outside `script`, which keeps its newlines.
@@ -158,10 +156,27 @@ class xhtml_parser {
   void gather_newline(bool script);
   xhtml_markup* make_text(xhtml_markup* parent, ustring_view text);
 
-  character_classes classes_;
-  node_maker nodes_;  // for the element that parse_children fills
-  ustring gathered_;  // what isn't whole in the input's window
-  ustring text_;      // a text that is being read
+  std::optional<character_classes> classes_;  // while something is read
+  node_place nodes_;                          // where readers make nodes
+  ustring gathered_;                          // what isn't whole in the input's window
+  ustring text_;                              // a text that is being read
+};
+
+/// One call from outside: while it lasts, the character classes are those of the global
+/// locale at its start. Inside another operation it does nothing.
+class xhtml_parser::operation {
+ public:
+  explicit operation(xhtml_parser& parser) : parser_(parser.classes_ ? nullptr : &parser) {
+    if (parser_ != nullptr) parser_->classes_.emplace();
+  }
+  operation(const operation&) = delete;
+  operation& operator=(const operation&) = delete;
+  ~operation() {
+    if (parser_ != nullptr) parser_->classes_.reset();
+  }
+
+ private:
+  xhtml_parser* parser_;
 };
 
 }  // namespace Xport

@@ -1,8 +1,10 @@
-#include "xport/markup/node_pool.h"
+#include "xport/markup/node_memory.h"
 
 #include <algorithm>
 #include <limits>
-#include <new>
+
+#include "xport/markup/leaf_nodes.h"
+#include "xport/markup/xhtml_element.h"
 
 namespace Xport {
 
@@ -31,13 +33,13 @@ void node_pool::release(void* memory, std::size_t bytes) noexcept {
   }
   const std::size_t rounded = round_up(bytes);
   free_[rounded / granule] = new (memory) free_block{free_[rounded / granule]};
-  pool_memory_free(memory, rounded);
+  poison(memory, rounded);
 }
 
 // Memory that was released, or the start of a new piece.
 void* node_pool::allocate_small(std::size_t rounded) {
   if (free_block* const released = free_[rounded / granule]) {
-    pool_memory_taken(released, rounded);
+    unpoison(released, rounded);
     free_[rounded / granule] = released->next;
     return released;
   }
@@ -47,7 +49,7 @@ void* node_pool::allocate_small(std::size_t rounded) {
   piece_size_ = std::min(piece_size_ * 2, largest_piece);
   char* const first = reinterpret_cast<char*>(pieces_ + 1);
   next_ = first + rounded;
-  pool_memory_free(next_, static_cast<std::size_t>(end_ - next_));
+  poison(next_, static_cast<std::size_t>(end_ - next_));
   return first;
 }
 
@@ -58,6 +60,42 @@ void* node_pool::allocate_large(std::size_t bytes) {
   if (large_ != nullptr) large_->previous = block;
   large_ = block;
   return block + 1;
+}
+
+xhtml_markup* node_place::make_copy(const xhtml_markup& node) const {
+  switch (node.type()) {
+    case node_type::element:
+      return make<xhtml_element>(*node.as_element());
+    case node_type::pcdata:
+      return make_leaf<xhtml_pcdata>(node.as_text()->text());
+    case node_type::comment:
+      return make_leaf<xhtml_comment>(node.as_text()->text());
+    case node_type::processing_instruction:
+      return make_leaf<xhtml_processing_instruction>(node.as_text()->text());
+    case node_type::doctype:
+      return make_leaf<xhtml_doctype_declaration>(node.as_text()->text());
+    case node_type::none:
+      break;
+  }
+  return nullptr;
+}
+
+// The pool of a node is that of its parent, which it knows from the start.
+void xhtml_markup::operator delete(xhtml_markup* node, std::destroying_delete_t, std::size_t,
+                                   std::align_val_t alignment) {
+  if (node->in_pool_) {
+    node_pool* const pool = node->parent_->as_element()->pool();
+    const std::size_t bytes = node->granules_ * node_pool::granule;
+    node->~xhtml_markup();
+    pool->release(node, bytes);
+    return;
+  }
+  void* const memory = dynamic_cast<void*>(node);
+  node->~xhtml_markup();
+  if (static_cast<std::size_t>(alignment) > __STDCPP_DEFAULT_NEW_ALIGNMENT__)
+    ::operator delete(memory, alignment);
+  else
+    ::operator delete(memory);
 }
 
 }  // namespace Xport

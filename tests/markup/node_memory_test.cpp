@@ -1,4 +1,4 @@
-#include "xport/markup/node_pool.h"
+#include "xport/markup/node_memory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,548 @@
+// Nodes of classes that a host derives: the tree uses them through their virtual operations.
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "support/allocation_failure.h"
+#include "tree_text.h"
+#include "xport/markup/leaf_nodes.h"
+#include "xport/markup/xhtml_doc.h"
+
+namespace {
+
+using test::element;
+using test::is_tree;
+using Xport::attr_id;
+using Xport::const_markup_iterator;
+using Xport::markup_iterator;
+using Xport::tag_id;
+using Xport::Tag_trait_handle;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_doc;
+using Xport::xhtml_element;
+using Xport::xhtml_markup;
+using Xport::xhtml_pcdata;
+
+/// Answers each question as it is told to.
+struct told_node : xhtml_markup {
+  std::int32_t kind = 0;
+  std::uint32_t category = 0;
+  tag_id number = tag_id::invalid_tag;
+  const Tag_trait_handle* trait = nullptr;
+
+  std::int32_t node_kind() const override { return kind; }
+  std::uint32_t category_flags() const override { return category; }
+  tag_id tag() const override { return number; }
+  const Tag_trait_handle* tag_trait() const override { return trait; }
+  xhtml_markup* clone() const override { return new told_node(*this); }
+};
+
+// Any record will do: only whether there is one counts.
+const Tag_trait_handle some_trait(Xport::tag_table[tag_id::b]);
+
+bool contains(tag_id parent, const xhtml_markup& node) { return element(parent).can_contain(node); }
+
+// --- can_contain ---
+
+TEST(DerivedCanContain, CategoryOfTextIsTakenWhereTextIs) {
+  told_node node;
+  node.category = 4;
+  EXPECT_TRUE(contains(tag_id::p, node));
+  EXPECT_TRUE(contains(tag_id::title, node));
+  EXPECT_FALSE(contains(tag_id::ul, node));
+  EXPECT_FALSE(contains(tag_id::br, node));
+}
+
+TEST(DerivedCanContain, CategoryOfTextDecidesBeforeTheKind) {
+  told_node node;
+  node.category = 4;
+  node.kind = 3;
+  EXPECT_TRUE(contains(tag_id::p, node));
+  EXPECT_FALSE(contains(tag_id::ul, node)) << "though it says that it is a comment";
+}
+
+TEST(DerivedCanContain, CommentsAndInstructionsAreTakenEverywhere) {
+  for (const std::int32_t kind : {3, 4}) {
+    told_node node;
+    node.kind = kind;
+    EXPECT_TRUE(contains(tag_id::br, node)) << kind;
+    EXPECT_TRUE(contains(tag_id::doc_root, node)) << kind;
+    EXPECT_TRUE(contains(tag_id::ul, node)) << kind;
+  }
+}
+
+TEST(DerivedCanContain, DoctypeIsTakenByTheRootAlone) {
+  told_node node;
+  node.kind = 1;
+  EXPECT_TRUE(contains(tag_id::doc_root, node));
+  EXPECT_FALSE(contains(tag_id::html, node));
+}
+
+TEST(DerivedCanContain, ElementNeedsARecordAndANumber) {
+  told_node node;
+  node.kind = 2;
+  node.category = 2;
+  node.number = tag_id::b;
+  EXPECT_FALSE(contains(tag_id::p, node)) << "no record";
+  node.trait = &some_trait;
+  EXPECT_TRUE(contains(tag_id::p, node));
+  node.number = tag_id::invalid_tag;
+  EXPECT_FALSE(contains(tag_id::p, node)) << "no number";
+}
+
+TEST(DerivedCanContain, CategoryAndNumberAreThoseOfTheOperations) {
+  told_node node;
+  node.trait = &some_trait;  // inline
+  node.number = tag_id::b;
+  node.category = 1;
+  EXPECT_FALSE(contains(tag_id::p, node)) << "a block";
+  EXPECT_TRUE(contains(tag_id::div, node));
+  node.category = 2;
+  node.number = tag_id::a;
+  EXPECT_FALSE(contains(tag_id::a, node)) << "excluded by its number";
+  EXPECT_TRUE(contains(tag_id::b, node));
+  node.category = 0;
+  node.number = tag_id::li;
+  EXPECT_TRUE(contains(tag_id::ul, node)) << "allowed by its number";
+  EXPECT_FALSE(contains(tag_id::div, node));
+}
+
+TEST(DerivedCanContain, NodeWithoutAnswersIsRefused) {
+  const struct : xhtml_markup {
+  } silent;
+  for (int number = 0; number < 93; ++number)
+    EXPECT_FALSE(contains(tag_id{number}, silent)) << number;
+}
+
+/// An element that says what a host tells it to.
+struct told_element : xhtml_element {
+  explicit told_element(tag_id tag) : xhtml_element(tag, {}, {}) {}
+  told_element(const told_element&) = default;
+
+  bool takes_text = true;
+  tag_id number = tag_id::div;
+
+  bool accepts_text() const override { return takes_text; }
+  tag_id tag() const override { return number; }
+  xhtml_markup* clone() const override { return new told_element(*this); }
+};
+
+TEST(DerivedCanContain, ParentIsAskedWhetherItAcceptsText) {
+  told_element ul(tag_id::ul);
+  EXPECT_TRUE(ul.can_contain(xhtml_pcdata(u"x")));
+  told_element p(tag_id::p);
+  p.takes_text = false;
+  EXPECT_FALSE(p.can_contain(xhtml_pcdata(u"x")));
+}
+
+TEST(DerivedCanContain, ParentIsAskedWhetherItIsTheRoot) {
+  told_element div(tag_id::div);
+  EXPECT_FALSE(div.can_contain(Xport::xhtml_doctype_declaration()));
+  div.number = tag_id::doc_root;
+  EXPECT_TRUE(div.can_contain(Xport::xhtml_doctype_declaration()));
+}
+
+// --- Insertion ---
+
+/// Counts its objects. Its clone can be another node, or none.
+struct counted_comment : Xport::xhtml_comment {
+  explicit counted_comment(int& count) : xhtml_comment(u"counted"), alive(count) { ++alive; }
+  counted_comment(const counted_comment& other) : xhtml_comment(other), alive(other.alive) {
+    ++alive;
+  }
+  ~counted_comment() override { --alive; }
+  xhtml_markup* clone() const override { return new counted_comment(*this); }
+
+  int& alive;
+};
+
+struct without_clone : counted_comment {
+  using counted_comment::counted_comment;
+  xhtml_markup* clone() const override { return nullptr; }
+};
+
+struct cloned_as_text : counted_comment {
+  using counted_comment::counted_comment;
+  xhtml_markup* clone() const override { return new xhtml_pcdata(u"clone"); }
+};
+
+TEST(DerivedInsertion, WhatIsInsertedIsTheClone) {
+  int alive = 0;
+  {
+    xhtml_element p = element(tag_id::p);
+    const counted_comment comment(alive);
+    const markup_iterator at = p.insert_copy(p.begin(), comment);
+    EXPECT_EQ(alive, 2);
+    EXPECT_NE(at.cell(), &comment);
+    EXPECT_NE(dynamic_cast<const counted_comment*>(at.cell()), nullptr);
+    EXPECT_EQ(at->parent(), &p);
+    p.insert_copy(at, cloned_as_text(alive));
+    EXPECT_TRUE(is_tree(p, "p('clone' #counted)"));
+  }
+  EXPECT_EQ(alive, 0);
+}
+
+TEST(DerivedInsertion, NodeWithoutACloneIsRefused) {
+  int alive = 0;
+  xhtml_element p = element(tag_id::p);
+  p << u"a";
+  EXPECT_TRUE(p.append_copy(without_clone(alive)) == p.end());
+  EXPECT_TRUE(p.push_front_copy(without_clone(alive)) == p.end());
+  EXPECT_TRUE(is_tree(p, "p('a')"));
+  EXPECT_EQ(alive, 0);
+}
+
+TEST(DerivedInsertion, NodeWithoutACloneCanBeAdopted) {
+  int alive = 0;
+  {
+    xhtml_doc doc(1);
+    EXPECT_FALSE(doc.body()->adopt_child(new without_clone(alive)) == doc.body()->end());
+    EXPECT_TRUE(is_tree(*doc.body(), "body(#counted)"));
+    EXPECT_EQ(alive, 1);
+  }
+  EXPECT_EQ(alive, 0) << "the document was dropped";
+}
+
+TEST(DerivedInsertion, OrderOfADocumentIsKeptByTheNumbersThatNodesSay) {
+  xhtml_element html = element(tag_id::html);
+  told_node body;
+  body.trait = &some_trait;
+  body.number = tag_id::body;
+  EXPECT_FALSE(html.append_copy(body) == html.end());
+  EXPECT_TRUE(html.append_copy(body) == html.end()) << "the second one";
+  EXPECT_TRUE(html.append_copy(element(tag_id::head)) == html.end()) << "after the body";
+  EXPECT_FALSE(html.push_front_copy(element(tag_id::head)) == html.end());
+}
+
+/// Notes what reaches insert_copy, and adds nothing.
+struct noting_element : told_element {
+  using told_element::told_element;
+  std::vector<std::string> inserted;
+
+  markup_iterator insert_copy(const_markup_iterator, const xhtml_markup& node) override {
+    inserted.push_back(test::outline(node));
+    return end();
+  }
+};
+
+TEST(DerivedInsertion, EveryWayEndsInInsertCopy) {
+  noting_element div(tag_id::div);
+  xhtml_markup& node = div;
+  node.append_copy(element(tag_id::p));
+  node.push_back_copy(element(tag_id::b));
+  node.push_front_copy(element(tag_id::i));
+  node << element(tag_id::em);
+  node.insert_copies(node.end(), 2, element(tag_id::br));
+  xhtml_element source = element(tag_id::div);
+  source << u"x" << element(tag_id::hr);
+  node.insert_range(node.end(), source.begin(), source.end());
+  node.insert_text(node.end(), u"1");
+  node.append_text(u"2");
+  node.push_back_text(u"3");
+  node.push_front_text(u"4");
+  node << ustring_view(u"5");
+  append_element(node, tag_id::ul);
+  EXPECT_EQ(div.inserted, (std::vector<std::string>{"p", "b", "i", "em", "br", "br", "'x'", "hr",
+                                                    "'1'", "'2'", "'3'", "'4'", "'5'", "ul"}));
+}
+
+TEST(DerivedInsertion, TextIsOfferedOnlyWhereItIsAccepted) {
+  noting_element div(tag_id::div);
+  div.takes_text = false;
+  EXPECT_TRUE(div.insert_text(div.begin(), u"1") == div.end());
+  EXPECT_TRUE(div.append_text(u"2") == div.end());
+  EXPECT_EQ(&(div << ustring_view(u"3")), &div);
+  EXPECT_TRUE(div.inserted.empty());
+}
+
+/// Takes nothing but texts.
+struct picky_element : told_element {
+  using told_element::told_element;
+  bool can_contain(const xhtml_markup& node) const override { return node.node_kind() == 5; }
+};
+
+TEST(DerivedInsertion, InsertionAsksCanContain) {
+  picky_element div(tag_id::div);
+  EXPECT_TRUE(div.append_copy(element(tag_id::p)) == div.end());
+  EXPECT_TRUE(append_element(div, tag_id::p) == div.end());
+  EXPECT_FALSE(div.append_text(u"a") == div.end());
+  xhtml_element* const p = new xhtml_element(tag_id::p, {}, {});
+  EXPECT_TRUE(div.adopt_child(p) == div.end());
+  delete p;
+  EXPECT_TRUE(is_tree(div, "div('a')"));
+}
+
+// --- Copies ---
+
+TEST(DerivedCopy, ChildrenAreCopiedByTheirClone) {
+  int alive = 0;
+  {
+    xhtml_element div = element(tag_id::div);
+    xhtml_markup& p = *div.append_copy(element(tag_id::p));
+    p << u"a" << counted_comment(alive) << cloned_as_text(alive);
+    p.adopt_child(new without_clone(alive));
+    p << element(tag_id::br);
+    div << told_element(tag_id::ul);
+    EXPECT_EQ(alive, 2) << "one comment, one without a clone";
+
+    const xhtml_element copy(div);
+    EXPECT_EQ(test::outline(copy), "div(p('a' #counted 'clone' br) ul)");
+    EXPECT_NE(dynamic_cast<const told_element*>(&*std::next(copy.begin())), nullptr);
+    EXPECT_EQ(alive, 3);
+
+    xhtml_doc doc(1);
+    doc.body()->append_copy(div);
+    EXPECT_TRUE(test::is_intact(*doc.root()));
+    EXPECT_EQ(test::outline(*doc.body()), "body(div(p('a' #counted 'clone' br) ul))");
+    EXPECT_EQ(alive, 4);
+  }
+  EXPECT_EQ(alive, 0);
+}
+
+TEST(DerivedCopy, CloneOfADerivedElementBringsItsChildrenAlong) {
+  xhtml_element div = element(tag_id::div);
+  told_element inner(tag_id::div);
+  inner << u"a" << element(tag_id::p);
+  div << inner << u"b";
+  const std::unique_ptr<xhtml_markup> copy(div.clone());
+  EXPECT_TRUE(is_tree(*copy, "div(div('a' p) 'b')"));
+}
+
+/// A node of a host with the base's copy constructor alone.
+struct wrapper : xhtml_markup {
+  wrapper() = default;
+  explicit wrapper(const xhtml_markup& other) : xhtml_markup(other) {}
+};
+
+TEST(DerivedCopy, CopyConstructorOfTheBaseCopiesTheChildren) {
+  int alive = 0;
+  {
+    xhtml_element div = element(tag_id::div);
+    div << u"a" << counted_comment(alive);
+    *div.append_copy(element(tag_id::p)) << u"b";
+
+    const wrapper copy(div);
+    EXPECT_EQ(alive, 2);
+    EXPECT_EQ(copy.node_kind(), 0);
+    EXPECT_EQ(copy.tag(), tag_id::invalid_tag);
+    std::string children;
+    for (const xhtml_markup& child : copy) {
+      children += test::outline(child) + " ";
+      EXPECT_EQ(child.parent(), &copy);
+    }
+    EXPECT_EQ(children, "'a' #counted p('b') ");
+    EXPECT_TRUE(--copy.end() != copy.begin());
+
+    const wrapper second(copy);
+    EXPECT_EQ(alive, 3);
+    EXPECT_EQ(std::distance(second.begin(), second.end()), 3);
+
+    const xhtml_markup plain(div);
+    EXPECT_EQ(alive, 4);
+    EXPECT_EQ(std::distance(plain.begin(), plain.end()), 3);
+  }
+  EXPECT_EQ(alive, 0);
+}
+
+TEST(DerivedCopy, CopyOfALeafThroughTheBaseHasNoChildren) {
+  const xhtml_pcdata text(u"a text of more units than a node holds");
+  const wrapper copy(text);
+  EXPECT_TRUE(copy.begin() == copy.end());
+  EXPECT_EQ(copy.first_child(), nullptr);
+}
+
+TEST(DerivedCopy, CopyThroughTheBaseHasTheParentOfTheOriginal) {
+  xhtml_element div = element(tag_id::div);
+  const markup_iterator p = div.append_copy(element(tag_id::p));
+  EXPECT_EQ(wrapper(*p).parent(), &div);
+  EXPECT_EQ(wrapper().parent(), nullptr);
+}
+
+// --- Memory ---
+
+TEST(DeletedNodes, EveryClassGivesItsMemoryBack) {
+  const ustring long_text(3000, u'x');
+  std::vector<std::unique_ptr<xhtml_markup>> nodes;
+  nodes.reserve(7);
+  const std::size_t before = test::live_allocations();
+  nodes.emplace_back(new xhtml_markup);
+  nodes.emplace_back(new xhtml_pcdata(long_text));
+  nodes.emplace_back(new Xport::xhtml_comment(u"c"));
+  nodes.emplace_back(new Xport::xhtml_processing_instruction(long_text));
+  nodes.emplace_back(new Xport::xhtml_doctype_declaration);
+  nodes.emplace_back(new xhtml_element(tag_id::p, u"id", long_text));
+  nodes.emplace_back(new told_element(tag_id::p));
+  for (int i = 0; i < 3; ++i) *nodes[5] << u"t" << long_text << *nodes[2];
+  for (const auto& node : nodes)
+    if (xhtml_markup* const copy = node->clone()) delete copy;
+  nodes.clear();
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+struct other_base {
+  virtual ~other_base() = default;
+  std::uint64_t filler = 1;
+};
+
+struct alignas(64) wide_element : xhtml_element {
+  wide_element() : xhtml_element(tag_id::div, {}, {}) {}
+  std::uint64_t filler = 2;
+};
+
+struct throwing_element : xhtml_element {
+  throwing_element() : xhtml_element(tag_id::div, u"a", u"b") { throw std::runtime_error("no"); }
+};
+
+struct throwing_wide_element : wide_element {
+  throwing_wide_element() { throw std::runtime_error("no"); }
+};
+
+TEST(DeletedNodes, ClassesOfAnyAlignment) {
+  const std::size_t before = test::live_allocations();
+  {
+    const std::unique_ptr<xhtml_markup> node(new wide_element);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(node.get()) % 64, 0u);
+    xhtml_element div = element(tag_id::div);
+    EXPECT_FALSE(div.adopt_child(new wide_element) == div.end());
+    xhtml_doc doc(1);
+    EXPECT_FALSE(doc.body()->adopt_child(new wide_element) == doc.body()->end());
+  }
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(DeletedNodes, ConstructorThatThrowsLosesNothing) {
+  const std::size_t before = test::live_allocations();
+  EXPECT_THROW(delete new throwing_element, std::runtime_error);
+  EXPECT_THROW(delete new throwing_wide_element, std::runtime_error);
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(DeletedNodes, PlacementAndArraysAreAsForAnyClass) {
+  alignas(xhtml_element) std::byte memory[sizeof(xhtml_element)];
+  xhtml_element* const placed = new (memory) xhtml_element(tag_id::p, u"id", {});
+  EXPECT_EQ(static_cast<void*>(placed), memory);
+  placed->~xhtml_element();
+  const std::size_t before = test::live_allocations();
+  delete[] new xhtml_markup[3];
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+/// Looks at its children when it is destroyed.
+struct watching_element : told_element {
+  explicit watching_element(std::string& seen_at_the_end)
+      : told_element(tag_id::div), seen(seen_at_the_end) {}
+  ~watching_element() override { seen += test::outline(*begin()) + " "; }
+
+  std::string& seen;
+};
+
+TEST(DeletedNodes, DestructorOfADerivedElementStillHasItsChildren) {
+  std::string seen;
+  {
+    xhtml_element div = element(tag_id::div);
+    auto* const outer = new watching_element(seen);
+    auto* const inner = new watching_element(seen);
+    div.adopt_child(outer);
+    *outer->append_copy(element(tag_id::p)) << u"a";
+    outer->adopt_child(inner);
+    *inner << u"b";
+    div.clear_children();
+    EXPECT_EQ(seen, "p('a') 'b' ");
+    div.adopt_child(new watching_element(seen));
+    *div.begin() << u"c";
+  }
+  EXPECT_EQ(seen, "p('a') 'b' 'c' ");
+}
+
+TEST(DeletedNodes, DerivedNodesFarDownInADocumentAreDeletedWithIt) {
+  int alive = 0;
+  {
+    xhtml_doc doc(1);
+    xhtml_markup* node = &*append_element(*doc.body(), tag_id::div);
+    for (int depth = 0; depth < 100'000; ++depth) node = &*append_element(*node, tag_id::div);
+    *node << counted_comment(alive);
+    const xhtml_element copy(*doc.root());
+    EXPECT_EQ(alive, 2);
+  }
+  EXPECT_EQ(alive, 0);
+}
+
+// --- Where memory is refused ---
+
+/// A tree with derived nodes in several places.
+xhtml_element sample(int& alive) {
+  xhtml_element div = element(tag_id::div);
+  told_element inner(tag_id::div);
+  *inner.append_copy(element(tag_id::p)) << ustring(300, u'a') << counted_comment(alive);
+  div << u"b" << inner << counted_comment(alive);
+  return div;
+}
+
+template <class Operation>
+void refuse_each(Operation operation, const xhtml_markup& tree, const std::string& before) {
+  const std::size_t failures =
+      test::fail_each_allocation([&] { operation(); }, [&] { EXPECT_TRUE(is_tree(tree, before)); });
+  EXPECT_GE(failures, 3u);
+}
+
+TEST(DerivedNodesInRefusedMemory, InsertionChangesNothing) {
+  int alive = 0;
+  const std::size_t before = test::live_allocations();
+  {
+    const xhtml_element source = sample(alive);
+    xhtml_element heap = element(tag_id::div);
+    refuse_each([&] { heap.append_copy(source); }, heap, "div");
+    refuse_each([&] { heap.push_front_copy(*std::next(source.begin())); }, heap,
+                test::outline(heap));
+    xhtml_doc doc(1);
+    refuse_each([&] { doc.body()->append_copy(source); }, *doc.body(), "body");
+    told_element derived(tag_id::div);
+    refuse_each([&] { derived.append_copy(source); }, derived, "div");
+    const std::size_t failures =
+        test::fail_each_allocation([&] { derived.append_text(ustring(300, u'c')); }, [&] {});
+    EXPECT_GE(failures, 3u) << "a text, its clone, and their units";
+  }
+  EXPECT_EQ(alive, 0);
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+TEST(DerivedNodesInRefusedMemory, CopiesAreUndone) {
+  int alive = 0;
+  const std::size_t before = test::live_allocations();
+  {
+    const xhtml_element source = sample(alive);
+    const int kept = alive;
+    const auto check = [&] { EXPECT_EQ(alive, kept); };
+    EXPECT_GE(test::fail_each_allocation([&] { const xhtml_element copy(source); }, check), 3u);
+    EXPECT_GE(test::fail_each_allocation([&] { const wrapper copy(source); }, check), 3u);
+    EXPECT_GE(test::fail_each_allocation([&] { delete source.clone(); }, check), 3u);
+  }
+  EXPECT_EQ(alive, 0);
+  EXPECT_EQ(test::live_allocations(), before);
+}
+
+// --- Texts of the maps ---
+
+// What is read by key is no reference into the map: an assignment would be lost.
+template <class Map, class Text>
+concept assigns_by_key = requires(Map& map, const Text& text) {
+  map[attr_id::id] = text;
+};
+
+TEST(AttributeMap, AssignmentByKeyDoesNotCompile) {
+  EXPECT_FALSE((assigns_by_key<Xport::attribute_map, ustring>));
+  EXPECT_FALSE((assigns_by_key<Xport::attribute_map, ustring_view>));
+  EXPECT_FALSE((assigns_by_key<Xport::attribute_map, const char16_t*>));
+}
+
+}  // namespace

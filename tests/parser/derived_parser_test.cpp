@@ -1,0 +1,486 @@
+// Parsers and receivers of derived classes: every reader is called through the virtual table,
+// and what a reader returned belongs to its caller.
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "parser/reader_kit.h"
+#include "support/allocation_failure.h"
+#include "support/derived_nodes.h"
+#include "support/locale.h"
+#include "support/tree_check.h"
+#include "xport/markup/leaf_nodes.h"
+#include "xport/markup/xhtml_doc.h"
+#include "xport/markup/xhtml_end_tag.h"
+#include "xport/parser/read_document.h"
+
+namespace {
+
+using test::is_intact;
+using test::outline_with_attributes;
+using test::parser_on;
+using Xport::char16;
+using Xport::markup_iterator;
+using Xport::tag_id;
+using Xport::ustring;
+using Xport::ustring_view;
+using Xport::xhtml_doc;
+using Xport::xhtml_element;
+using Xport::xhtml_markup;
+using Xport::xhtml_parser;
+using Xport::xhtml_pcdata;
+using owned_node = std::unique_ptr<xhtml_markup>;
+
+/// A page with every construct, with short and long texts, and with recoveries.
+ustring page_text() {
+  const ustring longer(700, u'l');
+  return u"<html><!-- stray --><head><title>" + longer + u"</title><style>p { color: red; }" +
+         u"</style></head><body class='x' id='" + longer + u"'><p style='color: red'>a\n   b " +
+         longer + u"<p>c<div>d</div></p><ul><li>e<li><!-- " + longer + u" --></ul><foo " + longer +
+         u"><bar><b><i>g</b><pre>h\n</pre><table><tr><td>i<tr><td>j</table>k</td></tr></table>" +
+         u"<?php " + longer + u"?><br/></x></body></html><li></html><";
+}
+
+// --- What a reader returned ---
+
+/// Looks at each node that a reader returned, and whether it has a parent.
+class looking_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+
+  int seen = 0;
+  int with_parent = 0;
+
+  xhtml_markup* read_next(xhtml_markup* parent) override {
+    return look(xhtml_parser::read_next(parent));
+  }
+  xhtml_markup* read_start_tag(xhtml_markup* parent) override {
+    return look(xhtml_parser::read_start_tag(parent));
+  }
+  xhtml_markup* parse_children(xhtml_markup* parent) override {
+    return look(xhtml_parser::parse_children(parent));
+  }
+
+ private:
+  xhtml_markup* look(xhtml_markup* node) {
+    if (node == nullptr) return node;
+    ++seen;
+    if (node->parent() != nullptr) ++with_parent;
+    return node;
+  }
+};
+
+TEST(ReturnedNode, HasNoParent) {
+  xhtml_doc doc(0);
+  std::basic_istringstream<char16> input(page_text());
+  looking_parser parser(&input);
+  parse_page(parser, *doc.root());
+  EXPECT_GT(parser.seen, 40);
+  EXPECT_EQ(parser.with_parent, 0);
+}
+
+TEST(ReturnedNode, OfOurOwnParserIsTheCallersToo) {
+  auto page = std::make_unique<xhtml_doc>(1);
+  xhtml_doc other(1);
+  xhtml_markup& p = *append_element(*page->body(), tag_id::p);
+  parser_on<> parser(u"a<div title='a long title of the element'>b</div>");
+  owned_node left(parser->parse_children(&p));
+  ASSERT_NE(left, nullptr);
+  EXPECT_EQ(left->parent(), nullptr);
+  page.reset();
+  EXPECT_FALSE(other.body()->adopt_child(left.get()) == other.body()->end());
+  xhtml_markup& div = *left.release();
+  EXPECT_EQ(parser->parse_children(&div), nullptr);
+  EXPECT_EQ(outline_with_attributes(*other.body()),
+            "div[title=\"a long title of the element\"]('b')");
+}
+
+/// Deletes each comment, and returns one of its own for it.
+class deleting_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  xhtml_markup* read_comment(xhtml_markup* parent) override {
+    delete xhtml_parser::read_comment(parent);
+    return new Xport::xhtml_comment(u"mine");
+  }
+};
+
+TEST(ReturnedNode, MayBeDeleted) {
+  xhtml_doc doc(1);
+  parser_on<deleting_parser> parser(u"<p>a<!-- " + ustring(700, u'l') + u" -->b<!--c--></p>");
+  EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a' #mine# 'b' #mine#)");
+}
+
+/// Keeps each text in an element of another tree, and returns an instruction for it.
+class hoarding_parser : public xhtml_parser {
+ public:
+  hoarding_parser(input_type* stream, xhtml_markup& hoard) : xhtml_parser(stream), hoard_(hoard) {}
+
+  xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
+    owned_node node(xhtml_parser::read_pcdata(parent, prefix));
+    if (node == nullptr || hoard_.adopt_child(node.get()) == hoard_.end()) return node.release();
+    node.release();
+    return new Xport::xhtml_processing_instruction(u"t");
+  }
+
+ private:
+  xhtml_markup& hoard_;
+};
+
+TEST(ReturnedNode, MayBeAdoptedByAnElementOfItsOwn) {
+  xhtml_element hoard(tag_id::p, {}, {});
+  {
+    xhtml_doc doc(1);
+    std::basic_istringstream<char16> input(u"<p>a text that is long<b>c</b>d</p>");
+    hoarding_parser parser(&input, hoard);
+    EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+    EXPECT_EQ(outline_with_attributes(*doc.body()), "p(?t? b(?t?) ?t?)");
+  }
+  *hoard.begin() << ustring(700, u'l');  // after the page was deleted
+  EXPECT_TRUE(is_intact(hoard));
+  EXPECT_EQ(outline_with_attributes(hoard),
+            "'a text that is long" + std::string(700, 'l') + "' 'c' 'd'");
+}
+
+TEST(ReturnedNode, MayBeAdoptedByAnotherDocument) {
+  xhtml_doc doc(1);
+  {
+    xhtml_doc other(1);
+    std::basic_istringstream<char16> input(u"<p>a<b>c</b>d</p>");
+    hoarding_parser parser(&input, *append_element(*other.body(), tag_id::p));
+    EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+    EXPECT_EQ(outline_with_attributes(*other.body()), "p('a' 'c' 'd')");
+  }
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(?t? b(?t?) ?t?)");
+}
+
+/// Returns every two nodes in the opposite order.
+class swapping_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  xhtml_markup* read_next(xhtml_markup* parent) override {
+    if (held_ != nullptr) return held_.release();
+    owned_node first(xhtml_parser::read_next(parent));
+    if (first == nullptr || first->is_end_tag()) return first.release();
+    held_ = std::move(first);
+    owned_node second(xhtml_parser::read_next(parent));
+    if (second == nullptr) return held_.release();
+    return second.release();
+  }
+
+ private:
+  owned_node held_;
+};
+
+TEST(ReturnedNode, MayBeReturnedLater) {
+  xhtml_doc doc(1);
+  parser_on<swapping_parser> parser(u"<!--a--><?b?><p></p><!--c-->");
+  EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "?b? #a# p #c#");
+  EXPECT_TRUE(is_intact(*doc.root()));
+}
+
+// --- Calls ---
+
+/// Notes which node is filled by each call, and how deep the calls are nested.
+class noting_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  std::string calls;
+
+  xhtml_markup* parse_children(xhtml_markup* parent) override {
+    calls +=
+        (calls.empty() ? "" : " ") + std::to_string(depth_++) + test::node_with_attributes(*parent);
+    xhtml_markup* const left = xhtml_parser::parse_children(parent);
+    --depth_;
+    return left;
+  }
+
+ private:
+  int depth_ = 0;
+};
+
+TEST(ParseChildren, IsCalledForEachNodeThatWasAdopted) {
+  xhtml_element div(tag_id::div, {}, {});
+  parser_on<noting_parser> parser(u"<p>a<b>c</b><br><!--d--></p>e");
+  EXPECT_EQ(parser->parse_children(&div), nullptr);
+  EXPECT_EQ(parser->calls, "0div 1p 2'a' 2b 3'c' 2br 2#d# 1'e'");
+  EXPECT_EQ(outline_with_attributes(div), "p('a' b('c') br #d#) 'e'");
+}
+
+TEST(ParseChildren, LeftoverOfAChildIsDealtWithAsIfItHadBeenRead) {
+  xhtml_doc doc(1);
+  parser_on<noting_parser> parser(u"<p>a<b>c<div>d</div>");
+  EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
+  // `b` is asked, then `p`, whose parent can take the element; `b` has ended by then.
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a' b('c' 'd'))");
+  parser_on<noting_parser> second(u"<p>a<p>b<div>c</div>");
+  xhtml_doc other(1);
+  EXPECT_EQ(second->parse_children(other.body()), nullptr);
+  EXPECT_EQ(outline_with_attributes(*other.body()), "p('a') p('b') div('c')");
+  EXPECT_EQ(second->calls, "0body 1p 2'a' 1p 2'b' 1div 2'c'");
+}
+
+/// Leaves the content of `b` to the text that stands there.
+class skipping_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  xhtml_markup* parse_children(xhtml_markup* parent) override {
+    if (parent->tag() != tag_id::b) return xhtml_parser::parse_children(parent);
+    parent->append_text(u"skipped");
+    return nullptr;
+  }
+};
+
+TEST(ParseChildren, CanBeReplacedForInnerElements) {
+  xhtml_doc doc(1);
+  parser_on<skipping_parser> parser(u"<p><b>a<i>b</i></b></p>");
+  parser->message_mask = 0;
+  EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(b('skipped') 'a' i('b'))");
+}
+
+// --- Receivers ---
+
+/// Hands what it is offered to another element.
+struct forwarding_element : xhtml_element {
+  explicit forwarding_element(xhtml_element& other)
+      : xhtml_element(tag_id::div, {}, {}), target(other) {}
+  markup_iterator adopt_child(xhtml_markup* node) override { return target.adopt_child(node); }
+  xhtml_element& target;
+};
+
+TEST(DerivedReceiver, ContentGoesWhereAdoptChildPutsIt) {
+  for (const bool derived : {false, true}) {
+    xhtml_doc other(1);
+    xhtml_element* const target = append_element(*other.body(), tag_id::div)->as_element();
+    forwarding_element receiver(*target);
+    std::basic_istringstream<char16> input(u"<p>a<b>c</b></p>d<p>e<p>f</p></div>g");
+    std::unique_ptr<xhtml_parser> parser = derived ? std::make_unique<test::derived_parser>(&input)
+                                                   : std::make_unique<xhtml_parser>(&input);
+    EXPECT_EQ(parser->parse_children(&receiver), nullptr);
+    EXPECT_TRUE(receiver.begin() == receiver.end());
+    EXPECT_TRUE(is_intact(*other.root()));
+    EXPECT_EQ(outline_with_attributes(*target), "p('a' b('c')) 'd' p('e') p('f')");
+  }
+}
+
+/// Notes what it is asked about.
+struct asked_element : xhtml_element {
+  explicit asked_element(tag_id tag) : xhtml_element(tag, {}, {}) {}
+  bool can_contain(const xhtml_markup& node) const override {
+    ++asked;
+    if (node.parent() != nullptr) ++with_parent;
+    return xhtml_element::can_contain(node);
+  }
+  mutable int asked = 0;
+  mutable int with_parent = 0;
+};
+
+TEST(DerivedReceiver, ParentOfTheReceiverIsShownANodeWithoutAParent) {
+  xhtml_doc doc(1);
+  auto owner = std::make_unique<asked_element>(tag_id::div);
+  asked_element& above = *owner;
+  doc.body()->adopt_child(owner.release());
+  xhtml_markup& ul = *append_element(above, tag_id::ul);
+  const int before = above.asked;
+  parser_on<> parser(u"<li>a</li><td>");
+  EXPECT_EQ(parser->parse_children(&ul), nullptr);
+  EXPECT_EQ(above.asked - before, 1);
+  EXPECT_EQ(above.with_parent, 0);
+}
+
+/// Reports its kind as that of a comment, and may not be asked to read anything.
+struct silent_node : xhtml_markup {
+  std::int32_t node_kind() const override { return 3; }
+};
+
+TEST(DerivedReceiver, NodeThatIsNoElementReadsNothing) {
+  silent_node node;
+  parser_on<> parser(u"<p>a");
+  EXPECT_EQ(parser->parse_children(&node), nullptr);
+  EXPECT_EQ(parser.rest(), "<p>a");
+}
+
+/// Says of itself that it is an element of any kind, and gathers what it is offered.
+struct gathering_node : xhtml_markup {
+  tag_id tag() const override { return tag_id::div; }
+  ustring tag_name() const override { return u"gathering"; }
+  ustring end_tag_text() const override { return u"</gathering>"; }
+  markup_iterator adopt_child(xhtml_markup* node) override { return content.adopt_child(node); }
+  xhtml_element content{tag_id::div, {}, {}};
+};
+
+TEST(DerivedReceiver, MayBeNoElementOfOurs) {
+  gathering_node node;
+  parser_on<> parser(u"a<p>b</p><li></ul></div>c");
+  EXPECT_EQ(parser->parse_children(&node), nullptr);
+  EXPECT_EQ(outline_with_attributes(node.content), "'a' p('b')");
+  EXPECT_EQ(parser.rest(), "c");
+  EXPECT_NE(parser.messages().find("Couldn't insert <li> into <gathering>."), std::string::npos);
+  EXPECT_NE(parser.messages().find("Expecting end tag </gathering>.  Encountered </ul>"),
+            std::string::npos);
+}
+
+TEST(DerivedReceiver, LastTextIsTrimmedByItsOwnOperation) {
+  struct untrimmed_text : xhtml_pcdata {
+    using xhtml_pcdata::xhtml_pcdata;
+    void trim_trailing_space() override { *this << u"!"; }
+  };
+  xhtml_doc doc(1);
+  xhtml_markup& p = *append_element(*doc.body(), tag_id::p);
+  p.adopt_child(new untrimmed_text(u"a "));
+  parser_on<> parser(u"</p>");
+  EXPECT_EQ(parser->parse_children(&p), nullptr);
+  EXPECT_EQ(outline_with_attributes(p), "'a !'");
+}
+
+// --- What an operation fetches at its start ---
+
+// Where 'x' is white space, the name of the tag is "b", and the text a blank and "c".
+TEST(ParserLocale, IsThatAtTheStartOfEachParse) {
+  const std::locale changed = test::locale_with(L'x', std::ctype_base::space);
+  xhtml_element p(tag_id::p, {}, {});
+  xhtml_element second(tag_id::p, {}, {});
+  parser_on<> parser(u"axx</p>axx</p>axx</p>");
+  delete parser->parse_children(&p);
+  {
+    const test::global_locale scope(changed);
+    delete parser->parse_children(&second);
+  }
+  delete parser->parse_children(&p);
+  EXPECT_EQ(outline_with_attributes(p), "'axx' 'axx'");
+  EXPECT_EQ(outline_with_attributes(second), "'a'");
+}
+
+TEST(ParserLocale, IsThatAtTheStartOfEachReader) {
+  const std::locale changed = test::locale_with(L'x', std::ctype_base::space);
+  xhtml_element p(tag_id::p, {}, {});
+  parser_on<> parser(u"axx<axx<axx");
+  EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'axx'");
+  {
+    const test::global_locale scope(changed);
+    EXPECT_EQ(test::shown(parser->read_pcdata(&p, u"<")), "'<'") << "stops at once";
+    parser->input->get();
+    EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'a'");
+  }
+  parser->input->get();
+  EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'axx'");
+}
+
+TEST(ParserLocale, OfAParseHoldsForItsReaders) {
+  class changing_parser : public xhtml_parser {
+   public:
+    using xhtml_parser::xhtml_parser;
+    xhtml_markup* read_comment(xhtml_markup* parent) override {
+      std::locale::global(test::locale_with(L'x', std::ctype_base::space));
+      return xhtml_parser::read_comment(parent);
+    }
+  };
+  const test::global_locale restored{std::locale()};
+  xhtml_element p(tag_id::p, {}, {});
+  parser_on<changing_parser> parser(u"axx<!--bxx-->cxx</p>");
+  delete parser->parse_children(&p);
+  EXPECT_EQ(outline_with_attributes(p), "'axx' #bxx# 'cxx'");
+}
+
+// --- Where memory is refused ---
+
+/// All of the above in one: deletes, replaces, adopts elsewhere and reorders.
+class busy_parser : public xhtml_parser {
+ public:
+  busy_parser(input_type* stream, xhtml_markup& hoard) : xhtml_parser(stream), hoard_(hoard) {}
+
+  xhtml_markup* read_comment(xhtml_markup* parent) override {
+    delete xhtml_parser::read_comment(parent);
+    return new Xport::xhtml_comment(u"mine");
+  }
+  xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
+    owned_node node(xhtml_parser::read_pcdata(parent, prefix));
+    if (++texts_ % 3 != 0 || node == nullptr || node->category_flags() != 4) return node.release();
+    if (hoard_.adopt_child(node.get()) == hoard_.end()) return node.release();
+    return node.release()->clone();
+  }
+  xhtml_markup* read_start_tag(xhtml_markup* parent) override {
+    owned_node node(xhtml_parser::read_start_tag(parent));
+    const xhtml_element* const element = node->as_element();
+    return element != nullptr ? new test::derived_element(*element) : node.release();
+  }
+  xhtml_markup* read_processing_instruction() override {
+    owned_node node(xhtml_parser::read_processing_instruction());
+    held_.swap(node);
+    return node != nullptr ? node.release() : new Xport::xhtml_comment(u"first");
+  }
+
+ private:
+  xhtml_markup& hoard_;
+  owned_node held_;
+  int texts_ = 0;
+};
+
+TEST(DerivedParserInRefusedMemory, LosesNothing) {
+  for (const bool in_document : {false, true}) {
+    const ustring text = page_text() + u"<?a?><?b?>";
+    std::string whole;
+    for (std::size_t number = 0;; ++number) {
+      const std::size_t before = test::live_allocations();
+      bool passed = false;
+      {
+        xhtml_doc doc(1);
+        xhtml_element heap(tag_id::doc_root, {}, {});
+        xhtml_element& receiver = in_document ? *doc.root() : heap;
+        xhtml_doc other(1);
+        std::basic_istringstream<char16> input(text);
+        Xport::ustring_stream messages;
+        busy_parser parser(&input, *append_element(*other.body(), tag_id::p));
+        parser.messages = &messages;
+        parser.message_mask = 15;
+        const std::size_t calls = test::allocation_calls();
+        test::fail_allocation(number);
+        try {
+          parse_page(parser, receiver);
+          test::fail_allocation(0);
+          passed = number != 0 && test::allocation_calls() - calls < number;
+        } catch (const std::bad_alloc&) {
+          test::fail_allocation(0);
+        }
+        EXPECT_TRUE(is_intact(receiver)) << "request " << number;
+        EXPECT_TRUE(is_intact(*other.root())) << "request " << number;
+        if (number == 0) whole = outline_with_attributes(receiver);
+        if (passed) EXPECT_EQ(outline_with_attributes(receiver), whole);
+      }
+      EXPECT_EQ(test::live_allocations(), before) << "request " << number;
+      if (passed || HasFailure()) {
+        EXPECT_GT(number, 100u);
+        break;
+      }
+    }
+  }
+}
+
+// --- Depth ---
+
+TEST(DerivedParserDepth, TakesStackForEachOpenElement) {
+  constexpr std::size_t levels = 5'000;
+  ustring text;
+  for (std::size_t level = 0; level < levels; ++level) text += u"<div>";
+  xhtml_doc doc(1);
+  std::basic_istringstream<char16> input(text);
+  test::derived_parser parser(&input);
+  EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+  std::size_t found = 0;
+  for (const xhtml_markup* node = doc.body()->first_child(); node != nullptr;
+       node = node->first_child())
+    ++found;
+  EXPECT_EQ(found, levels);
+}
+
+}  // namespace

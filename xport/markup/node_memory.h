@@ -1,0 +1,206 @@
+#ifndef XPORT_MARKUP_NODE_MEMORY_H
+#define XPORT_MARKUP_NODE_MEMORY_H
+
+#include <algorithm>
+#include <cstddef>
+#include <new>
+#include <utility>
+
+#include "xport/text/char16.h"
+
+// Under the address sanitizer, memory of a pool that nobody holds is poisoned, so that
+// pools hide no use of a deleted node.
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define VELLOMARK_POISON_POOL_MEMORY 1
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define VELLOMARK_POISON_POOL_MEMORY 1
+#endif
+
+#if defined(VELLOMARK_POISON_POOL_MEMORY)
+#include <sanitizer/asan_interface.h>
+#endif
+
+namespace Xport {
+
+class xhtml_element;
+class xhtml_markup;
+class xhtml_parser;
+
+/// The memory of one tree: its nodes, their texts and their attributes.
+///
+/// Memory is taken from the system in large pieces and given back all at once
+/// with the pool, so that a tree of millions of nodes is built without asking
+/// the system for each and is dropped without visiting any. What is released in
+/// between is kept for later requests of the same size. One pool serves one
+/// thread at a time.
+class node_pool {
+ public:
+  /// Sizes are rounded up to whole granules, and memory is aligned to one.
+  static constexpr std::size_t granule = 8;
+
+  /// Larger requests get memory of their own, which release() gives back.
+  static constexpr std::size_t largest_small = 512;
+
+  static constexpr std::size_t round_up(std::size_t bytes) {
+    return (bytes + granule - 1) / granule * granule;
+  }
+
+  /// The head of a block of memory that knows where it comes from.
+  struct sized_block {
+    node_pool* pool;    ///< null for the general heap
+    std::size_t bytes;  ///< with this head; 0 for an empty block, which is never released
+  };
+
+  node_pool() = default;
+  node_pool(const node_pool&) = delete;
+  node_pool& operator=(const node_pool&) = delete;
+
+  /// Gives all memory back. Objects in it are not destroyed.
+  ~node_pool();
+
+  /// Memory of at least `bytes`, which is above 0. Raises std::bad_alloc.
+  void* allocate(std::size_t bytes) {
+    if (bytes > largest_small) return allocate_large(bytes);
+    const std::size_t rounded = round_up(bytes);
+    if (free_[rounded / granule] != nullptr || static_cast<std::size_t>(end_ - next_) < rounded)
+      return allocate_small(rounded);
+    char* const memory = next_;
+    next_ += rounded;
+    unpoison(memory, rounded);
+    return memory;
+  }
+
+  /// Takes back what allocate(bytes) gave.
+  void release(void* memory, std::size_t bytes) noexcept;
+
+  /// The same for a pool that may be null, which stands for the heap.
+  static void* allocate(node_pool* pool, std::size_t bytes) {
+    return pool != nullptr ? pool->allocate(bytes) : ::operator new(bytes);
+  }
+  static void release(node_pool* pool, void* memory, std::size_t bytes) noexcept {
+    if (pool != nullptr)
+      pool->release(memory, bytes);
+    else
+      ::operator delete(memory);
+  }
+
+  /// The empty block of this pool and, for null, of the general heap.
+  static sized_block* empty_block(node_pool* pool) {
+    return pool != nullptr ? &pool->empty_block_ : &empty_heap_block_;
+  }
+
+  /// Whether the tree has adopted nodes from outside the pool. Only then must it be
+  /// visited before the pool is destroyed.
+  bool holds_adopted() const { return holds_adopted_; }
+  void note_adopted() { holds_adopted_ = true; }
+
+ private:
+  static constexpr std::size_t first_piece = 4 * 1024;
+  static constexpr std::size_t largest_piece = 4 * 1024 * 1024;
+
+  struct free_block {
+    free_block* next;
+  };
+  struct alignas(granule) piece {
+    piece* next;
+  };
+  struct alignas(granule) large_block {
+    large_block* next;
+    large_block* previous;
+  };
+
+#if defined(VELLOMARK_POISON_POOL_MEMORY)
+  static void poison(const void* memory, std::size_t bytes) {
+    __asan_poison_memory_region(memory, bytes);
+  }
+  static void unpoison(const void* memory, std::size_t bytes) {
+    __asan_unpoison_memory_region(memory, bytes);
+  }
+#else
+  static void poison(const void*, std::size_t) {}
+  static void unpoison(const void*, std::size_t) {}
+#endif
+
+  void* allocate_small(std::size_t rounded);
+  void* allocate_large(std::size_t bytes);
+
+  static sized_block empty_heap_block_;
+
+  char* next_ = nullptr;
+  char* end_ = nullptr;
+  sized_block empty_block_{this, 0};
+  free_block* free_[largest_small / granule + 1] = {};
+  piece* pieces_ = nullptr;
+  large_block* large_ = nullptr;
+  std::size_t piece_size_ = first_piece;
+  bool holds_adopted_ = false;
+};
+
+/// Where a node is made: on the heap, or in the memory of a tree.
+///
+/// A node in the memory of a tree never leaves that tree. Only elements and the parser
+/// make one, and they link or delete it before anybody else sees it. So every node that
+/// code outside can hold may be deleted, and may be adopted by any element of any tree.
+class node_place {
+ public:
+  /// The heap. A node that is made there has no parent.
+  node_place() = default;
+
+  /// The pool, null for the heap.
+  node_pool* pool() const { return pool_; }
+
+  /// The parent that a node in the pool knows from the start, since it finds the pool
+  /// through it; null for the heap.
+  xhtml_markup* parent() const { return parent_; }
+
+  /// The memory of the node, where that isn't the size of its class; else 0.
+  std::size_t bytes() const { return bytes_; }
+
+  /// A node. Its constructor gets `arguments` and this place. Throws std::bad_alloc.
+  template <class Node, class... Arguments>
+  Node* make(const Arguments&... arguments) const {
+    return make_in<Node>(sizeof(Node), *this, arguments...);
+  }
+
+  /// A leaf with `text`. In a pool the node has room for all of it, unless it is long.
+  /// Throws std::bad_alloc, and std::length_error for a text of 2^32 units or more.
+  template <class Leaf>
+  Leaf* make_leaf(ustring_view text) const {
+    node_place where = *this;
+    if (pool_ != nullptr) where.bytes_ = Leaf::bytes_with(text);
+    return make_in<Leaf>(std::max(sizeof(Leaf), where.bytes_), where, text);
+  }
+
+  /// A copy of `node` without its children. The class of `node` is exactly that of its
+  /// type(), and it is a leaf or an element. Throws as the above.
+  xhtml_markup* make_copy(const xhtml_markup& node) const;
+
+ private:
+  friend class xhtml_element;
+  friend class xhtml_markup;
+  friend class xhtml_parser;
+
+  /// For the content of `parent`: in its pool if it has one.
+  explicit inline node_place(xhtml_element& parent);
+
+  template <class Node, class... Arguments>
+  static Node* make_in(std::size_t bytes, const node_place& where, const Arguments&... arguments) {
+    void* const memory = node_pool::allocate(where.pool_, bytes);
+    try {
+      return ::new (memory) Node(arguments..., where);
+    } catch (...) {
+      node_pool::release(where.pool_, memory, bytes);
+      throw;
+    }
+  }
+
+  node_pool* pool_ = nullptr;
+  xhtml_markup* parent_ = nullptr;
+  std::size_t bytes_ = 0;
+};
+
+}  // namespace Xport
+
+#endif
