@@ -77,13 +77,16 @@ void VellomarkObj::AddText(const char16_t* text, bool to_section) {
     AppendPlainText(text);
 }
 
-// Each line is an anchor, with the text or the prepared link, and a line end.
+// Each line is an anchor, with the text or the prepared link, and a line end. The first
+// text of a report starts a block even if it becomes a cell; a block that LoadTemplate
+// deleted is replaced only for a line.
 void VellomarkObj::AppendPlainText(const char16_t* text) {
-  if (!cursor_ready || cursor.cell() == nullptr) StartParagraph();
+  if (!cursor_ready) StartParagraph();
   if (in_table) {
     AppendCell(text, false);
     return;
   }
+  if (cursor.cell() == nullptr) StartParagraph();
   if (text != nullptr)
     append_element(*cursor, tag_id::a)->push_back_text(text);
   else

@@ -57,8 +57,35 @@ TEST_F(Positions, CellsOfATableThatIsGoneGoNowhere) {
   report.AddText(u"g", false);
   report.CloseTable();
   report.AddText(u"text", false);
-  EXPECT_TRUE(same_units(
-      saved(), block() + shown(u"x") + block() + block({u"text"}) + shown(u"y") + block()));
+  EXPECT_TRUE(
+      same_units(saved(), shown(u"x") + block() + block({u"text"}) + shown(u"y") + block()));
+}
+
+// A cell doesn't need a block, so none replaces the one that the load deleted.
+TEST_F(Positions, ACellAfterALoadStartsNoBlock) {
+  report.AddText(u"old", false);
+  load(u"");
+  report.OpenTable(2);
+  report.AddText(u"a", false);
+  EXPECT_TRUE(same_units(saved(), table({row({u"a"})}) + block()));
+}
+
+TEST_F(Positions, ALinkOrAHeadingThatBecomesACellStartsNoBlock) {
+  report.AddText(u"old", false);
+  load(u"");
+  report.OpenTable(2);
+  report.AddHeading(u"a", 5);
+  report.AddLink(u"b", nullptr);
+  EXPECT_TRUE(same_units(saved(), table({row({u"a", u"b"})}) + block()));
+}
+
+// A report that has never had a block starts one even for a cell.
+TEST_F(Positions, TheFirstCellOfAFreshReportStartsABlock) {
+  load(u"");
+  report.OpenTable(2);
+  report.AddText(u"a", false);
+  report.AddText(u"b", false);
+  EXPECT_TRUE(same_units(saved(), table({row({u"a", u"b"})}) + block() + block()));
 }
 
 TEST_F(Positions, ATableOpenedBehindALoadIsFilled) {
@@ -69,8 +96,7 @@ TEST_F(Positions, ATableOpenedBehindALoadIsFilled) {
   for (const char16_t* const cell : {u"a", u"b", u"c"}) report.AddText(cell, false);
   report.CloseTable();
   EXPECT_TRUE(same_units(
-      saved(), table({row({u"a", u"b"}), row({u"c"})}) + block() + block() + shown(u"x") + block()))
-      << "the first cell started a block for text behind the table";
+      saved(), table({row({u"a", u"b"}), row({u"c"})}) + block() + shown(u"x") + block()));
 }
 
 TEST_F(Positions, ATableThatWasClosedLeavesNothingBehind) {
@@ -137,8 +163,8 @@ TEST_F(Positions, ATableThatWaitsBehindASectionTableIsGone) {
   report.AddText(u"nowhere", false);
   report.CloseTable();
   report.AddText(u"text", false);
-  EXPECT_TRUE(same_units(saved(), block() + block({u"text"}) + shown(u"x") + block() +
-                                      placed(table({row({u"a", u"b"})}))));
+  EXPECT_TRUE(same_units(
+      saved(), block({u"text"}) + shown(u"x") + block() + placed(table({row({u"a", u"b"})}))));
 }
 
 // The row of the section table that waits outlives the page, on which a table is open.
@@ -156,8 +182,8 @@ TEST_F(Positions, ASectionTableThatWaitsOutlivesALoad) {
   report.AddText(u"b", false);
   report.CloseTable();
   report.SetSectionMode(false);
-  EXPECT_TRUE(same_units(
-      saved(), block() + shown(u"x") + block() + placed(table({row({u"a"}), row({u"b"})}))))
+  EXPECT_TRUE(
+      same_units(saved(), shown(u"x") + block() + placed(table({row({u"a"}), row({u"b"})}))))
       << "the page's row was full by then, so the next cell starts one";
 }
 
