@@ -33,31 +33,39 @@ ustring with_line_breaks(ustring_view text) {
   return broken;
 }
 
+void SetTableAttributes(xhtml_element& table) {
+  table.set_attribute(attr_id::border, u"1");
+  table.set_attribute(attr_id::width, u"100%");
+}
+
 }  // namespace
 
 bool VellomarkObj::OpenTable(std::int32_t columns) {
   if (section_mode) return OpenSectionTable(columns);
   if (!doc) return false;
-  table_pos = doc->body()->append_copy(xhtml_element(tag_id::table, {}, u"main"));
+  xhtml_element table(tag_id::table, {}, u"main");
+  SetTableAttributes(table);
+  table_pos = doc->body()->append_copy(table);
   if (table_pos == doc->root()->end()) return false;
-  StartTable(*table_pos, columns);
+  StartTable(columns);
   return true;
 }
 
-// The element of section tables is one: an outer table loses its rows, and with
-// them the position on its last row. (States saved earlier have lost theirs.)
+// All section tables share one element: an outer table loses its rows, and with them the
+// position of its last row. (States saved earlier have lost theirs.) Only the first two
+// steps can fail. The attributes are always the same, so setting them changes nothing for
+// a table that is open.
 bool VellomarkObj::OpenSectionTable(std::int32_t columns) {
+  SetTableAttributes(section_table);
   table_stack.push_back(
       {cursor, in_table, span_rows, span_rows_left, table_columns, next_column, row_pos});
   section_table.clear_children();
   if (row_pos.owner() == &section_table) table_stack.back().row_pos = row_pos = {};
-  StartTable(section_table, columns);
+  StartTable(columns);
   return true;
 }
 
-void VellomarkObj::StartTable(xhtml_markup& table, std::int32_t columns) {
-  table.set_attribute(attr_id::border, u"1");
-  table.set_attribute(attr_id::width, u"100%");
+void VellomarkObj::StartTable(std::int32_t columns) noexcept {
   table_columns = columns;
   in_table = true;
   span_rows = 0;
@@ -65,20 +73,23 @@ void VellomarkObj::StartTable(xhtml_markup& table, std::int32_t columns) {
   next_column = 0;
 }
 
+// The block comes first: if it can't be made, the table stays open.
 void VellomarkObj::CloseTable() {
   if (section_mode) {
     CloseSectionTable();
     return;
   }
+  StartParagraph();
   in_table = false;
   span_rows = 0;
   span_rows_left = 0;
   table_columns = 0;
-  StartParagraph();
 }
 
+// The section gets its copy first: if that fails, the table stays open and whole.
 void VellomarkObj::CloseSectionTable() {
   if (table_stack.empty()) throw std::out_of_range("invalid vector subscript");
+  if (!sections.empty()) sections.back().elements.push_back(section_table);
   const SavedTableState& saved = table_stack.back();
   cursor = saved.cursor;
   in_table = saved.in_table;
@@ -88,7 +99,6 @@ void VellomarkObj::CloseSectionTable() {
   next_column = saved.next_column;
   row_pos = saved.row_pos;
   table_stack.pop_back();
-  if (!sections.empty()) sections.back().elements.push_back(section_table);
 }
 
 void VellomarkObj::SetFirstCellRows(std::int32_t rows) {

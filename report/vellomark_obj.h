@@ -79,7 +79,7 @@ class VellomarkObj final : public IVellomark {
 
   // tables.cpp
   bool OpenSectionTable(std::int32_t columns);
-  void StartTable(Xport::xhtml_markup& table, std::int32_t columns);
+  void StartTable(std::int32_t columns) noexcept;
   void CloseSectionTable();
   void AppendCell(const char16_t* text, bool in_section_table);
   void FinishCell(Xport::xhtml_markup& cell);

@@ -89,12 +89,14 @@ class VELLOMARK_API IVellomark {
   /// returns true. Each AddText is then one cell; rows start by themselves. A
   /// row takes its first two cells even where `columns` is 1 or less. In section
   /// mode the table is kept aside until CloseTable hands it to the last section;
-  /// a table that is opened while another one is kept there empties that one.
+  /// a table that is opened while another one is kept there empties that one. If an
+  /// exception is thrown, no table was opened and nothing has changed.
   virtual bool OpenTable(std::int32_t columns) = 0;
 
   /// Closes the table and starts a new block. Without an open table it does just
   /// the latter. In section mode no block is started; with no table opened in it
-  /// it raises std::out_of_range ("invalid vector subscript") and changes nothing.
+  /// it throws std::out_of_range ("invalid vector subscript"). If an exception is
+  /// thrown, nothing has changed: a table that was open still is, with all its rows.
   virtual void CloseTable() = 0;
 
   /// Lets the first cell of the next row span `rows` rows. The cells behind it

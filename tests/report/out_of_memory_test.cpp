@@ -1,0 +1,203 @@
+#include <cstddef>
+#include <initializer_list>
+#include <new>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+#include "support/allocation_failure.h"
+#include "tests/report/report_page.h"
+
+namespace report_test {
+
+namespace {
+
+void add_texts(IVellomark& report, std::initializer_list<const char16_t*> texts) {
+  for (const char16_t* const text : texts) report.AddText(text, false);
+}
+
+// A table that has a row begun and a first cell that spans further rows.
+void begin_table(IVellomark& report) {
+  report.OpenTable(4);
+  report.SetFirstCellRows(3);
+  add_texts(report, {u"group", u"1", u"2"});
+}
+
+// Adds something everywhere, so that the page shows which tables are open and which cell
+// comes next.
+void add_everywhere(IVellomark& report) {
+  const auto add = [&report] { add_texts(report, {u"v", u"w", u"x", u"y", u"z"}); };
+  add();
+  report.SetSectionMode(true);
+  add();
+  try {
+    while (true) {
+      report.CloseTable();
+      add();
+    }
+  } catch (const std::out_of_range&) {  // all section tables are closed
+  }
+  report.SetSectionMode(false);
+  add();
+  report.CloseTable();
+  add();
+}
+
+// A report in memory.
+class small_report {
+ public:
+  IVellomark& object() { return report_; }
+
+  // Adds to the report and returns the page.
+  ustring finish() {
+    add_everywhere(report_);
+    EXPECT_TRUE(report_.Save(u"/out", u"page.htm"));
+    return files_.units(u"/out/Vellomark/page.htm");
+  }
+
+ private:
+  test::memory_files files_;
+  test::recording_opener browser_;
+  VellomarkObj report_{files_, browser_};
+};
+
+// Makes `call` on a report on which `prepare` was called, with the first, second ...
+// allocation failing, until it passes. A call that fails must leave no trace: the page has to
+// be the one of a report without the call, or, if the call is repeated, the one of a report on
+// which it didn't fail. Returns the number of failures.
+template <class Prepare, class Call>
+std::size_t expect_all_or_nothing(Prepare prepare, Call call) {
+  const auto page = [&](auto calls) {
+    small_report report;
+    prepare(report.object());
+    calls(report.object());
+    return report.finish();
+  };
+  const ustring without_call = page([](IVellomark&) {});
+  const ustring with_call = page(call);
+  EXPECT_NE(without_call, with_call);
+  for (std::size_t number = 1;; ++number) {
+    SCOPED_TRACE("allocation " + std::to_string(number));
+    bool failed = false;
+    const auto try_call = [&](IVellomark& report) {
+      test::fail_allocation(number);
+      try {
+        call(report);
+      } catch (const std::bad_alloc&) {
+        failed = true;
+      }
+      test::fail_allocation(0);
+    };
+    const ustring tried = page(try_call);
+    EXPECT_TRUE(same_units(tried, failed ? without_call : with_call));
+    if (!failed || testing::Test::HasFailure()) return number - 1;
+    const ustring repeated = page([&](IVellomark& report) {
+      try_call(report);
+      call(report);
+    });
+    EXPECT_TRUE(same_units(repeated, with_call));
+  }
+}
+
+// As above, with more and more lines on the page before. Their number decides for which
+// node the memory of the page's tree has to grow.
+template <class Prepare, class Call>
+std::size_t expect_all_or_nothing_after_lines(Prepare prepare, Call call) {
+  std::size_t failures = 0;
+  for (std::size_t lines = 0; lines < 80 && !testing::Test::HasFailure(); ++lines) {
+    SCOPED_TRACE(std::to_string(lines) + " lines");
+    failures += expect_all_or_nothing(
+        [&](IVellomark& report) {
+          for (std::size_t line = 0; line < lines; ++line)
+            report.AddText(ustring(4 * (line % 9), u'-').c_str(), false);
+          prepare(report);
+        },
+        call);
+  }
+  return failures;
+}
+
+TEST(TableMemory, ATableIsOpenedOnThePageOrNothingHappens) {
+  const auto open = [](IVellomark& report) { EXPECT_TRUE(report.OpenTable(3)); };
+  EXPECT_GT(expect_all_or_nothing_after_lines([](IVellomark&) {}, open), 0u);
+  EXPECT_GT(expect_all_or_nothing_after_lines(begin_table, open), 0u);
+}
+
+TEST(TableMemory, ATableIsClosedOnThePageOrStaysOpen) {
+  const auto close = [](IVellomark& report) { report.CloseTable(); };
+  EXPECT_GT(expect_all_or_nothing_after_lines(begin_table, close), 0u);
+}
+
+// What a report holds before a table is opened in section mode.
+struct content {
+  const char* name;
+  void (*add)(IVellomark& report);
+};
+
+void PrintTo(const content& before, std::ostream* out) { *out << before.name; }
+
+void add_section(IVellomark& report) {
+  report.BeginSection(u"S", nullptr);
+  report.SetSectionMode(true);
+}
+
+constexpr content contents[] = {
+    {"EmptySection", add_section},
+    {"Line",
+     [](IVellomark& report) {
+       add_section(report);
+       report.AddText(u"line", false);
+     }},
+    {"OpenTableOnThePage",
+     [](IVellomark& report) {
+       begin_table(report);
+       add_section(report);
+     }},
+    {"ClosedTable",
+     [](IVellomark& report) {
+       add_section(report);
+       begin_table(report);
+       report.CloseTable();
+     }},
+    {"OpenTable",
+     [](IVellomark& report) {
+       add_section(report);
+       begin_table(report);
+     }},
+    {"OpenTablesEverywhere",
+     [](IVellomark& report) {
+       begin_table(report);
+       add_section(report);
+       begin_table(report);
+       begin_table(report);
+     }},
+};
+
+class SectionTableMemory : public testing::TestWithParam<content> {};
+
+TEST_P(SectionTableMemory, ATableIsOpenedOrNothingHappens) {
+  const std::size_t failures = expect_all_or_nothing(
+      GetParam().add, [](IVellomark& report) { EXPECT_TRUE(report.OpenTable(3)); });
+  EXPECT_GT(failures, 0u);
+}
+
+TEST_P(SectionTableMemory, ATableIsHandedOverWholeOrStaysOpen) {
+  constexpr std::size_t cells = 30;
+  const std::size_t failures = expect_all_or_nothing(
+      [](IVellomark& report) {
+        GetParam().add(report);
+        report.OpenTable(3);
+        for (std::size_t cell = 0; cell < cells; ++cell)
+          report.AddText(u"A cell that doesn't fit a short text", false);
+        report.SetFirstCellRows(2);
+        add_texts(report, {u"group", u"1"});
+      },
+      [](IVellomark& report) { report.CloseTable(); });
+  EXPECT_GT(failures, 2 * cells);
+}
+
+INSTANTIATE_TEST_SUITE_P(After, SectionTableMemory, testing::ValuesIn(contents));
+
+}  // namespace
+
+}  // namespace report_test
