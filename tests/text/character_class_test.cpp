@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "support/golden.h"
+#include "support/locale.h"
 
 namespace {
 
@@ -62,6 +63,26 @@ TEST_F(CharacterClass, TheLocaleIsThatOfTheConstruction) {
   use_locale("C");
   EXPECT_TRUE(after.is_space(u'\u3000'));
   EXPECT_FALSE(character_classes().is_space(u'\u3000'));
+}
+
+TEST_F(CharacterClass, ALocaleTakesTheGlobalOnesPlaceAtConstruction) {
+  const std::locale more_space = test::locale_with(L'x', std::ctype_base::space);
+  EXPECT_TRUE(character_classes(more_space).is_space(u'x'));
+  EXPECT_FALSE(character_classes(more_space).is_alnum(u'x'));
+  EXPECT_FALSE(character_classes().is_space(u'x'));
+
+  const test::global_locale global(more_space);
+  EXPECT_TRUE(character_classes().is_space(u'x'));
+  EXPECT_FALSE(character_classes(std::locale::classic()).is_space(u'x'));
+  EXPECT_TRUE(character_classes(std::locale::classic()).is_alnum(u'x'));
+}
+
+TEST_F(CharacterClass, ALocaleIsKeptAsLongAsItIsAsked) {
+  const character_classes classes(test::locale_with(L'x', std::ctype_base::blank));
+  EXPECT_FALSE(classes.is_space(u'x'));
+  EXPECT_TRUE(classes.is_space_or_blank(u'x'));
+  EXPECT_TRUE(classes.is_space_or_blank(u' '));
+  EXPECT_EQ(classes.to_lower(u'X'), u'x');
 }
 
 TEST_F(CharacterClass, ClassesOfTheClassicLocale) {

@@ -4,7 +4,8 @@
 
 namespace Xport {
 
-character_classes::character_classes() : facet_(&std::use_facet<std::ctype<wchar_t>>(locale_)) {}
+character_classes::character_classes(const std::locale& locale)
+    : locale_(locale), facet_(&std::use_facet<std::ctype<wchar_t>>(locale_)) {}
 
 unsigned character_classes::find(unsigned classes, char16 unit) const {
   if (unit >= kept_.size()) return ask(classes, unit);

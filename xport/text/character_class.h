@@ -10,14 +10,18 @@
 
 namespace Xport {
 
-/// Asks the global C++ locale, as it is at construction, what class a code unit
-/// belongs to. Units are widened to `wchar_t` one by one, so halves of surrogate
-/// pairs are asked about on their own. Make one for each operation that looks at
-/// many units: finding the locale's facet is the costly step, and answers for the
-/// first 256 units are kept. One object serves one thread at a time.
+/// Asks a C++ locale what class a code unit belongs to. Units are widened to
+/// `wchar_t` one by one, so halves of surrogate pairs are asked about on their own.
+/// Make one for each operation that looks at many units: finding the locale's facet
+/// is the costly step, and answers for the first 256 units are kept. One object
+/// serves one thread at a time.
 class character_classes {
  public:
-  character_classes();
+  /// Asks the locale that is the global one now.
+  character_classes() : character_classes(std::locale()) {}
+
+  /// Asks `locale`, of which it keeps a copy.
+  explicit character_classes(const std::locale& locale);
 
   /// Whether `unit` is white space (`std::ctype_base::space`).
   bool is_space(char16 unit) const { return is(space, unit); }
