@@ -9,12 +9,12 @@
 #include <memory>
 #include <ostream>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <utility>
 
 #include "support/fake_input.h"
 #include "support/golden.h"
+#include "support/locale.h"
 #include "support/unit_buffers.h"
 #include "xport/text/file_input_stream.h"
 #include "xport/text/unit_input.h"
@@ -260,23 +260,60 @@ TEST_P(ByteOrder, AStreamThatSkipsNoWhiteSpaceKeepsIt) {
   }
 }
 
-TEST(ByteOrderRead, WhiteSpaceIsThatOfTheGlobalLocale) {
-  const auto rest = [] {
-    string_stream input(u"\u3000\u2003\uFEFF\u3000a");
-    input_stream* stream = &input;
+// Where the locale of the stream and the global one differ, only the former counts. The
+// stream that takes the place of a big-endian one has the global locale.
+class ByteOrderLocale : public ByteOrder {
+ protected:
+  static std::locale x_is_space() { return test::locale_with(L'x', std::ctype_base::space); }
+
+  // What is left of an input whose stream has `locale`.
+  static ustring rest_in(const std::locale& locale, const ustring& text) {
+    source input(GetParam(), text);
+    input.stream().imbue(locale);
+    input_stream* stream = &input.stream();
     detect_byte_order(stream, false);
-    return rest_of(input);
-  };
-  EXPECT_TRUE(same_units(rest(), u"\u3000\u2003\uFEFF\u3000a"));
-  const std::locale before;
-  try {
-    std::locale::global(std::locale("C.UTF-8"));
-  } catch (const std::runtime_error&) {
-    GTEST_SKIP() << "there is no locale C.UTF-8";
+    if (stream == &input.stream()) {
+      EXPECT_EQ(stream->getloc(), locale);
+      return rest_of(*stream);
+    }
+    const std::unique_ptr<input_stream> made(stream);
+    EXPECT_EQ(made->getloc(), std::locale());
+    return rest_of(*made);
   }
-  const ustring found = rest();
-  std::locale::global(before);
-  EXPECT_TRUE(same_units(found, u"a"));
+};
+
+INSTANTIATE_TEST_SUITE_P(Sources, ByteOrderLocale,
+                         testing::Values(source_kind::string, source_kind::one_unit,
+                                         source_kind::unbuffered, source_kind::file),
+                         name_of);
+
+TEST_P(ByteOrderLocale, WhiteSpaceOfTheStreamIsSkipped) {
+  const std::locale locale = x_is_space();
+  EXPECT_TRUE(same_units(rest_in(locale, u"xx ax"), u"ax"));
+  EXPECT_TRUE(same_units(rest_in(locale, u" x\uFEFFxxa"), u"a"));
+  EXPECT_TRUE(same_units(rest_in(locale, ustring(u"x\uFEFFx\0xa", 6)), u"xa"));
+  EXPECT_TRUE(same_units(rest_in(locale, ustring(u"x\0x\uFFFExa", 6)), u"xa"));
+  EXPECT_TRUE(same_units(rest_in(locale, u"x\uBBEFxa"), u"xa"));
+  EXPECT_TRUE(same_units(rest_in(locale, u"x\uFFFE\u7800\u6100"), u"xa"));
+}
+
+TEST_P(ByteOrderLocale, WhiteSpaceOfTheGlobalLocaleIsNot) {
+  const test::global_locale global(x_is_space());
+  const std::locale& locale = std::locale::classic();
+  EXPECT_TRUE(same_units(rest_in(locale, u" xx a"), u"xx a"));
+  EXPECT_TRUE(same_units(rest_in(locale, u" \uFEFF xxa"), u"xxa"));
+  EXPECT_TRUE(same_units(rest_in(locale, u"x\uFEFFa"), u"x\uFEFFa"));
+  EXPECT_TRUE(same_units(rest_in(locale, u"x\uFFFE\u6100"), u"x\uFFFE\u6100"));
+  EXPECT_TRUE(same_units(rest_in(locale, u" \uFFFE\u7800\u6100"), u"xa"));
+}
+
+TEST(ByteOrderRead, AStreamHasTheLocaleThatIsGlobalWhenItIsMade) {
+  const test::global_locale global(test::locale_with(L'\u3000', std::ctype_base::space));
+  string_stream input(u"\u3000\u3000\uFEFF\u3000a");
+  const test::global_locale later(std::locale::classic());
+  input_stream* stream = &input;
+  detect_byte_order(stream, false);
+  EXPECT_TRUE(same_units(rest_of(input), u"a"));
 }
 
 TEST(ByteOrderRead, NothingMovesOverAUnit65535) {

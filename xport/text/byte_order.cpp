@@ -1,6 +1,7 @@
 #include "xport/text/byte_order.h"
 
 #include <ios>
+#include <locale>
 #include <sstream>
 
 #include "xport/text/character_class.h"
@@ -17,8 +18,8 @@ constexpr char16 big_endian_mark = 0xFFFE;
 constexpr char16 utf8_mark = 0xBBEF;
 constexpr char16 utf8_mark_swapped = 0xEFBB;
 
-void skip_space(unit_input input) {
-  const character_classes classes;
+void skip_space(unit_input input, const std::locale& locale) {
+  const character_classes classes(locale);
   while (!input.at_end() && classes.is_space(input.peek())) input.advance();
 }
 
@@ -38,7 +39,7 @@ char16 look_ahead(std::basic_istream<char16>& stream) {
   const unit_input input(stream.rdbuf());
   char16 unit = end_unit;
   try {
-    if ((stream.flags() & std::ios_base::skipws) != 0) skip_space(input);
+    if ((stream.flags() & std::ios_base::skipws) != 0) skip_space(input, stream.getloc());
     unit = input.peek();
   } catch (...) {
     note_exception(stream);
