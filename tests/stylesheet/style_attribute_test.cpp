@@ -8,6 +8,7 @@
 
 #include "support/allocation_failure.h"
 #include "support/golden.h"
+#include "support/locale.h"
 #include "support/text.h"
 #include "xport/markup/node_memory.h"
 #include "xport/vocabulary/xhtml_strict.h"
@@ -185,18 +186,9 @@ TEST(StyleAttribute, HugeTextsTakeLinearTime) {
   EXPECT_TRUE(same_units(read(u"color:" + value), u"color=" + value + u"|"));
 }
 
-/// Says that "_" is a blank and no space.
-class underscore_is_blank : public std::ctype<wchar_t> {
-  bool do_is(mask classes, char_type unit) const override {
-    return unit == L'_' ? (classes & blank) != 0 : std::ctype<wchar_t>::do_is(classes, unit);
-  }
-};
-
 TEST(StyleAttribute, WhiteSpaceIsWhatTheLocaleCallsSpaceOrBlank) {
-  const std::locale before =
-      std::locale::global(std::locale(std::locale(), new underscore_is_blank));
+  const test::global_locale global(test::locale_with(L'_', std::ctype_base::blank));
   EXPECT_TRUE(same_units(read(u"_color:__red_top_1px_"), u"color=red|top=1px|"));
-  std::locale::global(before);
 }
 
 }  // namespace

@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <istream>
+#include <locale>
 #include <memory>
 #include <sstream>
 
 #include "sheet_text.h"
 #include "support/allocation_failure.h"
 #include "support/golden.h"
+#include "support/locale.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
 namespace {
@@ -248,6 +250,71 @@ TEST(StylesheetParse, TakesByteOrderMarksOut) {
 TEST(StylesheetParse, OneMarkIsTakenOutAndTheNextBelongsToTheText) {
   EXPECT_TRUE(same_units(parsed(u"\uFEFF\uFEFFa{}"), u"[\uFEFFa]\n"));
   EXPECT_TRUE(same_units(parsed(swapped(u"\uFEFF\uFEFFa{}")), u"[\uFEFFa]\n"));
+}
+
+// Locales: only that of the stream from which units are taken counts. The stream that
+// replaces a big-endian one, and the one on a copy, have the global locale.
+
+/// The listing of what is read from a stream on `text` that has `locale`.
+ustring parsed_in(const std::locale& locale, const ustring& text) {
+  xhtml_stylesheet sheet;
+  auto stream = std::make_unique<text_input>(text);
+  stream->imbue(locale);
+  EXPECT_TRUE(sheet.parse(std::move(stream)));
+  return listing(sheet);
+}
+
+/// The same, but of a copy of the stream.
+ustring parsed_copy_in(const std::locale& locale, const ustring& text) {
+  xhtml_stylesheet sheet;
+  text_input stream(text);
+  stream.imbue(locale);
+  EXPECT_TRUE(sheet.parse(stream));
+  return listing(sheet);
+}
+
+std::locale underscore_is(std::ctype_base::mask classes) {
+  return test::locale_with(L'_', classes);
+}
+
+/// A sheet with "_" wherever white space may stand.
+constexpr ustring_view spaced =
+    u"__a__{_color_:_red_;_top:_1px_}__/*__k__*/__@import__url(a.css);__b{}";
+constexpr ustring_view listed_as_space = u"[a] color=[red] top=[1px]\n/*[k]\n@[a.css]\n[b]\n";
+constexpr ustring_view listed_as_text = u"[__a__]\n/*[__k__]\n[___@import__url(a.css);__b]\n";
+
+TEST(StylesheetParse, WhiteSpaceIsThatOfTheStream) {
+  for (const auto classes : {std::ctype_base::space, std::ctype_base::blank}) {
+    const std::locale locale = underscore_is(classes);
+    EXPECT_TRUE(same_units(parsed_in(locale, ustring(spaced)), listed_as_space));
+    EXPECT_TRUE(same_units(parsed_in(locale, u"\uFEFF" + ustring(spaced)), listed_as_space));
+    const test::global_locale global(locale);
+    EXPECT_TRUE(same_units(parsed_in(locale, ustring(spaced)), listed_as_space));
+  }
+}
+
+TEST(StylesheetParse, WhiteSpaceOfTheGlobalLocaleIsText) {
+  const test::global_locale global(underscore_is(std::ctype_base::space));
+  const std::locale& locale = std::locale::classic();
+  EXPECT_TRUE(same_units(parsed_in(locale, ustring(spaced)), listed_as_text));
+  EXPECT_TRUE(same_units(parsed_in(locale, u"\uFEFF" + ustring(spaced)), listed_as_text));
+}
+
+TEST(StylesheetParse, AfterABigEndianMarkWhiteSpaceIsThatOfTheGlobalLocale) {
+  const ustring sheet = swapped(u"\uFEFF" + ustring(spaced));
+  const std::locale locale = underscore_is(std::ctype_base::space);
+  EXPECT_TRUE(same_units(parsed_in(locale, sheet), listed_as_text));
+  EXPECT_TRUE(same_units(parsed_in(locale, u"_" + sheet), listed_as_text))
+      << "the old stream's locale decides what is skipped before the mark";
+  const test::global_locale global(locale);
+  EXPECT_TRUE(same_units(parsed_in(std::locale::classic(), sheet), listed_as_space));
+}
+
+TEST(StylesheetParse, ACopyIsReadByTheGlobalLocale) {
+  const std::locale locale = underscore_is(std::ctype_base::space);
+  EXPECT_TRUE(same_units(parsed_copy_in(locale, ustring(spaced)), listed_as_text));
+  const test::global_locale global(locale);
+  EXPECT_TRUE(same_units(parsed_copy_in(std::locale::classic(), ustring(spaced)), listed_as_space));
 }
 
 // Texts that end within a rule.

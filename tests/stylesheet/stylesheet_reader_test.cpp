@@ -7,6 +7,7 @@
 
 #include "sheet_text.h"
 #include "support/golden.h"
+#include "support/locale.h"
 
 namespace {
 
@@ -350,19 +351,10 @@ TEST(StylesheetReader, WhatIsCompleteStaysWhereReadingGoesRound) {
 
 // Locales.
 
-/// Says that "_" is a blank and no space.
-class underscore_is_blank : public std::ctype<wchar_t> {
-  bool do_is(mask classes, char_type unit) const override {
-    return unit == L'_' ? (classes & blank) != 0 : std::ctype<wchar_t>::do_is(classes, unit);
-  }
-};
-
 TEST(StylesheetReader, WhiteSpaceIsWhatTheLocaleCallsSpaceOrBlank) {
-  const std::locale before =
-      std::locale::global(std::locale(std::locale(), new underscore_is_blank));
+  const test::global_locale global(test::locale_with(L'_', std::ctype_base::blank));
   EXPECT_TRUE(reads_as(u"__a__{_color_:_red_;_top:_1px_}__/*__k__*/__@import__url(a.css);__b{}",
                        u"[a] color=[red] top=[1px]\n/*[k]\n@[a.css]\n[b]\n"));
-  std::locale::global(before);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ class stylesheet_reader {
  public:
   stylesheet_reader(std::basic_istream<char16>& stream,
                     std::vector<std::unique_ptr<xhtml_stylesheet_item>>& items)
-      : stream_(stream), input_(stream.rdbuf()), items_(items) {}
+      : stream_(stream), input_(stream.rdbuf()), classes_(stream.getloc()), items_(items) {}
 
   void read_items();
 

@@ -32,6 +32,8 @@ class xhtml_stylesheet {
   /// true. The sheet is empty for a null pointer, and for a stream that has failed. A
   /// byte-order mark is taken out of the text first (see detect_byte_order). U+FFFF
   /// ends the text. Units come from the stream's buffer and leave the stream's state alone.
+  /// White space is what the locale of the stream (`getloc()`) classifies as `space` or
+  /// `blank`. After a big-endian mark the global locale decides instead.
   ///
   /// What is read isn't always what was written:
   /// - A comment within a selector or a property name stands ahead of its rule. The unit
@@ -56,7 +58,8 @@ class xhtml_stylesheet {
   bool parse(std::unique_ptr<std::basic_istream<char16>> stream);
 
   /// Copies all that is left in the buffer of `stream`, whatever the stream's state, and
-  /// parses the copy. If copying raises an exception, the sheet is as it was.
+  /// parses the copy. White space is that of the global locale, whatever the stream's. If
+  /// copying throws an exception, the sheet is as it was.
   bool parse(std::basic_istream<char16>& stream);
 
   stylesheet_iterator begin() { return stylesheet_iterator(items_.begin()); }
