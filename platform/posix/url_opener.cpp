@@ -2,11 +2,13 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <spawn.h>
 #include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 #include <optional>
 #include <string>
 
@@ -16,50 +18,121 @@ namespace platform {
 
 namespace {
 
-// The host's files are no business of the handler's.
-void close_inherited() {
+// How the handler is started: a session of its own, every signal at its default, none
+// blocked.
+class handler_attributes {
+ public:
+  handler_attributes() : usable_(::posix_spawnattr_init(&attributes_) == 0) {}
+  handler_attributes(const handler_attributes&) = delete;
+  handler_attributes& operator=(const handler_attributes&) = delete;
+  ~handler_attributes() {
+    if (usable_) ::posix_spawnattr_destroy(&attributes_);
+  }
+
+  bool set() {
+    // Not sigfillset(): it leaves out the two signals that glibc keeps for itself, and
+    // posix_spawnp() would then start the handler with these two ignored.
+    sigset_t every_signal;
+    std::memset(&every_signal, 0xFF, sizeof every_signal);
+    sigset_t none;
+    ::sigemptyset(&none);
+    constexpr short flags = POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK;
+    return usable_ && ::posix_spawnattr_setsigdefault(&attributes_, &every_signal) == 0 &&
+           ::posix_spawnattr_setsigmask(&attributes_, &none) == 0 &&
+           ::posix_spawnattr_setflags(&attributes_, flags) == 0;
+  }
+
+  const posix_spawnattr_t* get() const { return &attributes_; }
+
+ private:
+  posix_spawnattr_t attributes_;
+  bool usable_;
+};
+
+// The descriptors of the handler: the null device as standard streams, none of the host's.
+class handler_files {
+ public:
+  handler_files() : usable_(::posix_spawn_file_actions_init(&actions_) == 0) {}
+  handler_files(const handler_files&) = delete;
+  handler_files& operator=(const handler_files&) = delete;
+  ~handler_files() {
+    if (usable_) ::posix_spawn_file_actions_destroy(&actions_);
+  }
+
+  bool set() {
+    return usable_ &&
+           ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDWR, 0) ==
+               0 &&
+           ::posix_spawn_file_actions_adddup2(&actions_, STDIN_FILENO, STDOUT_FILENO) == 0 &&
+           ::posix_spawn_file_actions_adddup2(&actions_, STDIN_FILENO, STDERR_FILENO) == 0 &&
+           close_all_others();
+  }
+
+  const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+ private:
+  bool close_all_others() {
 #if defined(__GLIBC_PREREQ)
 #if __GLIBC_PREREQ(2, 34)
-  ::close_range(STDERR_FILENO + 1, ~0U, 0);
+    return ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1) == 0;
 #endif
 #endif
-}
-
-// Runs in a child of a process that may have had other threads: only calls that
-// are safe there.
-[[noreturn]] void become_handler(char* const* arguments) {
-  ::setsid();
-  sigset_t none;
-  ::sigemptyset(&none);
-  ::sigprocmask(SIG_SETMASK, &none, nullptr);
-  const int null_device = ::open("/dev/null", O_RDWR);
-  if (null_device >= 0) {
-    ::dup2(null_device, STDIN_FILENO);
-    ::dup2(null_device, STDOUT_FILENO);
-    ::dup2(null_device, STDERR_FILENO);
+    return true;
   }
-  close_inherited();
-  ::execvp(arguments[0], arguments);
-  ::_exit(127);
+
+  posix_spawn_file_actions_t actions_;
+  bool usable_;
+};
+
+// Blocks all signals of the calling thread, and restores its mask and errno.
+class signals_blocked {
+ public:
+  signals_blocked() : error_(errno) {
+    sigset_t all;
+    ::sigfillset(&all);
+    ::pthread_sigmask(SIG_BLOCK, &all, &before_);
+  }
+  signals_blocked(const signals_blocked&) = delete;
+  signals_blocked& operator=(const signals_blocked&) = delete;
+  ~signals_blocked() {
+    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    errno = error_;
+  }
+
+ private:
+  int error_;
+  sigset_t before_;
+};
+
+// Starts a program from a child that exits at once: process 1 adopts the program, so nobody
+// here has to wait for it and no zombie stays. The child borrows our memory instead of copying
+// it. Our signal handlers mustn't run there, so the caller has blocked all signals. The C
+// library's posix_spawnp() works in such a child: it has a stack of its own and allocates
+// nothing that it doesn't free again.
+void start_orphan(char* const* arguments, const posix_spawn_file_actions_t* files,
+                  const posix_spawnattr_t* attributes) {
+  const pid_t child = ::vfork();
+  if (child == 0) {
+    ::posix_spawnp(nullptr, arguments[0], files, attributes, arguments, environ);
+    ::_exit(0);
+  }
+  // Fails with ECHILD if the host ignores SIGCHLD or has reaped the child in another thread.
+  if (child > 0)
+    while (::waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    }
 }
 
 class xdg_opener final : public url_opener {
  public:
-  // The handler is a grandchild whose parent is gone at once, so that nobody has
-  // to wait for it and no zombie stays.
   void open(const Xport::ustring& url) override {
     std::optional<std::string> native = posix::to_utf8(url);
     if (!native) return;
     std::string program = "xdg-open";
     char* const arguments[] = {program.data(), native->data(), nullptr};
-    const pid_t child = ::fork();
-    if (child == 0) {
-      if (::fork() == 0) become_handler(arguments);
-      ::_exit(0);
-    }
-    if (child > 0)
-      while (::waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-      }
+    const signals_blocked no_signals;
+    handler_attributes attributes;
+    handler_files files;
+    if (attributes.set() && files.set()) start_orphan(arguments, files.get(), attributes.get());
   }
 };
 

@@ -3,22 +3,110 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <stdlib.h>
+#include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "support/temp_folder.h"
+
+#if defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define VFORK_IS_A_FORK
+#endif
+#endif
+#ifdef __SANITIZE_THREAD__
+#define VFORK_IS_A_FORK
+#endif
 
 namespace {
 
 namespace fs = std::filesystem;
 using platform::url_opener;
 using Xport::ustring;
+
+// Ignores some signals and blocks others, as some hosts do.
+class unusual_signals {
+ public:
+  unusual_signals() {
+    for (std::size_t i = 0; i < ignored.size(); ++i) before_[i] = ::signal(ignored[i], SIG_IGN);
+    sigset_t blocked;
+    ::sigemptyset(&blocked);
+    for (const int signal : {SIGHUP, SIGTERM, SIGUSR1}) ::sigaddset(&blocked, signal);
+    ::pthread_sigmask(SIG_BLOCK, &blocked, &mask_before_);
+  }
+  unusual_signals(const unusual_signals&) = delete;
+  unusual_signals& operator=(const unusual_signals&) = delete;
+  ~unusual_signals() {
+    ::pthread_sigmask(SIG_SETMASK, &mask_before_, nullptr);
+    for (std::size_t i = 0; i < ignored.size(); ++i) ::signal(ignored[i], before_[i]);
+  }
+
+ private:
+  static constexpr std::array ignored = {SIGCHLD, SIGPIPE, SIGTERM, SIGINT};
+  void (*before_[ignored.size()])(int);
+  sigset_t mask_before_;
+};
+
+// For each signal whether the thread blocks it, and the handler of the process.
+using signal_state = std::vector<std::pair<int, void (*)(int)>>;
+
+signal_state current_signals() {
+  sigset_t mask;
+  ::pthread_sigmask(SIG_BLOCK, nullptr, &mask);
+  signal_state state;
+  for (int signal = 1; signal <= SIGRTMAX; ++signal) {
+    struct sigaction action = {};
+    ::sigaction(signal, nullptr, &action);
+    state.emplace_back(::sigismember(&mask, signal), action.sa_handler);
+  }
+  return state;
+}
+
+// Private memory in small pages.
+class small_pages {
+ public:
+  explicit small_pages(std::size_t bytes)
+      : bytes_(bytes),
+        start_(static_cast<char*>(
+            ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
+    if (start_ != MAP_FAILED) ::madvise(start_, bytes_, MADV_NOHUGEPAGE);
+  }
+  small_pages(const small_pages&) = delete;
+  small_pages& operator=(const small_pages&) = delete;
+  ~small_pages() {
+    if (start_ != MAP_FAILED) ::munmap(start_, bytes_);
+  }
+
+  bool valid() const { return start_ != MAP_FAILED; }
+
+  // Writes to every page; the number of page faults of this process meanwhile.
+  long touch() {
+    const long before = faults();
+    for (std::size_t i = 0; i < bytes_; i += 4096) *const_cast<volatile char*>(start_ + i) = 1;
+    return faults() - before;
+  }
+
+ private:
+  static long faults() {
+    struct rusage usage;
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_minflt;
+  }
+
+  std::size_t bytes_;
+  char* start_;
+};
 
 // Puts a program of the name that opens URLs first in PATH.
 class UrlOpener : public ::testing::Test {
@@ -29,10 +117,14 @@ class UrlOpener : public ::testing::Test {
   }
   void TearDown() override { ::setenv("PATH", old_path_.c_str(), 1); }
 
-  void make_opener(const std::string& script) {
+  void make_program(const std::string& text) {
     const fs::path program = temp.path() / "xdg-open";
-    test::make_file(program, "#!/bin/sh\ncd '" + temp.path().string() + "'\n" + script);
+    test::make_file(program, text);
     fs::permissions(program, fs::perms::owner_all);
+  }
+
+  void make_opener(const std::string& script) {
+    make_program("#!/bin/sh\ncd '" + temp.path().string() + "'\n" + script);
   }
 
   // A script that writes the number of its arguments and each of them to the file
@@ -163,6 +255,94 @@ TEST_F(UrlOpener, WorksInAHostThatIgnoresItsChildren) {
   opener.open(u"file:///page");
   ::signal(SIGCHLD, before);
   EXPECT_EQ(result(), "1\nfile:///page\n");
+}
+
+// No shell runs here: some shells change signals before they start a program.
+TEST_F(UrlOpener, HandlerIgnoresAndBlocksNoSignal) {
+  const char* const awk = "/usr/bin/awk";
+  if (!fs::exists("/proc/self/status") || !fs::exists(awk)) GTEST_SKIP() << "no /proc or no awk";
+  make_program("#!" + std::string(awk) +
+               " -f\n"
+               "BEGIN {\n"
+               "  result = \"" +
+               temp.path().string() +
+               "/result\"\n"
+               "  while ((getline line <\"/proc/self/status\") > 0)\n"
+               "    if (line ~ /^Sig(Blk|Ign)/) print line >(result \".part\")\n"
+               "  close(result \".part\")\n"
+               "  system(\"mv '\" result \".part' '\" result \"'\")\n"
+               "}\n");
+  const unusual_signals signals;
+  opener.open(u"file:///page");
+  EXPECT_EQ(result(), "SigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n");
+}
+
+TEST_F(UrlOpener, SignalsAndErrnoOfTheHostAreUnchanged) {
+  make_noting_opener();
+  const unusual_signals signals;
+  const signal_state before = current_signals();
+  errno = EXDEV;
+  opener.open(u"file:///page");
+  EXPECT_EQ(errno, EXDEV);
+  EXPECT_EQ(current_signals(), before);
+  result();
+}
+
+TEST_F(UrlOpener, HandlerInheritsNoDescriptor) {
+#if !defined(__GLIBC_PREREQ)
+  GTEST_SKIP() << "needs glibc";
+#elif !__GLIBC_PREREQ(2, 34)
+  GTEST_SKIP() << "needs glibc 2.34";
+#endif
+  if (!fs::exists("/proc/self/fd")) GTEST_SKIP() << "no /proc";
+  make_opener(
+      "if [ -e /proc/$$/fd/77 ]; then echo open >writing; else echo closed >writing; fi\n"
+      "mv writing result\n");
+  ASSERT_EQ(::dup2(STDERR_FILENO, 77), 77);
+  opener.open(u"file:///page");
+  EXPECT_EQ(result(), "closed\n");
+  ::close(77);
+}
+
+TEST_F(UrlOpener, HandlerHasASessionOfItsOwn) {
+  if (!fs::exists("/proc/self/stat")) GTEST_SKIP() << "no /proc";
+  make_opener(
+      "read -r pid name state parent group session rest </proc/$$/stat\n"
+      "if [ $session = $$ ]; then echo own >writing; else echo inherited >writing; fi\n"
+      "mv writing result\n");
+  opener.open(u"file:///page");
+  EXPECT_EQ(result(), "own\n");
+}
+
+// After a fork, writing to each of these 16384 pages would be a fault.
+TEST_F(UrlOpener, DoesNotCopyThePageTablesOfTheHost) {
+#ifdef VFORK_IS_A_FORK
+  GTEST_SKIP() << "the thread sanitizer makes each vfork a fork";
+#endif
+  make_noting_opener();
+  small_pages memory(64 << 20);
+  ASSERT_TRUE(memory.valid());
+  memory.touch();
+  opener.open(u"file:///page");
+  EXPECT_LT(memory.touch(), 1000);
+  result();
+}
+
+TEST_F(UrlOpener, ThreadsMayOpenAtTheSameTime) {
+  make_opener("echo started >>log\n");
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i)
+    threads.emplace_back([this] {
+      for (int round = 0; round < 10; ++round) opener.open(u"file:///page");
+    });
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_FALSE(has_children());
+  std::string expected;
+  for (int i = 0; i < 40; ++i) expected += "started\n";
+  const fs::path log = temp.path() / "log";
+  for (int tries = 0; tries < 1000 && test::bytes_of(log) != expected; ++tries)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  EXPECT_EQ(test::bytes_of(log), expected);
 }
 
 // A host's other children are its own to wait for.
