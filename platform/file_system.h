@@ -21,8 +21,6 @@ enum class folder_result {
 /// be made or opened. Nothing here raises but std::bad_alloc.
 class file_system {
  public:
-  virtual ~file_system();
-
   /// Whether something of that name is there, a file, a folder or anything else. A
   /// link that leads nowhere counts as nothing.
   virtual bool exists(const Xport::ustring& path) = 0;
@@ -51,8 +49,14 @@ class file_system {
   /// Removes a file; false if that fails.
   virtual bool remove_file(const Xport::ustring& path) = 0;
 
-  /// The operating system's. Holds no state; may be used from any thread.
+  /// The file system of the operating system. Holds no state; may be used from any
+  /// thread, and from the start of the process to its very end: it is never destroyed.
   static file_system& native();
+
+ protected:
+  // Nobody deletes a file system through this class. Not virtual, so that native() has
+  // nothing to destroy.
+  ~file_system() = default;
 };
 
 }  // namespace platform

@@ -8,8 +8,6 @@ namespace platform {
 /// Shows a page to the user.
 class url_opener {
  public:
-  virtual ~url_opener();
-
   /// Opens `url` with the user's default handler. Doesn't wait for the handler,
   /// prints nothing, and ignores every failure. Throws nothing but std::bad_alloc.
   ///
@@ -25,8 +23,14 @@ class url_opener {
   /// children, and it has to reap the handler like the others.
   virtual void open(const Xport::ustring& url) = 0;
 
-  /// The opener of the operating system. Holds no state; may be used from any thread.
+  /// The opener of the operating system. Holds no state; may be used from any thread,
+  /// and from the start of the process to its very end: it is never destroyed.
   static url_opener& native();
+
+ protected:
+  // Nobody deletes an opener through this class. Not virtual, so that native() has nothing
+  // to destroy.
+  ~url_opener() = default;
 };
 
 }  // namespace platform

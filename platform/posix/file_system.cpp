@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <type_traits>
 
 #include "platform/posix/copy_file.h"
 #include "platform/posix/input_file.h"
@@ -67,13 +68,12 @@ class posix_file_system final : public file_system {
   }
 };
 
+// Never destroyed: hosts save pages even while their globals are destroyed.
+constinit posix_file_system native_files;
+static_assert(std::is_trivially_destructible_v<posix_file_system>);
+
 }  // namespace
 
-file_system::~file_system() = default;
-
-file_system& file_system::native() {
-  static posix_file_system files;
-  return files;
-}
+file_system& file_system::native() { return native_files; }
 
 }  // namespace platform

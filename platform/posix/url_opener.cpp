@@ -11,6 +11,7 @@
 #include <cstring>
 #include <optional>
 #include <string>
+#include <type_traits>
 
 #include "platform/posix/utf8.h"
 
@@ -136,13 +137,12 @@ class xdg_opener final : public url_opener {
   }
 };
 
+// Never destroyed: hosts save pages even while their globals are destroyed.
+constinit xdg_opener native_opener;
+static_assert(std::is_trivially_destructible_v<xdg_opener>);
+
 }  // namespace
 
-url_opener::~url_opener() = default;
-
-url_opener& url_opener::native() {
-  static xdg_opener opener;
-  return opener;
-}
+url_opener& url_opener::native() { return native_opener; }
 
 }  // namespace platform
