@@ -44,6 +44,10 @@ class file_system {
   /// complete and closed without an error; otherwise the target is as it was and
   /// no half file is left behind. A file isn't copied onto itself, under whatever
   /// name, and a folder isn't copied.
+  ///
+  /// On POSIX the target's folder holds the unfinished copy. A process that is killed
+  /// leaves no half file there if the file system has unnamed files (O_TMPFILE);
+  /// otherwise it leaves a file `.copy-XXXXXX`.
   virtual bool copy_file(const Xport::ustring& source, const Xport::ustring& target) = 0;
 
   /// Removes a file; false if that fails.

@@ -5,9 +5,20 @@
 
 namespace platform::posix {
 
-/// Copies a file as file_system::copy_file promises. The copy is made under a name
-/// of its own beside the target and takes the target's name when it is complete.
-bool copy_file(const std::string& source, const std::string& target);
+/// Where the bytes of an unfinished copy are.
+enum class unfinished_copy {
+  /// In a file without a name in the target's folder, which the system deletes if the process
+  /// is killed. A copy that replaces a file is named `.copy-N` for the moment between its
+  /// completion and its renaming. Same as `named` where there are no unnamed files.
+  unnamed,
+  /// In a file `.copy-XXXXXX` beside the target. A killed process leaves this file there.
+  named
+};
+
+/// Copies a file as file_system::copy_file promises. The copy gets the target's name when it
+/// is complete and closed without an error. `unfinished` is a parameter for the tests.
+bool copy_file(const std::string& source, const std::string& target,
+               unfinished_copy unfinished = unfinished_copy::unnamed);
 
 }  // namespace platform::posix
 

@@ -1,6 +1,4 @@
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +7,7 @@
 #include <string>
 
 #include "platform/file_system.h"
+#include "support/limited_file_size.h"
 #include "support/temp_folder.h"
 #include "xport/text/char16.h"
 
@@ -142,35 +141,12 @@ TEST_F(CopyFile, NamesOfFullLength) {
   EXPECT_EQ(names(), (name_set{std::string(255, 'a'), std::string(255, 'b')}));
 }
 
-// Files of this process may not get longer than this; writing on fails as it does
-// when the disk is full, and so after a part of the file was written.
-class limited_file_size {
- public:
-  explicit limited_file_size(rlim_t bytes) {
-    before_action_ = ::signal(SIGXFSZ, SIG_IGN);
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    rlimit limit = before_;
-    limit.rlim_cur = bytes;
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  limited_file_size(const limited_file_size&) = delete;
-  limited_file_size& operator=(const limited_file_size&) = delete;
-  ~limited_file_size() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    ::signal(SIGXFSZ, before_action_);
-  }
-
- private:
-  rlimit before_;
-  void (*before_action_)(int);
-};
-
 TEST_F(CopyFile, FailureInTheMiddleLeavesNoHalfFileAndTheTargetAsItWas) {
   const std::string bytes(500000, 'x');
   test::make_file(file("a"), bytes);
   test::make_file(file("b"), "old");
   {
-    const limited_file_size limit(300000);
+    const test::limited_file_size limit(300000);
     EXPECT_FALSE(copy(u"/a", u"/b"));
     EXPECT_FALSE(copy(u"/a", u"/c"));
   }
