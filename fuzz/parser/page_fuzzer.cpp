@@ -16,6 +16,7 @@
 #include "support/round_trip.h"
 #include "support/tree_check.h"
 #include "support/tree_outline.h"
+#include "xport/markup/text_leaf.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 #include "xport/text/ustring_stream.h"
