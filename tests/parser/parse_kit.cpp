@@ -35,6 +35,7 @@ std::string head_of(const xhtml_element& element) {
 }
 
 std::string leaf_text(const xhtml_markup& node) {
+  if (node.as_text() == nullptr) return printable(node.tag_name());
   const std::string text = printable(node.as_text()->text());
   switch (node.type()) {
     case node_type::doctype:

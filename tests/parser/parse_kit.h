@@ -19,7 +19,7 @@ namespace test {
 /// The children of `node` in a line, with blanks between them. Elements by name, their attributes
 /// in ascending number as [name="value" ...], their style as {name:value;...}, and their
 /// children in brackets; texts as 'text', comments as #text#, instructions as ?text?, doctypes
-/// as !text!. Units as printable() shows them. Any depth will do.
+/// as !text!, other nodes by tag_name(). Units as printable() shows them. Any depth will do.
 std::string outline_with_attributes(const Xport::xhtml_markup& node);
 
 /// `node` alone, which isn't of no kind, as it stands in that line.
