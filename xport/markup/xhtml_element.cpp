@@ -107,7 +107,8 @@ markup_iterator xhtml_element::append_element(tag_id tag) {
 
 markup_iterator append_element(xhtml_markup& parent, tag_id tag) {
   xhtml_element* const element = parent.as_element();
-  return element != nullptr ? element->append_element(tag) : parent.end();
+  return element != nullptr ? element->append_element(tag)
+                            : parent.append_copy(xhtml_element(tag, {}, {}));
 }
 
 markup_iterator xhtml_element::append_text(ustring_view text) { return insert_text(end(), text); }

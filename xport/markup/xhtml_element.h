@@ -149,7 +149,7 @@ inline const xhtml_element* xhtml_markup::as_element() const {
 inline node_place::node_place(xhtml_element& parent)
     : pool_(parent.pool()), parent_(pool_ != nullptr ? &parent : nullptr) {}
 
-/// append_element where `parent` is an element; else the end of its list.
+/// append_copy of an element with this number and nothing else to any node.
 markup_iterator append_element(xhtml_markup& parent, tag_id tag);
 
 }  // namespace Xport

@@ -18,7 +18,7 @@ const xhtml_markup& no_node() {
 
 }  // namespace
 
-const std::type_info* const xhtml_markup::own_classes[6] = {
+constinit const std::type_info* const xhtml_markup::own_classes[6] = {
     &typeid(xhtml_markup),  &typeid(xhtml_doctype_declaration),    &typeid(xhtml_element),
     &typeid(xhtml_comment), &typeid(xhtml_processing_instruction), &typeid(xhtml_pcdata)};
 

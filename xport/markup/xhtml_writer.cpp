@@ -14,23 +14,6 @@ xhtml_writer::~xhtml_writer() {
   if (stream_mode != 1) delete stream;
 }
 
-// The outermost write fetches the character classes; those of nodes of derived classes
-// use them too.
-class xhtml_writer::operation {
- public:
-  explicit operation(xhtml_writer& writer) : writer_(writer.classes_ ? nullptr : &writer) {
-    if (writer_ != nullptr) writer_->classes_.emplace();
-  }
-  operation(const operation&) = delete;
-  operation& operator=(const operation&) = delete;
-  ~operation() {
-    if (writer_ != nullptr) writer_->classes_.reset();
-  }
-
- private:
-  xhtml_writer* writer_;
-};
-
 namespace {
 
 // What the tags of a derived element are made of, as its operations say, in the form of
@@ -47,7 +30,7 @@ Tag_trait asked_rules(const xhtml_element& element, ustring& name) {
 }  // namespace
 
 void xhtml_writer::write(const xhtml_markup& node) {
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   const xhtml_element* const element = node.as_element();
   if (element == nullptr) {
     write_leaf(node);

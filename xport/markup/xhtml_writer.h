@@ -67,8 +67,6 @@ class xhtml_writer {
   void write_byte_order_mark();
 
  private:
-  class operation;
-
   // The tree.
   static tag_id tag_of(const xhtml_markup* node);
   std::uint32_t layout_of(const xhtml_markup& node) const;
@@ -115,7 +113,7 @@ class xhtml_writer {
     output_.put(quote());
   }
 
-  std::optional<character_classes> classes_;  // during a write
+  std::optional<character_classes> classes_;  // during the outermost write
   ustring end_tag_;                           // of a derived element
   unit_output output_;
 };

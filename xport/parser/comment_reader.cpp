@@ -18,7 +18,7 @@ char16 next_or(unit_input in, char16 stale) {
 }  // namespace
 
 xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   unit_input in = units();
   in.advance();
   if (in.at_end()) {
@@ -50,7 +50,7 @@ xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
 }
 
 xhtml_markup* xhtml_parser::read_processing_instruction() {
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   unit_input in = units();
   text_.clear();
   while (true) {

@@ -128,7 +128,7 @@ class reference_scan {
 }  // namespace
 
 void xhtml_parser::normalize_references(ustring& text) {
-  const operation fetched(*this);
+  const operation_classes scope(classes_);
   reference_scan scan(*this, *classes_, text);
   if (scan.run()) text = scan.take();
 }

@@ -40,7 +40,7 @@ class xhtml_parser::tree_scope {
 
 xhtml_markup* xhtml_parser::parse_children(xhtml_markup* parent) {
   if (!takes_content(*parent)) return nullptr;
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   const bool own = is_exactly(*this, typeid(xhtml_parser)) && parent->is_own_class();
   return own ? fill(*parent->as_element()) : fill_by_calls(*parent);
 }

@@ -10,7 +10,7 @@ namespace Xport {
 
 // The tag ends at the first ">", inside a quoted value too.
 xhtml_markup* xhtml_parser::read_start_tag(xhtml_markup* parent) {
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   unit_input in = units();
   const ustring_view text = take_until(in, gathered_, [this](ustring_view window) {
     std::size_t at = count_plain_letters(window);

@@ -28,7 +28,7 @@ ustring rewritten_stylesheet(const ustring& text) {
 }  // namespace
 
 xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& prefix) {
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   const tag_id tag = parent->tag();
   if (tag == tag_id::pre) return read_preformatted();
   const bool plain = tag != tag_id::script && tag != tag_id::style;
@@ -50,7 +50,7 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
 }
 
 bool xhtml_parser::skip_leading_space() {
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   unit_input in = units();
   bool any = false;
   bool newline = false;
@@ -141,7 +141,7 @@ xhtml_markup* xhtml_parser::make_text(xhtml_markup* parent, ustring_view text) {
 // The end tag is looked for by its text, and nothing else is markup. Newlines aren't
 // counted.
 xhtml_markup* xhtml_parser::read_preformatted() {
-  const operation scope(*this);
+  const operation_classes scope(classes_);
   constexpr ustring_view end_tag = u"</pre>";
   unit_input in = units();
   text_.clear();

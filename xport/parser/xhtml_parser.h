@@ -128,7 +128,6 @@ class xhtml_parser {
   references_by_code references;  ///< the master table
 
  private:
-  class operation;
   class tree_scope;
   using held_node = std::unique_ptr<xhtml_markup>;
 
@@ -156,27 +155,10 @@ class xhtml_parser {
   void gather_newline(bool script);
   xhtml_markup* make_text(xhtml_markup* parent, ustring_view text);
 
-  std::optional<character_classes> classes_;  // while something is read
+  std::optional<character_classes> classes_;  // during the outermost call
   node_place nodes_;                          // where readers make nodes
   ustring gathered_;                          // what isn't whole in the input's window
   ustring text_;                              // a text that is being read
-};
-
-/// One call from outside: while it lasts, the character classes are those of the global
-/// locale at its start. Inside another operation it does nothing.
-class xhtml_parser::operation {
- public:
-  explicit operation(xhtml_parser& parser) : parser_(parser.classes_ ? nullptr : &parser) {
-    if (parser_ != nullptr) parser_->classes_.emplace();
-  }
-  operation(const operation&) = delete;
-  operation& operator=(const operation&) = delete;
-  ~operation() {
-    if (parser_ != nullptr) parser_->classes_.reset();
-  }
-
- private:
-  xhtml_parser* parser_;
 };
 
 }  // namespace Xport

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <locale>
+#include <optional>
 
 #include "xport/text/char16.h"
 
@@ -65,6 +66,25 @@ class character_classes {
   std::locale locale_;
   const std::ctype<wchar_t>* facet_;
   mutable std::array<std::uint8_t, 256> kept_{};
+};
+
+/// Fetches character classes for one operation: keeps those of the global locale in `place`
+/// from its construction to its destruction. Inside an operation, where `place` has them
+/// already, it does nothing.
+class operation_classes {
+ public:
+  explicit operation_classes(std::optional<character_classes>& place)
+      : place_(place ? nullptr : &place) {
+    if (place_ != nullptr) place_->emplace();
+  }
+  operation_classes(const operation_classes&) = delete;
+  operation_classes& operator=(const operation_classes&) = delete;
+  ~operation_classes() {
+    if (place_ != nullptr) place_->reset();
+  }
+
+ private:
+  std::optional<character_classes>* place_;
 };
 
 /// How many units at the beginning of `text` are small letters of ASCII, which in every
