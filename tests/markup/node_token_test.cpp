@@ -7,6 +7,7 @@
 #include <locale>
 #include <string>
 
+#include "support/locale.h"
 #include "tree_text.h"
 #include "xport/markup/xhtml_end_tag.h"
 
@@ -192,20 +193,8 @@ class odd_space : public std::ctype<wchar_t> {
   }
 };
 
-/// Puts a locale in force for its life.
-class global_locale {
- public:
-  explicit global_locale(const std::locale& locale) : before_(std::locale::global(locale)) {}
-  ~global_locale() { std::locale::global(before_); }
-  global_locale(const global_locale&) = delete;
-  global_locale& operator=(const global_locale&) = delete;
-
- private:
-  std::locale before_;
-};
-
 TEST(WhiteSpace, IsWhatTheGlobalLocaleSays) {
-  const global_locale guard{std::locale(std::locale::classic(), new odd_space)};
+  const test::global_locale guard{std::locale(std::locale::classic(), new odd_space)};
   EXPECT_EQ(test::text_of(xhtml_comment(u"<--_ \u2003a b\u2003_-->")), "a b");
   EXPECT_EQ(test::text_of(xhtml_comment(u"\ta\t")), "\\u0009a\\u0009");
   EXPECT_EQ(test::text_of(xhtml_processing_instruction(u"<?_abc\u2003?>")), "abc");
@@ -215,7 +204,7 @@ TEST(WhiteSpace, IsWhatTheGlobalLocaleSays) {
 }
 
 TEST(WhiteSpace, OfTheClassicLocaleIsAsciiOnly) {
-  const global_locale guard{std::locale::classic()};
+  const test::global_locale guard{std::locale::classic()};
   EXPECT_EQ(test::text_of(xhtml_comment(u" \t\n\v\f\ra\u00A0\u2003\u3000")),
             "a\\u00A0\\u2003\\u3000");
 }

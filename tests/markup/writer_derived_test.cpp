@@ -235,28 +235,26 @@ TEST(WriterLocale, IsThatAtTheStartOfEachWrite) {
   EXPECT_TRUE(same_units(stream.str(), u"<!-- axxb --><!-- axb --><!-- axxb -->"));
 }
 
-TEST(WriterColumn, NegativeNumberOfBlanksWraps) {
-  const xhtml_element b = make(tag_id::b, u"c");
-  const auto out = test::write_with(b, [](xhtml_writer& writer) {
+/// Writes `b` with lines of `length` units that start in column -6, without blanks.
+test::outcome written_before_the_line(const xhtml_element& b, std::uint64_t length) {
+  return test::write_with(b, [length](xhtml_writer& writer) {
     writer.indent_level = 3;
     writer.indent_step = -2;
-    writer.max_line_length = 5;
+    writer.max_line_length = length;
   });
-  // `</b>` doesn't fit into 5 units after `<b>c `. Its line starts in column -6, without
-  // blanks, and 4 units follow.
-  EXPECT_TRUE(test::is_outcome(out, u"<b>c\n</b>", std::uint64_t{0} - 2));
 }
 
-// Where a line starts in column -6, all that follows is far beyond the longest line.
+// `</b>` doesn't fit into 5 units after `<b>c `. It takes 4 units from column -6 on.
+TEST(WriterColumn, NegativeNumberOfBlanksWraps) {
+  EXPECT_TRUE(test::is_outcome(written_before_the_line(make(tag_id::b, u"c"), 5), u"<b>c\n</b>",
+                               std::uint64_t{0} - 2));
+}
+
+// Column -6 is far beyond the longest line, so that every word is on a line of its own. `</b>`
+// ends in column 0, which is short enough.
 TEST(WriterColumn, NegativeNumberOfBlanksWrapsEveryWord) {
-  const xhtml_element b = make(tag_id::b, u"c d e");
-  const auto out = test::write_with(b, [](xhtml_writer& writer) {
-    writer.indent_level = 3;
-    writer.indent_step = -2;
-    writer.max_line_length = 4;
-  });
-  // `</b>` ends in column 0 then, which is short enough.
-  EXPECT_TRUE(test::is_outcome(out, u"<b>c \nd \ne</b>", 0));
+  EXPECT_TRUE(test::is_outcome(written_before_the_line(make(tag_id::b, u"c d e"), 4),
+                               u"<b>c \nd \ne</b>", 0));
 }
 
 }  // namespace

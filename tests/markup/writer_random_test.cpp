@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/derived_nodes.h"
+#include "support/locale.h"
 #include "writer_kit.h"
 #include "writer_random_tree.h"
 #include "writer_reference.h"
@@ -36,17 +37,6 @@ void compare_trees(std::uint32_t first_seed, std::uint32_t count) {
   }
 }
 
-class global_locale {
- public:
-  explicit global_locale(const std::locale& locale) : before_(std::locale::global(locale)) {}
-  global_locale(const global_locale&) = delete;
-  global_locale& operator=(const global_locale&) = delete;
-  ~global_locale() { std::locale::global(before_); }
-
- private:
-  std::locale before_;
-};
-
 TEST(WriterRandom, TreesAreWrittenAsThePlainWriterDoes) { compare_trees(1, 6000); }
 
 TEST(WriterRandom, WhiteSpaceIsThatOfTheGlobalLocale) {
@@ -56,7 +46,7 @@ TEST(WriterRandom, WhiteSpaceIsThatOfTheGlobalLocale) {
   } catch (const std::runtime_error&) {
     GTEST_SKIP() << "there is no locale C.UTF-8";
   }
-  const global_locale guard(locale);
+  const test::global_locale guard(locale);
   compare_trees(100'001, 1500);
 }
 
