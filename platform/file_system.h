@@ -46,8 +46,9 @@ class file_system {
   /// name, and a folder isn't copied.
   ///
   /// On POSIX the target's folder holds the unfinished copy. A process that is killed
-  /// leaves no half file there if the file system has unnamed files (O_TMPFILE);
-  /// otherwise it leaves a file `.copy-XXXXXX`.
+  /// leaves no half file there if the file system has unnamed files (O_TMPFILE) and
+  /// /proc is mounted; otherwise it leaves a file `.copy-XXXXXX`. Killed between naming
+  /// and renaming a copy that replaces a file, it leaves the complete copy as `.copy-N`.
   virtual bool copy_file(const Xport::ustring& source, const Xport::ustring& target) = 0;
 
   /// Removes a file; false if that fails.

@@ -8,8 +8,9 @@ namespace platform {
 /// Shows a page to the user.
 class url_opener {
  public:
-  /// Opens `url` with the user's default handler. Doesn't wait for the handler,
-  /// prints nothing, and ignores every failure. Throws nothing but std::bad_alloc.
+  /// Opens `url` with the user's default handler. Returns once the handler's program
+  /// is loaded and doesn't wait for what it does. Prints nothing, and ignores every
+  /// failure. Throws nothing but std::bad_alloc.
   ///
   /// On POSIX the handler is `xdg-open`, looked up in PATH, and `url` is its only
   /// argument; no shell is involved. The handler runs in a session of its own with

@@ -54,7 +54,7 @@ bool may_replace(const std::string& target, const struct stat& source) {
          ::access(target.c_str(), W_OK) == 0;
 }
 
-// The folder of a file, with the last separator; empty for the current folder.
+// The folder of a file, including the trailing separator; empty for the current folder.
 std::string folder_of(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
 // Copies the mode. Best effort: some file systems have no modes.
@@ -75,7 +75,9 @@ outcome copy_unnamed(int from, const struct stat& source, const std::string& tar
   set_mode(copy.number(), source);
 
   // Closing this second descriptor reports late errors while the first one keeps the file.
-  output_file to(::fcntl(copy.number(), F_DUPFD_CLOEXEC, 0));
+  const int second = ::fcntl(copy.number(), F_DUPFD_CLOEXEC, 0);
+  if (second < 0) return outcome::unsupported;
+  output_file to(second);
   if (!copy_content(from, to, block)) return outcome::failed;
 
   // Not /proc/self: the threads of a process need not share their descriptors.

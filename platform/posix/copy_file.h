@@ -9,7 +9,8 @@ namespace platform::posix {
 enum class unfinished_copy {
   /// In a file without a name in the target's folder, which the system deletes if the process
   /// is killed. A copy that replaces a file is named `.copy-N` for the moment between its
-  /// completion and its renaming. Same as `named` where there are no unnamed files.
+  /// completion and its renaming. Same as `named` where there are no unnamed files, /proc isn't
+  /// mounted or no third descriptor is free; without /proc the bytes are written twice.
   unnamed,
   /// In a file `.copy-XXXXXX` beside the target. A killed process leaves this file there.
   named

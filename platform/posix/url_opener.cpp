@@ -1,6 +1,7 @@
 #include "platform/url_opener.h"
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/types.h>
@@ -85,31 +86,36 @@ class handler_files {
   bool usable_;
 };
 
-// Blocks all signals of the calling thread, and restores its mask and errno.
-class signals_blocked {
+// Blocks all signals of the calling thread and its cancellation, which would leave a zombie;
+// restores both and errno.
+class undisturbed_thread {
  public:
-  signals_blocked() : error_(errno) {
+  undisturbed_thread() : error_(errno) {
+    ::pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &cancellation_);
     sigset_t all;
     ::sigfillset(&all);
-    ::pthread_sigmask(SIG_BLOCK, &all, &before_);
+    ::pthread_sigmask(SIG_BLOCK, &all, &signals_);
   }
-  signals_blocked(const signals_blocked&) = delete;
-  signals_blocked& operator=(const signals_blocked&) = delete;
-  ~signals_blocked() {
-    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  undisturbed_thread(const undisturbed_thread&) = delete;
+  undisturbed_thread& operator=(const undisturbed_thread&) = delete;
+  ~undisturbed_thread() {
+    ::pthread_sigmask(SIG_SETMASK, &signals_, nullptr);
+    ::pthread_setcancelstate(cancellation_, nullptr);
     errno = error_;
   }
 
  private:
   int error_;
-  sigset_t before_;
+  int cancellation_ = PTHREAD_CANCEL_ENABLE;
+  sigset_t signals_;
 };
 
-// Starts a program from a child that exits at once: process 1 adopts the program, so nobody
-// here has to wait for it and no zombie stays. The child borrows our memory instead of copying
-// it. Our signal handlers mustn't run there, so the caller has blocked all signals. The C
-// library's posix_spawnp() works in such a child: it has a stack of its own and allocates
-// nothing that it doesn't free again.
+// Starts a program from a child that exits once the program is loaded: process 1 adopts the
+// program, so nobody here has to wait for it and no zombie stays. The child borrows our memory
+// instead of copying it, and we stand still until it exits. Our signal handlers mustn't run in
+// the child, so the caller has blocked all signals. POSIX allows next to nothing after vfork();
+// the posix_spawnp() of glibc is safe there, since it runs its own child on a stack of that
+// child's own and frees all that it allocates.
 void start_orphan(char* const* arguments, const posix_spawn_file_actions_t* files,
                   const posix_spawnattr_t* attributes) {
   const pid_t child = ::vfork();
@@ -130,7 +136,7 @@ class xdg_opener final : public url_opener {
     if (!native) return;
     std::string program = "xdg-open";
     char* const arguments[] = {program.data(), native->data(), nullptr};
-    const signals_blocked no_signals;
+    const undisturbed_thread scope;
     handler_attributes attributes;
     handler_files files;
     if (attributes.set() && files.set()) start_orphan(arguments, files.get(), attributes.get());

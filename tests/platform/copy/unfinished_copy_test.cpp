@@ -74,6 +74,24 @@ TEST_P(UnfinishedCopy, ReplacesAFile) {
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
+// The source and the copy take the two descriptors that are free.
+TEST_P(UnfinishedCopy, NeedsTwoDescriptors) {
+  test::make_file(file("a"), "bytes");
+  const int lowest = ::open("/dev/null", O_RDONLY);
+  ASSERT_GE(lowest, 0);
+  ::close(lowest);
+  rlimit before;
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+  rlimit limit = before;
+  limit.rlim_cur = static_cast<rlim_t>(lowest) + 2;
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
+  const bool copied = copy("a", "b");
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+  EXPECT_TRUE(copied);
+  EXPECT_EQ(test::bytes_of(file("b")), "bytes");
+  EXPECT_EQ(names(), (name_set{"a", "b"}));
+}
+
 TEST_P(UnfinishedCopy, ReplacesALinkToNothing) {
   test::make_file(file("a"), "bytes");
   fs::create_symlink(file("nowhere"), file("b"));
