@@ -1,6 +1,7 @@
 #include "platform/url_opener.h"
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/mman.h>
@@ -343,6 +344,27 @@ TEST_F(UrlOpener, ThreadsMayOpenAtTheSameTime) {
   for (int tries = 0; tries < 1000 && test::bytes_of(log) != expected; ++tries)
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   EXPECT_EQ(test::bytes_of(log), expected);
+}
+
+// A canceled thread would leave the child that it waits for behind.
+TEST_F(UrlOpener, IsNoPlaceWhereAThreadIsCanceled) {
+  make_noting_opener();
+  bool opened = false;
+  const auto open_canceled = [](void* done) -> void* {
+    ::pthread_cancel(::pthread_self());
+    url_opener::native().open(u"file:///page");
+    *static_cast<bool*>(done) = true;
+    ::pthread_testcancel();
+    return nullptr;
+  };
+  pthread_t thread;
+  ASSERT_EQ(::pthread_create(&thread, nullptr, open_canceled, &opened), 0);
+  void* result_of_thread = nullptr;
+  ASSERT_EQ(::pthread_join(thread, &result_of_thread), 0);
+  EXPECT_TRUE(opened);
+  EXPECT_EQ(result_of_thread, PTHREAD_CANCELED) << "after it has opened the page";
+  EXPECT_FALSE(has_children());
+  result();
 }
 
 // A host's other children are its own to wait for.
