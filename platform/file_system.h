@@ -18,7 +18,7 @@ enum class folder_result {
 /// The file services that a report needs. Paths are texts as the caller has
 /// them; a backslash and a forward slash both separate. A path that the system
 /// can't express (a lone surrogate on POSIX) is one that doesn't exist and can't
-/// be made or opened. Nothing here raises but std::bad_alloc.
+/// be made or opened. Nothing here throws but std::bad_alloc.
 class file_system {
  public:
   /// Whether something of that name is there, a file, a folder or anything else. A

@@ -13,7 +13,7 @@ inline constexpr std::size_t longest_string_resource = 255;
 
 /// The text of the string resource `number`, cut behind its first 255 units and at a
 /// unit 0; empty if there is none. It lives as long as the library. May be used from any
-/// thread; raises nothing.
+/// thread; throws nothing.
 ///
 /// The resources are those of the library that is built, which has none unless it is
 /// configured with VELLOMARK_SAMPLE_STRINGS.

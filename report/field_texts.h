@@ -24,7 +24,7 @@ class field_texts {
 
   bool contains(Xport::ustring_view text) const { return find(text) != index_.end(); }
 
-  /// Puts `text` in place of the first field that equals `old`. Raises nothing; does nothing
+  /// Puts `text` in place of the first field that equals `old`. Throws nothing; does nothing
   /// if there is none.
   void replace(Xport::ustring_view old, Xport::ustring text) noexcept;
 

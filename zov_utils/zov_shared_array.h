@@ -42,7 +42,7 @@ class zov_shared_array {
     return *this;
   }
 
-  /// Exchanges the storages. Raises nothing.
+  /// Exchanges the storages. Throws nothing.
   void swap(zov_shared_array& other) {
     storage_.swap(other.storage_);
     std::swap(size_, other.size_);
@@ -79,7 +79,7 @@ class zov_shared_array {
 
   /// Appends a copy of `value`, which may be an element of this array. Storage
   /// that is shared or full is replaced by one of capacity size + 1 + size / 2.
-  /// When an exception is raised the array is as it was.
+  /// When an exception is thrown the array is as it was.
   void push_back(const T& value) {
     if (shared() || size_ == capacity_ || !can_disarm()) {
       zov_shared_array grown(size_ + 1 + size_ / 2);

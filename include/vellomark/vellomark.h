@@ -23,7 +23,7 @@
 ///
 /// Errors. Refusals are answers: the three bool results tell of them. No
 /// operation catches exceptions, so std::bad_alloc and std::length_error of the
-/// standard containers reach the caller, and CloseTable and Save may raise
+/// standard containers reach the caller, and CloseTable and Save may throw
 /// std::out_of_range as told there. After an exception the report can be used on;
 /// the heading, line, row or cell that was being added may be incomplete.
 ///
@@ -52,7 +52,7 @@ class VELLOMARK_API IVellomark {
   /// "_files". There a picture has the name of its file with ".bmp" in place of the
   /// last four code units, and takes the place of an older one of that name. A
   /// picture that can't be copied stays where it is, and its path stays as text. A
-  /// line of fewer than four code units that names a file raises std::out_of_range
+  /// line of fewer than four code units that names a file throws std::out_of_range
   /// ("invalid string position"); what isn't on the page by then is still there for
   /// another Save. The page's and the pictures' names go into the page as they are: a
   /// browser finds no picture by a name with one of "'", "&", "<", "#", "?" or "%".
@@ -154,9 +154,9 @@ class VELLOMARK_API IVellomark {
   /// is open on the page is gone with it: until CloseTable its cells go nowhere.
   /// Sections stay, and a table in one of them.
   ///
-  /// A template with style text that is never done with (docs/reading.md) is never
-  /// done with either: load no pages from sources that you don't trust. If an
-  /// exception is raised, the page is as it was and there may be no template.
+  /// The call never returns from a template with style text that never ends
+  /// (docs/reading.md): load no pages from sources that you don't trust. If an
+  /// exception is thrown, the page is as it was and there may be no template.
   virtual void LoadTemplate(const char16_t* path) = 0;
 
   /// Tells whether the template has the field `name`, compared unit by unit. If it
@@ -166,7 +166,7 @@ class VELLOMARK_API IVellomark {
   /// the latter. `value` then takes the place of `name` in the list of fields; it isn't
   /// put on the page. Of equal fields the first one is meant. A null `name` is no field.
   ///
-  /// If an exception is raised, the field keeps its text. The same call again places
+  /// If an exception is thrown, the field keeps its text. The same call again places
   /// what is left of the piece.
   virtual bool SetTemplateField(const char16_t* name, bool replace, const char16_t* value) = 0;
 
@@ -194,7 +194,7 @@ class VELLOMARK_API IVellomark {
 namespace vellomark {
 
 /// Makes a new, independent report. The report lives as long as the last copy of
-/// the pointer; what no Save has written is then lost. Raises std::bad_alloc
+/// the pointer; what no Save has written is then lost. Throws std::bad_alloc
 /// when memory runs out.
 VELLOMARK_API boost::shared_ptr<IVellomark> CreateInstance();
 

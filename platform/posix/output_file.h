@@ -10,7 +10,7 @@
 namespace platform::posix {
 
 /// open(2), closed in programs that are started, and repeated after signals.
-/// Answers with the descriptor, negative if that fails.
+/// Returns the descriptor, negative if that fails.
 int open_file(const char* path, int flags, mode_t mode);
 
 /// A file that is open for writing.

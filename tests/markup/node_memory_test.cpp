@@ -158,9 +158,9 @@ TEST(NodePool, StaysWholeWhenTheSystemHasNoMemory) {
 
 TEST(NodePool, RemembersThatNodesWereAdopted) {
   node_pool pool;
-  EXPECT_FALSE(pool.holds_adopted());
-  pool.note_adopted();
-  EXPECT_TRUE(pool.holds_adopted());
+  EXPECT_FALSE(pool.holds_heap_nodes());
+  pool.note_heap_node();
+  EXPECT_TRUE(pool.holds_heap_nodes());
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <memory>
 #include <new>
 #include <sstream>
+#include <streambuf>
 #include <string>
 #include <utility>
 #include <vector>
@@ -219,15 +220,10 @@ TEST(ParseChildren, IsCalledForEachNodeThatWasAdopted) {
 
 TEST(ParseChildren, LeftoverOfAChildIsDealtWithAsIfItHadBeenRead) {
   xhtml_doc doc(1);
-  parser_on<noting_parser> parser(u"<p>a<b>c<div>d</div>");
+  parser_on<noting_parser> parser(u"<p>a<p>b<div>c</div>");
   EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
-  // `b` is asked, then `p`, whose parent can take the element; `b` has ended by then.
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a' b('c' 'd'))");
-  parser_on<noting_parser> second(u"<p>a<p>b<div>c</div>");
-  xhtml_doc other(1);
-  EXPECT_EQ(second->parse_children(other.body()), nullptr);
-  EXPECT_EQ(outline_with_attributes(*other.body()), "p('a') p('b') div('c')");
-  EXPECT_EQ(second->calls, "0body 1p 2'a' 1p 2'b' 1div 2'c'");
+  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a') p('b') div('c')");
+  EXPECT_EQ(parser->calls, "0body 1p 2'a' 1p 2'b' 1div 2'c'");
 }
 
 /// Leaves the content of `b` to the text that stands there.
@@ -244,7 +240,6 @@ class skipping_parser : public xhtml_parser {
 TEST(ParseChildren, CanBeReplacedForInnerElements) {
   xhtml_doc doc(1);
   parser_on<skipping_parser> parser(u"<p><b>a<i>b</i></b></p>");
-  parser->message_mask = 0;
   EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
   EXPECT_EQ(outline_with_attributes(*doc.body()), "p(b('skipped') 'a' i('b'))");
 }
@@ -276,7 +271,8 @@ TEST(DerivedReceiver, ContentGoesWhereAdoptChildPutsIt) {
 
 /// Notes what it is asked about.
 struct asked_element : xhtml_element {
-  explicit asked_element(tag_id tag) : xhtml_element(tag, {}, {}) {}
+  explicit asked_element(Xport::node_pool* content = nullptr)
+      : xhtml_element(tag_id::div, {}, {}, content) {}
   bool can_contain(const xhtml_markup& node) const override {
     ++asked;
     if (node.parent() != nullptr) ++with_parent;
@@ -287,16 +283,17 @@ struct asked_element : xhtml_element {
 };
 
 TEST(DerivedReceiver, ParentOfTheReceiverIsShownANodeWithoutAParent) {
-  xhtml_doc doc(1);
-  auto owner = std::make_unique<asked_element>(tag_id::div);
-  asked_element& above = *owner;
-  doc.body()->adopt_child(owner.release());
-  xhtml_markup& ul = *append_element(above, tag_id::ul);
-  const int before = above.asked;
-  parser_on<> parser(u"<li>a</li><td>");
-  EXPECT_EQ(parser->parse_children(&ul), nullptr);
-  EXPECT_EQ(above.asked - before, 1);
-  EXPECT_EQ(above.with_parent, 0);
+  Xport::node_pool pool;
+  for (Xport::node_pool* const content : {static_cast<Xport::node_pool*>(nullptr), &pool}) {
+    asked_element above(content);
+    xhtml_element& ul = *append_element(above, tag_id::ul)->as_element();
+    EXPECT_EQ(ul.pool(), content);
+    const int before = above.asked;
+    parser_on<> parser(u"<li>a</li><td>");
+    EXPECT_EQ(parser->parse_children(&ul), nullptr);
+    EXPECT_EQ(above.asked - before, 1);
+    EXPECT_EQ(above.with_parent, 0);
+  }
 }
 
 /// Reports its kind as that of a comment, and may not be asked to read anything.
@@ -346,7 +343,6 @@ TEST(DerivedReceiver, LastTextIsTrimmedByItsOwnOperation) {
 
 // --- What an operation fetches at its start ---
 
-// Where 'x' is white space, the name of the tag is "b", and the text a blank and "c".
 TEST(ParserLocale, IsThatAtTheStartOfEachParse) {
   const std::locale changed = test::locale_with(L'x', std::ctype_base::space);
   xhtml_element p(tag_id::p, {}, {});
@@ -360,6 +356,22 @@ TEST(ParserLocale, IsThatAtTheStartOfEachParse) {
   delete parser->parse_children(&p);
   EXPECT_EQ(outline_with_attributes(p), "'axx' 'axx'");
   EXPECT_EQ(outline_with_attributes(second), "'a'");
+}
+
+// Small letters and blanks aren't what they are in the locales of the standard library.
+TEST(ParserLocale, EveryUnitIsAskedWhereTheClassesAreAHosts) {
+  xhtml_element p(tag_id::p, {}, {});
+  {
+    const test::global_locale scope(test::locale_with(L'x', std::ctype_base::space));
+    delete parser_on<>(u"<bxclass='a' >xxc</b><Bxidx='d' >")->parse_children(&p);
+    EXPECT_EQ(outline_with_attributes(p), "b[class=\"a\"](' c') b[id=\"d\"]");
+  }
+  p.clear_children();
+  {
+    const test::global_locale scope(test::locale_with(L' ', std::ctype_base::punct));
+    delete parser_on<>(u"<b>  a</b>")->parse_children(&p);
+    EXPECT_EQ(outline_with_attributes(p), "b('  a')");
+  }
 }
 
 TEST(ParserLocale, IsThatAtTheStartOfEachReader) {
@@ -391,6 +403,90 @@ TEST(ParserLocale, OfAParseHoldsForItsReaders) {
   parser_on<changing_parser> parser(u"axx<!--bxx-->cxx</p>");
   delete parser->parse_children(&p);
   EXPECT_EQ(outline_with_attributes(p), "'axx' #bxx# 'cxx'");
+}
+
+// --- Calls from within ---
+
+/// A stream of messages that reads a node with the parser whenever it is flushed.
+class reading_messages : public std::basic_streambuf<char16> {
+ public:
+  xhtml_parser* parser = nullptr;
+  xhtml_element keep{tag_id::p, {}, {}};
+  int with_parent = 0;
+
+ protected:
+  int_type overflow(int_type unit) override { return traits_type::not_eof(unit); }
+  int sync() override {
+    owned_node node(parser->read_next(&keep));
+    if (node == nullptr) return 0;
+    if (node->parent() != nullptr) ++with_parent;
+    if (keep.adopt_child(node.get()) != keep.end()) node.release();
+    return 0;
+  }
+};
+
+TEST(CallsFromWithin, StreamOfTheMessagesReadsNodesOfItsOwn) {
+  reading_messages buffer;
+  std::basic_ostream<char16> messages(&buffer);
+  {
+    xhtml_doc doc(1);
+    std::basic_istringstream<char16> input(u"<p><li><b class='x'>a text</b><foo><i>c</i>d</p>");
+    xhtml_parser parser(&input);
+    buffer.parser = &parser;
+    parser.messages = &messages;
+    parser.message_mask = 1;
+    EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
+    EXPECT_TRUE(is_intact(*doc.root()));
+    EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a text' 'c' 'd')");
+  }
+  EXPECT_EQ(buffer.with_parent, 0);
+  EXPECT_EQ(outline_with_attributes(buffer.keep), "b[class=\"x\"] i");
+}
+
+/// Goes on in another input at each instruction.
+class including_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  std::basic_istringstream<char16> more{u"<p>included</p>"};
+
+  xhtml_markup* read_processing_instruction() override {
+    delete xhtml_parser::read_processing_instruction();
+    input = &more;
+    return new Xport::xhtml_comment(u"from here on");
+  }
+};
+
+TEST(CallsFromWithin, InputThatAReaderExchangesStaysItsOwners) {
+  for (const bool swapped : {false, true}) {
+    ustring page = u"\uFEFF<b>a</b><?x?><i>b</i>";
+    if (swapped)
+      for (char16& unit : page) unit = static_cast<char16>(unit << 8 | unit >> 8);
+    std::basic_istringstream<char16> input(page);
+    including_parser parser(&input);
+    xhtml_element div(tag_id::div, {}, {});
+    parse_page(parser, div);
+    EXPECT_EQ(outline_with_attributes(div), "b('a') #from here on# p('included')");
+    EXPECT_EQ(parser.input, &parser.more);
+  }
+}
+
+/// Reads on while a text is rewritten.
+class looking_ahead_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  void normalize_references(ustring& text) override {
+    ahead = read_declaration(u"");
+    text += u"!";
+  }
+  ustring ahead;
+};
+
+TEST(CallsFromWithin, TextThatIsRewrittenIsNoneOfTheParsers) {
+  xhtml_element p(tag_id::p, {}, {});
+  parser_on<looking_ahead_parser> parser(u"hello<b>c");
+  parser->normalize_text = true;
+  EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'hello!'");
+  EXPECT_EQ(test::printable(parser->ahead), "<b>");
 }
 
 // --- Where memory is refused ---

@@ -416,6 +416,26 @@ TEST(ByteOrderOwner, TheNewStreamCanGoBack) {
   EXPECT_TRUE(same_units(rest_of(*made), u"ab"));
 }
 
+// As formatted extraction does it.
+TEST(ByteOrderTie, ATiedStreamIsFlushedFirst) {
+  class flushed_buffer : public std::basic_streambuf<Xport::char16> {
+   public:
+    int flushes = 0;
+
+   protected:
+    int sync() override {
+      ++flushes;
+      return 0;
+    }
+  } buffer;
+  std::basic_ostream<Xport::char16> tied(&buffer);
+  string_stream input(u"\uFEFFa");
+  input.tie(&tied);
+  input_stream* stream = &input;
+  detect_byte_order(stream, false);
+  EXPECT_EQ(buffer.flushes, 2) << "for each unit of the mark";
+}
+
 TEST(ByteOrderExceptions, AStreamMayRaiseAtItsEnd) {
   string_stream input(u" ");
   input.exceptions(std::ios_base::eofbit);

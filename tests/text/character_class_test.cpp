@@ -145,14 +145,21 @@ TEST_F(CharacterClass, ACopyAnswersByTheSameLocale) {
 }
 
 TEST_F(CharacterClass, PlainLettersAreCountedUpToTheFirstOtherUnit) {
-  using Xport::count_plain_letters;
-  EXPECT_EQ(count_plain_letters(u""), 0u);
-  EXPECT_EQ(count_plain_letters(u"abcxyz"), 6u);
-  EXPECT_EQ(count_plain_letters(u"ab1c"), 2u);
+  const character_classes classes;
+  EXPECT_TRUE(classes.are_standard());
+  EXPECT_EQ(classes.count_plain_letters(u""), 0u);
+  EXPECT_EQ(classes.count_plain_letters(u"abcxyz"), 6u);
+  EXPECT_EQ(classes.count_plain_letters(u"ab1c"), 2u);
   for (const char16 unit :
        {u'\0', u'`', u'{', u'A', u'Z', u'0', u' ', u'\u00E9', u'\u0161', u'\uFF41'})
-    EXPECT_EQ(count_plain_letters(Xport::ustring(u"az") + unit + u"a"), 2u)
+    EXPECT_EQ(classes.count_plain_letters(Xport::ustring(u"az") + unit + u"a"), 2u)
         << static_cast<unsigned>(unit);
+}
+
+TEST_F(CharacterClass, NoLettersArePlainWhereTheClassesAreAHosts) {
+  const character_classes classes(test::locale_with(L'x', std::ctype_base::space));
+  EXPECT_FALSE(classes.are_standard());
+  EXPECT_EQ(classes.count_plain_letters(u"abc"), 0u);
 }
 
 TEST_F(CharacterClass, PlainLettersAreAlnumAndNoWhiteSpaceInEveryLocale) {

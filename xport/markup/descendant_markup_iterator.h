@@ -17,8 +17,8 @@ class xhtml_markup;
 /// Only the iterator that went down knows the way up again. A copy stands on the same
 /// node but has forgotten the lists above: it is for dereferencing, as the result of
 /// a search is, and costs nothing by the depth of the tree. Moved on, it doesn't leave
-/// its list; behind the end of that comes its first child. There is no move, lest it
-/// depend on a compiler's choice what is remembered: what would move copies.
+/// its list; after the end of that comes its first child. Not movable: otherwise copy
+/// elision would decide what is remembered. What would move copies.
 /// Assignment copies the way up as well. So this is no iterator for algorithms of the
 /// standard library, which copy theirs.
 ///
@@ -51,7 +51,7 @@ class descendant_markup_iterator {
   xhtml_markup& operator*() const { return at_root_ && root_ != nullptr ? *root_ : *current_; }
   xhtml_markup* operator->() const { return &**this; }
 
-  /// Goes on to the next node of the walk. If memory runs out, std::bad_alloc is raised
+  /// Goes on to the next node of the walk. If memory runs out, std::bad_alloc is thrown
   /// and the iterator stays where it is.
   descendant_markup_iterator& operator++();
 

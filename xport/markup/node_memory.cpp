@@ -80,7 +80,7 @@ xhtml_markup* node_place::make_copy(const xhtml_markup& node) const {
   return nullptr;
 }
 
-// The pool of a node is that of its parent, which it knows from the start.
+// A node in a pool finds the pool through its parent.
 void xhtml_markup::operator delete(xhtml_markup* node, std::destroying_delete_t, std::size_t,
                                    std::align_val_t alignment) {
   if (node->in_pool_) {

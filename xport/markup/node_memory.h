@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <new>
-#include <utility>
 
 #include "xport/text/char16.h"
 
@@ -60,7 +59,7 @@ class node_pool {
   /// Gives all memory back. Objects in it are not destroyed.
   ~node_pool();
 
-  /// Memory of at least `bytes`, which is above 0. Raises std::bad_alloc.
+  /// Memory of at least `bytes`, which is above 0. Throws std::bad_alloc.
   void* allocate(std::size_t bytes) {
     if (bytes > largest_small) return allocate_large(bytes);
     const std::size_t rounded = round_up(bytes);
@@ -91,10 +90,10 @@ class node_pool {
     return pool != nullptr ? &pool->empty_block_ : &empty_heap_block_;
   }
 
-  /// Whether the tree has adopted nodes from outside the pool. Only then must it be
-  /// visited before the pool is destroyed.
-  bool holds_adopted() const { return holds_adopted_; }
-  void note_adopted() { holds_adopted_ = true; }
+  /// Whether the tree has nodes outside the pool, which it adopted or a derived class
+  /// cloned. Only then must it be visited before the pool is destroyed.
+  bool holds_heap_nodes() const { return holds_heap_nodes_; }
+  void note_heap_node() { holds_heap_nodes_ = true; }
 
  private:
   static constexpr std::size_t first_piece = 4 * 1024;
@@ -135,14 +134,14 @@ class node_pool {
   piece* pieces_ = nullptr;
   large_block* large_ = nullptr;
   std::size_t piece_size_ = first_piece;
-  bool holds_adopted_ = false;
+  bool holds_heap_nodes_ = false;
 };
 
 /// Where a node is made: on the heap, or in the memory of a tree.
 ///
 /// A node in the memory of a tree never leaves that tree. Only elements and the parser
 /// make one, and they link or delete it before anybody else sees it. So every node that
-/// code outside can hold may be deleted, and may be adopted by any element of any tree.
+/// code outside owns may be deleted, and may be adopted by any element of any tree.
 class node_place {
  public:
   /// The heap. A node that is made there has no parent.

@@ -38,6 +38,7 @@ class text_leaf : public xhtml_markup {
   }
 
  protected:
+  /// `type` is one of the four kinds that are a text.
   text_leaf(node_type type, ustring_view text, const node_place& where = {});
 
   text_leaf(const text_leaf& other);
@@ -54,8 +55,8 @@ class text_leaf : public xhtml_markup {
   char16* allocate(std::size_t capacity);
   void release_outside() noexcept;
 
-  // In units, of a text outside. A text inside goes on here, from the last field of the
-  // base class.
+  // In units, of a text outside. An inline text extends over this field, from the last
+  // one of the base class.
   std::size_t outside_capacity_;
 };
 

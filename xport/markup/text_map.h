@@ -97,7 +97,7 @@ class text_map_base {
 
 /// An ordered map from `Key`, an enumeration, to text. Iteration is in ascending
 /// key, which is the order of output. Texts that are handed out are valid until
-/// the map is changed. Changes raise std::bad_alloc, and std::length_error for a
+/// the map is changed. Changes throw std::bad_alloc, and std::length_error for a
 /// text of 2^32 units or more; the map is then as it was.
 template <class Key>
 class text_map : public text_map_base {
@@ -155,7 +155,7 @@ class text_map : public text_map_base {
 
   /// Stores those of `entries` whose key isn't there, the first of equal keys. They
   /// may stand in any order. However many they are, the map is made anew once, and not
-  /// at all where nothing is new. Raises std::length_error for more than `most_additions`
+  /// at all where nothing is new. Throws std::length_error for more than `most_additions`
   /// different keys too. Meant for few different keys: time grows with their square.
   void insert_missing(std::span<const value_type> entries) {
     additions added;
@@ -166,9 +166,6 @@ class text_map : public text_map_base {
 
   /// Removes the entry; false if there is none.
   bool erase(Key key) { return text_map_base::erase(static_cast<std::int32_t>(key)); }
-
- private:
-  using text_map_base::find;
 };
 
 using attribute_map = text_map<attr_id>;

@@ -32,7 +32,7 @@ xhtml_doc::xhtml_doc(int mode) : root_(tag_id::doc_root, {}, {}, &pool_) {
 }
 
 xhtml_doc::~xhtml_doc() {
-  if (!pool_.holds_adopted()) root_.abandon_children();
+  if (!pool_.holds_heap_nodes()) root_.abandon_children();
 }
 
 xhtml_markup* xhtml_doc::title() {

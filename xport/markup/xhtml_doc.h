@@ -11,8 +11,8 @@ class xhtml_stylesheet;
 class xhtml_writer;
 
 /// The owner of one markup tree and the short way to its well-known elements.
-/// All nodes of the tree live in the document's pool, so dropping a document
-/// doesn't visit them. It opens no files.
+/// The nodes of the tree live in the document's pool, so dropping a document doesn't
+/// visit them, unless some were adopted or are of derived classes. It opens no files.
 class xhtml_doc {
  public:
   /// With `mode` 1 a document with the skeleton: the doctype and `html` with its

@@ -20,8 +20,9 @@ class xhtml_parser;
 /// A position that isn't in this element's list is refused.
 ///
 /// An element without a record, made with a number outside the table, answers
-/// like the row "invalid tag", except that end_tag_text raises. It stores
-/// nothing, is taken by no parent and writes nothing.
+/// like the row "invalid tag", except that end_tag_text throws. It stores
+/// nothing, is taken by no parent and writes nothing. (A derived one writes what its
+/// operations say.)
 ///
 /// Insertion takes constant time, apart from the copy itself and, for `html` and
 /// `head`, a look at their children. Attribute and style operations take time
@@ -52,7 +53,7 @@ class xhtml_element : public xhtml_markup {
   xhtml_element(ustring_view start_tag_text, xhtml_parser& parser);
 
   /// A deep copy on the heap, with the children's clone(). Its parent is that of `other`
-  /// until it is inserted.
+  /// until it is inserted; see clone().
   xhtml_element(const xhtml_element& other);
 
   /// A copy at `where` without the children.

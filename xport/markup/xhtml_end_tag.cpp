@@ -16,8 +16,6 @@ ustring_view name_in(ustring_view token) {
 }  // namespace
 
 xhtml_end_tag::xhtml_end_tag(ustring_view token)
-    : xhtml_markup(node_type::none, sizeof(xhtml_end_tag)),
-      tag_(xhtml_strict::tag_from_name(name_in(token))),
-      source_(token) {}
+    : tag_(xhtml_strict::tag_from_name(name_in(token))), source_(token) {}
 
 }  // namespace Xport

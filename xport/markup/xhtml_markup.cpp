@@ -19,7 +19,7 @@ const xhtml_markup& no_node() {
 }  // namespace
 
 constinit const std::type_info* const xhtml_markup::own_classes[6] = {
-    &typeid(xhtml_markup),  &typeid(xhtml_doctype_declaration),    &typeid(xhtml_element),
+    &typeid(void),          &typeid(xhtml_doctype_declaration),    &typeid(xhtml_element),
     &typeid(xhtml_comment), &typeid(xhtml_processing_instruction), &typeid(xhtml_pcdata)};
 
 const xhtml_markup& const_markup_iterator::operator*() const {
@@ -77,10 +77,10 @@ xhtml_markup::~xhtml_markup() {
   if (!holds_text()) delete_children();
 }
 
-// A tree with nodes from outside its pool has to be visited before the pool is destroyed.
-void xhtml_markup::note_adopted() noexcept {
+// A tree with nodes outside its pool has to be visited before the pool is destroyed.
+void xhtml_markup::note_heap_node() noexcept {
   xhtml_element* const element = as_element();
-  if (element != nullptr && element->pool() != nullptr) element->pool()->note_adopted();
+  if (element != nullptr && element->pool() != nullptr) element->pool()->note_heap_node();
 }
 
 // Walks the source by its own links, with `into` at the same place in the copy. All nodes
@@ -116,16 +116,21 @@ void xhtml_markup::delete_children() noexcept {
     if (node == nullptr) {
       if (parent == this) return;
       parent = parent->parent_;
-      xhtml_markup* const emptied = parent->first_child_;
-      parent->first_child_ = emptied->next_;
-      delete emptied;
+      delete parent->take_first_child();
     } else if (node->first_child() != nullptr && node->is_own_class()) {
       parent = node;
     } else {
-      parent->first_child_ = node->next_;
-      delete node;
+      delete parent->take_first_child();
     }
   }
+}
+
+// Leaves the list whole, since the destructor of a derived class may look at it.
+xhtml_markup* xhtml_markup::take_first_child() noexcept {
+  xhtml_markup* const taken = first_child_;
+  first_child_ = taken->next_;
+  if (first_child_ != nullptr) first_child_->previous_ = taken->previous_;
+  return taken;
 }
 
 markup_iterator xhtml_markup::adopt_child(xhtml_markup*) { return end(); }

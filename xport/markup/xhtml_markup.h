@@ -48,15 +48,17 @@ bool is_exactly(const Object& object, const std::type_info& own) noexcept {
 /// Ownership. A node owns its children. Trees are built from prototypes: a node
 /// made on the stack is passed by reference, a deep copy goes into the tree, and
 /// the returned position leads to the copy. Only adopt_child takes ownership of an
-/// existing node. Nodes know how to give their memory back: `delete` is right for
-/// each, and so is std::unique_ptr.
+/// existing node. Every node frees its own memory correctly, wherever it was made:
+/// `delete` is right for each, and so is std::unique_ptr.
 ///
 /// Text is taken as it stands, unit by unit. Operations that insert or store
 /// throw std::bad_alloc, and std::length_error for a text of 2^32 units or more;
 /// the tree is then as it was. (insert_range and insert_copies keep the copies
 /// that they had made by then.)
 ///
-/// Derived classes. Hosts may derive from every class of nodes. A tree uses a node of
+/// Derived classes. Hosts may derive from every class of nodes. (Where a node is not the
+/// first base, g++ 12 warns without reason, -Wfree-nonheap-object; `virtual` bases it can't
+/// compile.) A tree uses a node of
 /// such a class through its virtual operations alone: can_contain() asks it for
 /// category_flags(), node_kind(), tag_trait() and tag(), insertion and copying call its
 /// clone(), the writer calls its write(). What clone() returns belongs to the caller; a
@@ -83,19 +85,32 @@ class xhtml_markup {
   static void operator delete(xhtml_markup* node, std::destroying_delete_t, std::size_t bytes,
                               std::align_val_t alignment);
 
-  /// The heap, for `new`, and the way back for a constructor that throws.
+  /// The general heap, as for any class. The forms of `delete` are for constructors that
+  /// throw.
   static void* operator new(std::size_t bytes) { return ::operator new(bytes); }
   static void* operator new(std::size_t bytes, std::align_val_t alignment) {
     return ::operator new(bytes, alignment);
+  }
+  static void* operator new(std::size_t bytes, const std::nothrow_t& tag) noexcept {
+    return ::operator new(bytes, tag);
+  }
+  static void* operator new(std::size_t bytes, std::align_val_t alignment,
+                            const std::nothrow_t& tag) noexcept {
+    return ::operator new(bytes, alignment, tag);
   }
   static void* operator new(std::size_t, void* memory) noexcept { return memory; }
   static void operator delete(void* memory) { ::operator delete(memory); }
   static void operator delete(void* memory, std::align_val_t alignment) {
     ::operator delete(memory, alignment);
   }
+  static void operator delete(void* memory, const std::nothrow_t&) { ::operator delete(memory); }
+  static void operator delete(void* memory, std::align_val_t alignment, const std::nothrow_t&) {
+    ::operator delete(memory, alignment);
+  }
 
   /// Takes ownership of `node`, which is in no tree, and appends it. If it is refused,
-  /// or null, the result is the end and it stays with the caller.
+  /// or null, the result is the end and it stays with the caller; any position without a
+  /// node says the same.
   virtual markup_iterator adopt_child(xhtml_markup* node);
 
   /// Inserts copies of the nodes from `first` up to `last` at `position`, each
@@ -174,8 +189,8 @@ class xhtml_markup {
   virtual std::uint32_t content_flags() const;
 
   /// A deep copy on the heap, which the caller owns; null where there is none. Its
-  /// parent() is that of this node until it is inserted: don't write the copy, nor ask
-  /// for its parent, after that parent was deleted.
+  /// parent() is that of this node until it is inserted: don't write the copy, ask for
+  /// its parent or parse into it after that parent was deleted.
   virtual xhtml_markup* clone() const;
 
   /// Whether this is an element that takes no content.
@@ -221,6 +236,7 @@ class xhtml_markup {
   node_type type() const { return type_; }
 
   /// Whether the class of this node is exactly that of its type(). A pool holds no others.
+  /// Never so for node_type::none, which has nothing to take a short way with.
   bool is_own_class() const noexcept {
     return in_pool_ || is_exactly(*this, *own_classes[static_cast<std::size_t>(type_)]);
   }
@@ -231,28 +247,28 @@ class xhtml_markup {
   inline text_leaf* as_text();
   inline const text_leaf* as_text() const;
 
- protected:
-  /// For the classes of nodes: a node at `where` that takes `bytes` of memory.
-  xhtml_markup(node_type type, std::size_t bytes, const node_place& where = {});
-
-  /// A copy on the heap, of `bytes`, with the parent of `other` and without children.
-  xhtml_markup(const xhtml_markup& other, std::size_t bytes);
-
  private:
   friend class const_markup_iterator;
   friend class text_leaf;
   friend class xhtml_element;
 
-  // The class of each node_type.
+  // For the classes of nodes: a node at `where` that takes `bytes` of memory.
+  xhtml_markup(node_type type, std::size_t bytes, const node_place& where = {});
+
+  // A copy on the heap, of `bytes`, with the parent of `other` and without children.
+  xhtml_markup(const xhtml_markup& other, std::size_t bytes);
+
+  // The class of each node_type, by number.
   static const std::type_info* const own_classes[6];
 
   bool holds_text() const { return type_ > node_type::element || type_ == node_type::doctype; }
 
   // The list of children.
   void link(xhtml_markup* node, const xhtml_markup* before) noexcept;
-  void note_adopted() noexcept;
+  void note_heap_node() noexcept;
   void copy_children(const xhtml_markup& source);
   void delete_children() noexcept;
+  xhtml_markup* take_first_child() noexcept;
 
   // Siblings are linked both ways. The first child's `previous_` is the last
   // child, so that the parent needs one pointer only.
@@ -282,7 +298,7 @@ inline xhtml_markup::xhtml_markup(node_type type, std::size_t bytes, const node_
 // Links `node` before `before`, or after the last child if that is null.
 inline void xhtml_markup::link(xhtml_markup* node, const xhtml_markup* before) noexcept {
   node->parent_ = this;
-  if (!node->in_pool_) note_adopted();
+  if (!node->in_pool_) note_heap_node();
   if (first_child_ == nullptr) {
     node->next_ = nullptr;
     node->previous_ = node;

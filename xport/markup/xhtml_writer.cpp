@@ -16,6 +16,19 @@ xhtml_writer::~xhtml_writer() {
 
 namespace {
 
+// Of a node that is no element of the table.
+std::uint32_t layout_of_kind(node_type kind) {
+  switch (kind) {
+    case node_type::comment:
+    case node_type::pcdata:
+      return layout_inline;
+    case node_type::doctype:
+      return layout_break_behind_start;
+    default:
+      return layout_block;
+  }
+}
+
 // What the tags of a derived element are made of, as its operations say, in the form of
 // a rule record. `name` keeps its name.
 Tag_trait asked_rules(const xhtml_element& element, ustring& name) {
@@ -37,7 +50,13 @@ void xhtml_writer::write(const xhtml_markup& node) {
     output_.drain();
     return;
   }
-  if (element->xhtml_element::tag_trait()->get() != nullptr) write_tree(*element);
+  const bool has_record = element->xhtml_element::tag_trait()->get() != nullptr;
+  try {
+    if (has_record || !element->is_own_class()) write_tree(*element);
+  } catch (...) {  // of a derived class: what was written by then is on the stream
+    output_.drain();
+    throw;
+  }
   output_.drain();
   stream->flush();
 }
@@ -61,22 +80,17 @@ inline std::uint32_t xhtml_writer::layout_of(const Tag_trait& rules) const {
                                          : layout_block;
 }
 
-// Derived classes may return any number as their tag.
 inline std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) const {
-  const bool own = node.is_own_class();
+  if (!node.is_own_class()) return asked_layout(node);
   const xhtml_element* const element = node.as_element();
-  if (own && element != nullptr) return layout_of(element->rules());
-  if (!own && static_cast<std::size_t>(node.tag()) < layout_table.size())
-    return layout_table[static_cast<std::size_t>(node.tag())];
-  switch (own ? static_cast<std::int32_t>(node.type()) : node.node_kind()) {
-    case static_cast<std::int32_t>(node_type::comment):
-    case static_cast<std::int32_t>(node_type::pcdata):
-      return layout_inline;
-    case static_cast<std::int32_t>(node_type::doctype):
-      return layout_break_behind_start;
-    default:
-      return layout_block;
-  }
+  return element != nullptr ? layout_of(element->rules()) : layout_of_kind(node.type());
+}
+
+// Derived classes may return any number.
+std::uint32_t xhtml_writer::asked_layout(const xhtml_markup& node) const {
+  const auto tag = static_cast<std::size_t>(node.tag());
+  return tag < layout_table.size() ? layout_table[tag]
+                                   : layout_of_kind(static_cast<node_type>(node.node_kind()));
 }
 
 // Brings a child to its place. The column grows by one level's blanks more than
@@ -208,24 +222,27 @@ void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rule
   const bool on_own_line = (layout & layout_break_before_end) != 0 || layout == layout_preformatted;
   if (!at_line_start && on_own_line) break_line();
   if (takes_nothing(rules)) return;
-  const bool own = element.is_own_class();
-  if (!own) end_tag_ = element.end_tag_text();
-  const std::size_t length = own ? 3 + rules.name.size() : end_tag_.size();
-  if (on_own_line) {
-    indent(blanks_at(indent_level));
+  const auto put_end_tag = [&](std::size_t length, auto put_text) {
+    if (on_own_line) {
+      indent(blanks_at(indent_level));
+    } else {
+      if (exceeds_line(length)) break_line();
+      if (column == 0 && tag_of(element.parent()) != tag_id::pre) indent(blanks_at(indent_level));
+    }
+    put_text();
+    column += length;
+    if ((layout & layout_break_behind_end) != 0) break_line();
+  };
+  if (element.is_own_class()) {
+    put_end_tag(3 + rules.name.size(), [&] {
+      output_.put(u"</");
+      output_.put(rules.name);
+      output_.put(u'>');
+    });
   } else {
-    if (exceeds_line(length)) break_line();
-    if (column == 0 && tag_of(element.parent()) != tag_id::pre) indent(blanks_at(indent_level));
+    const ustring text = element.end_tag_text();
+    put_end_tag(text.size(), [&] { output_.put(text); });
   }
-  if (own) {
-    output_.put(u"</");
-    output_.put(rules.name);
-    output_.put(u'>');
-  } else {
-    output_.put(end_tag_);
-  }
-  column += length;
-  if ((layout & layout_break_behind_end) != 0) break_line();
 }
 
 inline void xhtml_writer::write_text(ustring_view text, const xhtml_markup* parent) {

@@ -28,11 +28,11 @@ class xhtml_markup;
 /// A writer is made for one output. Its options are the fields, to be set before
 /// the first write. What is written is on the stream when the call of a node's
 /// `write` returns; in between it goes out in blocks of 64 KiB. The stream isn't
-/// looked at: failures show in its state. What white space is, the global locale at
-/// the start of each write() says.
+/// looked at: failures show in its state. White space is decided by the global locale
+/// at the start of the outermost write().
 ///
-/// A node of a derived class is written by its own `write`, which finds the fields as the
-/// layout has brought them, and all that was written before it on the stream. It may
+/// A node of a derived class is written by its own `write`, which sees the current
+/// `indent_level` and `column`, and all that was written before it on the stream. It may
 /// write to the stream itself, and call write() for nodes of its own. Memory and machine
 /// stack don't grow with the depth of a tree of our own classes; each node of a derived
 /// class on the way down takes a few hundred bytes of the stack.
@@ -71,6 +71,7 @@ class xhtml_writer {
   static tag_id tag_of(const xhtml_markup* node);
   std::uint32_t layout_of(const xhtml_markup& node) const;
   std::uint32_t layout_of(const Tag_trait& rules) const;
+  std::uint32_t asked_layout(const xhtml_markup& node) const;
   void shift_level(std::uint32_t parent_layout, int by) {
     if (parent_layout == layout_block) indent_level = static_cast<std::int16_t>(indent_level + by);
   }
@@ -114,7 +115,6 @@ class xhtml_writer {
   }
 
   std::optional<character_classes> classes_;  // during the outermost write
-  ustring end_tag_;                           // of a derived element
   unit_output output_;
 };
 

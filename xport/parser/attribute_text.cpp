@@ -15,7 +15,7 @@ void skip_space(ustring_view& text, const character_classes& classes) {
 std::pair<ustring_view, ustring_view> next_attribute(ustring_view& text,
                                                      const character_classes& classes) {
   skip_space(text, classes);
-  std::size_t length = count_plain_letters(text);
+  std::size_t length = classes.count_plain_letters(text);
   while (length < text.size() && text[length] != u'=' && !classes.is_space(text[length])) ++length;
   const ustring_view name = text.substr(0, length);
   text.remove_prefix(length);

@@ -22,22 +22,6 @@ bool takes_content(const xhtml_markup& node) {
 
 }  // namespace
 
-// Makes nodes in the memory of the tree of `receiver` while it lives.
-class xhtml_parser::tree_scope {
- public:
-  tree_scope(xhtml_parser& parser, xhtml_element& receiver)
-      : parser_(parser), before_(parser.nodes_) {
-    parser_.nodes_ = node_place(receiver);
-  }
-  tree_scope(const tree_scope&) = delete;
-  tree_scope& operator=(const tree_scope&) = delete;
-  ~tree_scope() { parser_.nodes_ = before_; }
-
- private:
-  xhtml_parser& parser_;
-  node_place before_;
-};
-
 xhtml_markup* xhtml_parser::parse_children(xhtml_markup* parent) {
   if (!takes_content(*parent)) return nullptr;
   const operation_classes scope(classes_);
@@ -52,7 +36,7 @@ xhtml_markup* xhtml_parser::fill_by_calls(xhtml_markup& parent) {
   while (current != nullptr) {
     xhtml_markup* child = nullptr;
     const bool finished =
-        current->is_end_tag() ? close(parent, current) : adopt(parent, current, child);
+        current->is_end_tag() ? close(parent, current) : adopt(parent, current, child, false);
     if (finished) break;
     if (child != nullptr) current.reset(parse_children(child));
     if (current == nullptr) current.reset(read_next(&parent));
@@ -64,17 +48,23 @@ xhtml_markup* xhtml_parser::fill_by_calls(xhtml_markup& parent) {
 // nodes are made in the tree's own memory. `parent` is the innermost open element. Those
 // above it are its parents up to `receiver`: the tree itself is the stack.
 xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
-  const tree_scope scope(*this, receiver);
+  const node_place content(receiver);
   xhtml_element* parent = &receiver;
   const auto go_up = [&parent] {
     parent = const_cast<xhtml_element*>(parent->parent()->as_element());
   };
-  held_node current(xhtml_parser::read_next(parent));
+  const auto next_node = [&] {
+    const place_scope scope(*this, content);
+    return xhtml_parser::read_next(parent);
+  };
+  held_node current(next_node());
   while (true) {
     xhtml_markup* child = nullptr;
     const bool finished =
         current == nullptr ||
-        (current->is_end_tag() ? close(*parent, current) : adopt(*parent, current, child));
+        (current->is_end_tag()
+             ? close(*parent, current)
+             : adopt(*parent, current, child, parent == &receiver && content.pool() != nullptr));
     if (finished) {
       if (parent == &receiver) return current.release();
       go_up();
@@ -82,13 +72,15 @@ xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
       parent = child->as_element();
     }
     while (current == nullptr && parent != &receiver && take_plain_end_tag(*parent)) go_up();
-    if (current == nullptr) current.reset(xhtml_parser::read_next(parent));
+    if (current == nullptr) current.reset(next_node());
   }
 }
 
 // Offers `current` to `parent`. If it is adopted, `child` leads to it. True if the node
-// ends `parent`, whose own parent has to deal with it.
-bool xhtml_parser::adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child) {
+// ends `parent`, whose own parent has to deal with it. With `leaves_pool` the node moves to the
+// heap before anything outside the tree sees it.
+bool xhtml_parser::adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child,
+                         bool leaves_pool) {
   if (reports(level_trace_elements) &&
       current->node_kind() == static_cast<std::int32_t>(node_type::element))
     report_encounter(*current, level_trace_elements);
@@ -104,9 +96,7 @@ bool xhtml_parser::adopt(xhtml_markup& parent, held_node& current, xhtml_markup*
   bool passes_up = false;
   if (current->tag() != tag_id::invalid_tag) {
     const xhtml_markup* const above = parent.parent();
-    // What is shown outside the tree must not be in its memory.
-    if (above != nullptr && &parent == nodes_.parent())
-      current.reset(node_place().make_copy(*current));
+    if (above != nullptr && leaves_pool) current.reset(node_place().make_copy(*current));
     passes_up = above != nullptr && above->can_contain(*current);
     report_refusal(parent, *current, passes_up);
   }

@@ -10,27 +10,28 @@ namespace Xport {
 
 namespace {
 
-// Takes the byte-order mark out of the parser's input while this lives. A stream that
-// comes into being by that goes with it, unless the parser owns what it reads.
+// Takes the byte-order mark out of the parser's input. A stream that this makes for a swapped
+// page is deleted with the object, unless the parser owns its input.
 class ordered_input {
  public:
   explicit ordered_input(xhtml_parser& parser) : parser_(parser), given_(parser.input) {
-    detect_byte_order(parser_.input, parser_.owns_input);
+    const bool owns_input = parser.owns_input;
+    detect_byte_order(parser_.input, owns_input);
+    if (!owns_input && parser_.input != given_) made_.reset(parser_.input);
   }
   ordered_input(const ordered_input&) = delete;
   ordered_input& operator=(const ordered_input&) = delete;
   ~ordered_input() {
-    if (parser_.owns_input || parser_.input == given_) return;
-    delete parser_.input;
-    parser_.input = given_;
+    if (made_ != nullptr && parser_.input == made_.get()) parser_.input = given_;
   }
 
  private:
   xhtml_parser& parser_;
   xhtml_parser::input_type* given_;
+  std::unique_ptr<xhtml_parser::input_type> made_;
 };
 
-// Whatever becomes of the reading, a document must not know elements of its old tree.
+// Reindexes even if reading throws: a document must not know elements of its old tree.
 class reindexed_after {
  public:
   explicit reindexed_after(xhtml_doc& doc) : doc_(doc) {}

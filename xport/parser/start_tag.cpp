@@ -13,7 +13,7 @@
 namespace Xport {
 
 start_tag_name::start_tag_name(ustring_view text, const character_classes& classes)
-    : length(count_plain_letters(text)), tag(tag_id::invalid_tag), slash(false) {
+    : length(classes.count_plain_letters(text)), tag(tag_id::invalid_tag), slash(false) {
   while (length < text.size() && classes.is_alnum(text[length])) ++length;
   if (length == 0) return;
   tag = xhtml_strict::tag_from_name(text.substr(0, length));

@@ -13,7 +13,7 @@ xhtml_markup* xhtml_parser::read_start_tag(xhtml_markup* parent) {
   const operation_classes scope(classes_);
   unit_input in = units();
   const ustring_view text = take_until(in, gathered_, [this](ustring_view window) {
-    std::size_t at = count_plain_letters(window);
+    std::size_t at = classes_->count_plain_letters(window);
     while (at < window.size() && window[at] != u'>' && window[at] != end_unit &&
            !classes_->is_space(window[at]))
       ++at;

@@ -42,11 +42,18 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
   gather_text(tag);
   normalize_trailing_space(text_, *classes_);
   if (text_.empty()) return make_text(parent, text_);
-  // What is rewritten is a text even if nothing is left of it.
-  if (plain && normalize_text) normalize_references(text_);
+  if (plain && normalize_text) return make_rewritten(text_);
   if (tag == tag_id::style) text_ = rewritten_stylesheet(text_);
   last_tag = tag_id::invalid_tag;
   return nodes_.make_leaf<xhtml_pcdata>(text_);
+}
+
+// It stays a text even if nothing is left of it. A derived class may call other readers while
+// it rewrites the text, so that it gets one of its own.
+xhtml_markup* xhtml_parser::make_rewritten(ustring text) {
+  normalize_references(text);
+  last_tag = tag_id::invalid_tag;
+  return nodes_.make_leaf<xhtml_pcdata>(text);
 }
 
 bool xhtml_parser::skip_leading_space() {

@@ -11,17 +11,18 @@
 
 namespace Xport {
 
-/// The white space at the beginning of a text. Blanks and newlines are that in every
-/// locale.
+/// The white space at the beginning of a text. A newline is white space whatever the locale
+/// says: a text that folds newlines would never end otherwise.
 struct leading_space {
   std::size_t count;       ///< all of it
   std::uint32_t newlines;  ///< the units 10 in it
 };
 inline leading_space find_leading_space(ustring_view text, const character_classes& classes) {
   leading_space found{0, 0};
+  const bool standard = classes.are_standard();
   for (; found.count < text.size(); ++found.count) {
     const char16 unit = text[found.count];
-    if (unit == u' ')  // indentation is a run of blanks
+    if (standard && unit == u' ')  // indentation is a run of blanks
       found.count +=
           count_leading({text.data() + found.count, text.size() - found.count}, u' ') - 1;
     else if (unit == u'\n')
@@ -43,7 +44,7 @@ struct trailing_space {
 /// further to the left in it than any newline.
 trailing_space find_trailing_space(ustring_view text, const character_classes& classes);
 
-/// Does so.
+/// Applies find_trailing_space to `text` in place.
 void normalize_trailing_space(ustring& text, const character_classes& classes);
 
 /// Cuts white space from the end of `text`.

@@ -35,9 +35,9 @@ enum message_level : std::uint32_t {
 ///
 /// The readers take units from the input's stream buffer, past the stream's state. Each
 /// leaves the cursor after what it used, and calls the others through the virtual
-/// table, so that a derived class can put one of its own in their place. What the
-/// classes of characters are, the global locale at the start of parse_children() says, or
-/// of a reader that is called outside of it.
+/// table, so that a derived class can put one of its own in their place. Character classes
+/// are those of the global locale when the outermost call began; style text uses the
+/// global locale at the moment when it is read.
 ///
 /// The caller owns a node that a reader returned. The node has no parent; it may be
 /// deleted, and adopted by any element of any tree.
@@ -47,7 +47,7 @@ enum message_level : std::uint32_t {
 /// is used as its virtual operations say: parse_children() is called for each node that
 /// was adopted, and so takes some of the stack for each open element.
 ///
-/// What passes through: the exceptions of memory, of the stream buffer and of the message
+/// Exceptions: those of memory, of the stream buffer and of the message
 /// stream, and std::domain_error ("pTag_trait invlaid") where an element without a
 /// rule record is asked for its end tag. The tree then holds what was read so far.
 class xhtml_parser {
@@ -65,7 +65,8 @@ class xhtml_parser {
 
   /// Fills `parent` from the input up to its end tag, or to the end of the input.
   /// A result that isn't null is a node which `parent` couldn't use and its own parent
-  /// can; the caller owns it. Takes time linear in the input.
+  /// can; the caller owns it. That parent is asked, so it must be alive. Takes time linear
+  /// in the input.
   virtual xhtml_markup* parse_children(xhtml_markup* parent);
 
   /// Rewrites each spelling of a character in `text` to the preferred one, by the
@@ -117,7 +118,7 @@ class xhtml_parser {
   bool normalize_text = false;         ///< text goes through normalize_references
   std::uint32_t message_mask = 0;      ///< the levels that are reported
   bool preserve_newlines = false;      ///< text keeps its newlines
-  bool owns_input = false;             ///< the stream behind `input` goes with the parser
+  bool owns_input = false;             ///< the parser deletes the stream behind `input`
   std::uint32_t line = 1;              ///< the current line, as far as the readers count
   tag_id last_tag = tag_id::doc_root;  ///< what the last reader stored
   input_type* input;                   ///< what is read
@@ -128,7 +129,7 @@ class xhtml_parser {
   references_by_code references;  ///< the master table
 
  private:
-  class tree_scope;
+  class place_scope;
   using held_node = std::unique_ptr<xhtml_markup>;
 
   unit_input units() const { return unit_input(input != nullptr ? input->rdbuf() : nullptr); }
@@ -141,7 +142,7 @@ class xhtml_parser {
   void report_mismatch(const xhtml_markup& parent, const xhtml_markup& end_tag, bool passes_up);
   xhtml_markup* fill(xhtml_element& receiver);
   xhtml_markup* fill_by_calls(xhtml_markup& parent);
-  bool adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child);
+  bool adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child, bool leaves_pool);
   bool close(xhtml_markup& parent, held_node& current);
   bool take_plain_end_tag(xhtml_element& parent);
   void trim_last_text(xhtml_markup& parent);
@@ -154,11 +155,30 @@ class xhtml_parser {
   void gather_text(tag_id parent);
   void gather_newline(bool script);
   xhtml_markup* make_text(xhtml_markup* parent, ustring_view text);
+  xhtml_markup* make_rewritten(ustring text);
 
   std::optional<character_classes> classes_;  // during the outermost call
-  node_place nodes_;                          // where readers make nodes
+  node_place nodes_;                          // where readers make nodes: see place_scope
   ustring gathered_;                          // what isn't whole in the input's window
   ustring text_;                              // a text that is being read
+};
+
+/// Lets readers make nodes at `where` in its lifetime. Nodes outside the heap are for fill()
+/// alone, which calls its readers in such a scope; whoever else is called meanwhile, such as the
+/// stream of the messages, may call readers too and gets nodes on the heap.
+class xhtml_parser::place_scope {
+ public:
+  place_scope(xhtml_parser& parser, const node_place& where)
+      : parser_(parser), before_(parser.nodes_) {
+    parser_.nodes_ = where;
+  }
+  place_scope(const place_scope&) = delete;
+  place_scope& operator=(const place_scope&) = delete;
+  ~place_scope() { parser_.nodes_ = before_; }
+
+ private:
+  xhtml_parser& parser_;
+  node_place before_;
 };
 
 }  // namespace Xport

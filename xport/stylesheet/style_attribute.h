@@ -18,7 +18,7 @@ namespace Xport {
 /// name, which then isn't in the table: declarations are to be set apart by white space
 /// alone, and of `color: red; width: 2px` only the color is stored.
 ///
-/// Raises std::bad_alloc, and std::length_error for a value of 2^32 units or more; the
+/// Throws std::bad_alloc, and std::length_error for a value of 2^32 units or more; the
 /// style then holds part of what was read. `text` mustn't lie in the element's style.
 void parse_style_attribute(xhtml_element& element, ustring_view text,
                            const character_classes& classes = character_classes());

@@ -26,7 +26,7 @@ enum class item_type : std::int32_t { none = 0, rule = 1, comment = 2, import = 
 /// declarations: the other kinds answer every operation on them with the end.
 ///
 /// Positions that an operation takes must lie in this item's declarations. What
-/// stores a text raises std::bad_alloc.
+/// stores a text throws std::bad_alloc.
 class xhtml_stylesheet_item {
  public:
   xhtml_stylesheet_item() = default;

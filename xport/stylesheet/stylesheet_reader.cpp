@@ -110,7 +110,7 @@ ustring stylesheet_reader::read_selector() {
   }
 }
 
-// The end of the input ends nothing here: a rule that is open there is never done with.
+// The end of the input ends nothing here: a rule that is open there never ends.
 void stylesheet_reader::read_declarations(xhtml_stylesheet_rule& rule) {
   while (!stream_.eof()) {
     const css_property_id property = read_property();

@@ -46,13 +46,13 @@ class xhtml_stylesheet {
   /// - An import is the next word without its first four units, and without double quotes,
   ///   closing parentheses and semicolons at its end; a word below nine units is none.
   ///
-  /// A text that ends within a rule is never done with, and a last value of up to two
-  /// units takes the end of its rule in: parse doesn't return, unless by an exception of
-  /// the stream's buffer. It takes no more memory meanwhile. The stream's end-of-file flag,
+  /// parse() never returns from a text that ends within a rule, unless by an exception of
+  /// the stream's buffer; a last value of up to two units takes the end of its rule in. It
+  /// takes no more memory meanwhile. The stream's end-of-file flag,
   /// which reading itself never sets, ends the declarations of a rule where they stand.
   ///
-  /// What the buffer raises and std::bad_alloc pass through; the sheet then holds the
-  /// items that were complete. An empty text, and what the buffer raises where the units
+  /// What the buffer throws and std::bad_alloc pass through; the sheet then holds the
+  /// items that were complete. An empty text, and what the buffer throws where the units
   /// of a byte-order mark are looked for, are failures of the stream, which pass only if
   /// the stream's exceptions() say so; the sheet is empty then.
   bool parse(std::unique_ptr<std::basic_istream<char16>> stream);

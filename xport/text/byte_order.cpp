@@ -2,6 +2,7 @@
 
 #include <ios>
 #include <locale>
+#include <ostream>
 #include <sstream>
 
 #include "xport/text/character_class.h"
@@ -36,6 +37,7 @@ void note_exception(std::basic_istream<char16>& stream) {
 // stream isn't good afterwards. The standard library's own needs facets that no
 // locale has for 16-bit units.
 char16 look_ahead(std::basic_istream<char16>& stream) {
+  if (stream.tie() != nullptr) stream.tie()->flush();
   const unit_input input(stream.rdbuf());
   char16 unit = end_unit;
   try {

@@ -1,11 +1,14 @@
 #include "xport/text/character_class.h"
 
 #include <cwctype>
+#include <typeinfo>
 
 namespace Xport {
 
 character_classes::character_classes(const std::locale& locale)
-    : locale_(locale), facet_(&std::use_facet<std::ctype<wchar_t>>(locale_)) {}
+    : locale_(locale),
+      facet_(&std::use_facet<std::ctype<wchar_t>>(locale_)),
+      standard_(typeid(*facet_) == typeid(std::ctype<wchar_t>)) {}
 
 unsigned character_classes::find(unsigned classes, char16 unit) const {
   if (unit >= kept_.size()) return ask(classes, unit);

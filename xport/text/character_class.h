@@ -39,6 +39,19 @@ class character_classes {
   /// `unit` in lower case, by the same locale.
   char16 to_lower(char16 unit) const;
 
+  /// Whether the classes are the standard library's own. These have the small letters of
+  /// ASCII as `alnum` and not as white space, and the blank and the newline as white space,
+  /// in every locale. A facet of the host's has to be asked for each unit.
+  bool are_standard() const { return standard_; }
+
+  /// How many units at the beginning of `text` are small letters of ASCII; 0 where that
+  /// says nothing about their classes, which aren't standard then.
+  std::size_t count_plain_letters(ustring_view text) const {
+    std::size_t count = 0;
+    while (standard_ && count < text.size() && text[count] >= u'a' && text[count] <= u'z') ++count;
+    return count;
+  }
+
   /// `text` without white space at its end.
   ustring_view trim_right(ustring_view text) const {
     std::size_t size = text.size();
@@ -65,6 +78,7 @@ class character_classes {
 
   std::locale locale_;
   const std::ctype<wchar_t>* facet_;
+  bool standard_;
   mutable std::array<std::uint8_t, 256> kept_{};
 };
 
@@ -86,14 +100,6 @@ class operation_classes {
  private:
   std::optional<character_classes>* place_;
 };
-
-/// How many units at the beginning of `text` are small letters of ASCII, which in every
-/// locale are `alnum` and no white space.
-inline std::size_t count_plain_letters(ustring_view text) {
-  std::size_t count = 0;
-  while (count < text.size() && text[count] >= u'a' && text[count] <= u'z') ++count;
-  return count;
-}
 
 /// `text` with every unit lower-cased by the C library's `towlower`.
 ustring to_lower(ustring_view text);

@@ -19,7 +19,7 @@ inline constexpr char16 end_unit = 0xFFFF;
 /// is still in the buffer, so the buffer's position is always where this one is, and
 /// whoever reads from the buffer in between goes on from there.
 ///
-/// What the buffer raises passes through.
+/// What the buffer throws passes through.
 class unit_input {
  public:
   using buffer_type = std::basic_streambuf<char16>;
@@ -79,9 +79,8 @@ class unit_input {
     static void bump(buffer_type& buffer, int count) { (buffer.*&access::gbump)(count); }
   };
 
-  // The answer of a look can't be taken for the unit where there is a window: the
-  // standard library may answer with another unit than U+FFFF, lest it be taken for
-  // the end.
+  // Where there is a window, the unit is taken from there: sgetc() of the standard
+  // library may return another unit for U+FFFF, so that it isn't taken for the end.
   char16 look() const {
     const auto answer = buffer_->sgetc();
     if (access::count(*buffer_) != 0) return *access::next(*buffer_);

@@ -12,7 +12,7 @@
 namespace Xport {
 
 /// Gathers units for a stream, which then gets them in blocks. The stream isn't
-/// looked at: a failed one takes nothing. What its exceptions raise passes
+/// looked at: a failed one takes nothing. What its exceptions throw passes
 /// through, and the block that was on its way is dropped.
 class unit_output {
  public:

@@ -10,7 +10,7 @@ namespace Xport {
 
 /// An output stream of code units into a string in memory. Unlike the standard
 /// library's string stream it keeps U+FFFF wherever it stands in a run of units,
-/// and it raises std::bad_alloc when memory runs out.
+/// and it throws std::bad_alloc when memory runs out.
 class ustring_stream : public std::basic_ostream<char16> {
  public:
   ustring_stream() : std::basic_ostream<char16>(nullptr) {
