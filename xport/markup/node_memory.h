@@ -145,7 +145,7 @@ class node_pool {
 class node_place {
  public:
   /// The heap. A node that is made there has no parent.
-  node_place() = default;
+  constexpr node_place() = default;
 
   /// The pool, null for the heap.
   node_pool* pool() const { return pool_; }

@@ -52,8 +52,46 @@ xhtml_element::~xhtml_element() { delete_children(); }
 
 void xhtml_element::clear_children() noexcept { delete_children(); }
 
+// can_contain() where both classes are our own.
+inline bool xhtml_element::takes(const xhtml_markup& node) const {
+  switch (node.type()) {
+    case node_type::pcdata:
+      return takes_text(rules());
+    case node_type::comment:
+    case node_type::processing_instruction:
+      return true;
+    case node_type::doctype:
+      return rules().id == tag_id::doc_root;
+    case node_type::element:
+      return takes_element(rules(), node.as_element()->rules());
+    case node_type::none:
+      return false;
+  }
+  return false;
+}
+
+// The order of the questions decides about nodes of derived classes, which may answer in
+// any way.
+bool xhtml_element::can_contain(const xhtml_markup& node) const {
+  if (is_own_class() && node.is_own_class()) return takes(node);
+  if (node.category_flags() == category_text) return accepts_text();
+  const std::int32_t kind = node.node_kind();
+  if (kind == static_cast<std::int32_t>(node_type::comment) ||
+      kind == static_cast<std::int32_t>(node_type::processing_instruction))
+    return true;
+  if (tag() == tag_id::doc_root && kind == static_cast<std::int32_t>(node_type::doctype))
+    return true;
+  if (node.tag_trait() == nullptr) return false;
+  return takes_element(rules(), node.tag(), node.category_flags());
+}
+
+// can_contain(), without a call where both classes are our own.
+inline bool xhtml_element::fits(const xhtml_markup& node) const {
+  return is_own_class() && node.is_own_class() ? takes(node) : can_contain(node);
+}
+
 markup_iterator xhtml_element::adopt_child(xhtml_markup* node) {
-  if (node == nullptr || !can_contain(*node)) return end();
+  if (node == nullptr || !fits(*node)) return end();
   link(node, nullptr);
   return markup_iterator(node, this);
 }
@@ -78,8 +116,7 @@ markup_iterator xhtml_element::insert_text(const_markup_iterator position, ustri
 
 markup_iterator xhtml_element::insert_copy(const_markup_iterator position,
                                            const xhtml_markup& node) {
-  const tag_id parent = is_own_class() ? rules().id : tag();
-  if (!can_contain(node) || !has_position(position) || !keeps_order(parent, position, node.tag()))
+  if (!fits(node) || !has_position(position) || !keeps_order(tag_of(*this), position, node.tag()))
     return end();
   xhtml_markup* const copy = copy_tree(node);
   if (copy == nullptr) return end();
@@ -179,39 +216,6 @@ ustring xhtml_element::end_tag_text() const {
   text += rules().name;
   text += u'>';
   return text;
-}
-
-// The order of the questions decides about nodes of derived classes, which may answer in
-// any way.
-bool xhtml_element::can_contain(const xhtml_markup& node) const {
-  if (node.is_own_class() && is_own_class()) return takes(node);
-  if (node.category_flags() == category_text) return accepts_text();
-  const std::int32_t kind = node.node_kind();
-  if (kind == static_cast<std::int32_t>(node_type::comment) ||
-      kind == static_cast<std::int32_t>(node_type::processing_instruction))
-    return true;
-  if (tag() == tag_id::doc_root && kind == static_cast<std::int32_t>(node_type::doctype))
-    return true;
-  if (node.tag_trait() == nullptr) return false;
-  return takes_element(rules(), node.tag(), node.category_flags());
-}
-
-// can_contain() where both classes are our own.
-bool xhtml_element::takes(const xhtml_markup& node) const {
-  switch (node.type()) {
-    case node_type::pcdata:
-      return takes_text(rules());
-    case node_type::comment:
-    case node_type::processing_instruction:
-      return true;
-    case node_type::doctype:
-      return rules().id == tag_id::doc_root;
-    case node_type::element:
-      return takes_element(rules(), node.as_element()->rules());
-    case node_type::none:
-      return false;
-  }
-  return false;
 }
 
 bool xhtml_element::has_position(const const_markup_iterator& position) const {

@@ -126,6 +126,7 @@ class xhtml_element : public xhtml_markup {
   xhtml_element(const xhtml_element& other, without_children);
 
   bool takes(const xhtml_markup& node) const;
+  bool fits(const xhtml_markup& node) const;
   bool has_position(const const_markup_iterator& position) const;
   bool has_child(tag_id tag) const;
   bool keeps_order(tag_id parent, const const_markup_iterator& position, tag_id child) const;
@@ -145,6 +146,13 @@ inline xhtml_element* xhtml_markup::as_element() {
 }
 inline const xhtml_element* xhtml_markup::as_element() const {
   return type_ == node_type::element ? static_cast<const xhtml_element*>(this) : nullptr;
+}
+
+/// node.tag(), without a call where the class of the node is our own.
+inline tag_id tag_of(const xhtml_markup& node) {
+  if (!node.is_own_class()) return node.tag();
+  const xhtml_element* const element = node.as_element();
+  return element != nullptr ? element->rules().id : tag_id::invalid_tag;
 }
 
 inline node_place::node_place(xhtml_element& parent)

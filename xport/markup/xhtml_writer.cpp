@@ -16,6 +16,10 @@ xhtml_writer::~xhtml_writer() {
 
 namespace {
 
+tag_id tag_of_parent(const xhtml_markup& node) {
+  return node.parent() != nullptr ? tag_of(*node.parent()) : tag_id::invalid_tag;
+}
+
 // Of a node that is no element of the table.
 std::uint32_t layout_of_kind(node_type kind) {
   switch (kind) {
@@ -65,14 +69,6 @@ void xhtml_writer::write_byte_order_mark() {
   if (byte_order_mark == 2) output_.put(ustring_view(u"\uFEFF", 1));
   if (byte_order_mark == 3) output_.put(ustring_view(u"\0\uFEFF", 2));
   output_.drain();
-}
-
-// Null is no element.
-inline tag_id xhtml_writer::tag_of(const xhtml_markup* node) {
-  if (node == nullptr) return tag_id::invalid_tag;
-  if (!node->is_own_class()) return node->tag();
-  const xhtml_element* const element = node->as_element();
-  return element != nullptr ? element->rules().id : tag_id::invalid_tag;
 }
 
 inline std::uint32_t xhtml_writer::layout_of(const Tag_trait& rules) const {
@@ -227,7 +223,7 @@ void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rule
       indent(blanks_at(indent_level));
     } else {
       if (exceeds_line(length)) break_line();
-      if (column == 0 && tag_of(element.parent()) != tag_id::pre) indent(blanks_at(indent_level));
+      if (column == 0 && tag_of_parent(element) != tag_id::pre) indent(blanks_at(indent_level));
     }
     put_text();
     column += length;
@@ -245,22 +241,23 @@ void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rule
   }
 }
 
-inline void xhtml_writer::write_text(ustring_view text, const xhtml_markup* parent) {
-  const tag_id tag = tag_of(parent);
-  const std::int64_t level = tag == tag_id::pre ? 0 : std::max<std::int64_t>(indent_level, 0);
-  const bool as_it_stands = max_line_length == 0 || tag == tag_id::script || tag == tag_id::style ||
-                            (parent != nullptr && layout_of(*parent) == layout_preformatted);
+inline void xhtml_writer::write_text(const text_leaf& node) {
+  const tag_id parent = tag_of_parent(node);
+  const std::int64_t level = parent == tag_id::pre ? 0 : std::max<std::int64_t>(indent_level, 0);
+  const bool as_it_stands =
+      max_line_length == 0 || parent == tag_id::script || parent == tag_id::style ||
+      (node.parent() != nullptr && layout_of(*node.parent()) == layout_preformatted);
   if (as_it_stands)
-    put_lines(text, blanks_at(level));
+    put_lines(node.text(), blanks_at(level));
   else
-    put_wrapped(text, blanks_at(level));
+    put_wrapped(node.text(), blanks_at(level));
 }
 
 void xhtml_writer::write_leaf(const xhtml_markup& node) {
   const auto text = [&node] { return node.as_text()->text(); };
   switch (node.type()) {
     case node_type::pcdata:
-      write_text(text(), node.parent());
+      write_text(*node.as_text());
       break;
     case node_type::comment:
       write_comment(text());

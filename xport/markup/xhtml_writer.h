@@ -13,6 +13,7 @@
 
 namespace Xport {
 
+class text_leaf;
 class xhtml_element;
 class xhtml_markup;
 
@@ -68,7 +69,6 @@ class xhtml_writer {
 
  private:
   // The tree.
-  static tag_id tag_of(const xhtml_markup* node);
   std::uint32_t layout_of(const xhtml_markup& node) const;
   std::uint32_t layout_of(const Tag_trait& rules) const;
   std::uint32_t asked_layout(const xhtml_markup& node) const;
@@ -83,7 +83,7 @@ class xhtml_writer {
   void write_end(const xhtml_element& element, const Tag_trait& rules, std::uint32_t layout,
                  bool at_line_start);
   void write_leaf(const xhtml_markup& node);
-  void write_text(ustring_view text, const xhtml_markup* parent);
+  void write_text(const text_leaf& node);
   void write_comment(ustring_view text);
 
   // The units.

@@ -46,7 +46,7 @@ xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
     append_run({&unit, 1});
     in.advance();
   }
-  return nodes_.make_leaf<xhtml_comment>(xhtml_comment::body(text_, *classes_));
+  return nodes_->make_leaf<xhtml_comment>(xhtml_comment::body(text_, *classes_));
 }
 
 xhtml_markup* xhtml_parser::read_processing_instruction() {
@@ -67,7 +67,7 @@ xhtml_markup* xhtml_parser::read_processing_instruction() {
     in.advance();
   }
   last_tag = tag_id::invalid_tag;
-  return nodes_.make_leaf<xhtml_processing_instruction>(
+  return nodes_->make_leaf<xhtml_processing_instruction>(
       xhtml_processing_instruction::body(text_, *classes_));
 }
 

@@ -15,7 +15,7 @@ ustring in_brackets(const xhtml_markup& node) {
 
 void xhtml_parser::report_message(ustring_view text, std::uint32_t level) {
   if (!reports(level)) return;
-  const place_scope heap(*this, node_place());
+  const place_scope heap(*this, on_heap_);
   const auto put = [this](ustring_view part) {
     messages->write(part.data(), static_cast<std::streamsize>(part.size()));
   };

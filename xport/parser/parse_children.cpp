@@ -62,7 +62,7 @@ xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
     xhtml_markup* child = nullptr;
     const bool finished =
         current == nullptr ||
-        (current->is_end_tag()
+        (current->type() == node_type::none && current->is_end_tag()
              ? close(*parent, current)
              : adopt(*parent, current, child, parent == &receiver && content.pool() != nullptr));
     if (finished) {
@@ -86,7 +86,7 @@ bool xhtml_parser::adopt(xhtml_markup& parent, held_node& current, xhtml_markup*
     report_encounter(*current, level_trace_elements);
   xhtml_markup* const adopted = parent.adopt_child(current.get()).cell();
   if (adopted != nullptr) current.release();
-  if (parent.tag() == tag_id::pre) {
+  if (tag_of(parent) == tag_id::pre) {
     // The reader of the text has used the end tag up.
     current.reset(new xhtml_end_tag(u"<pre>"));
     return false;
@@ -142,7 +142,7 @@ bool xhtml_parser::take_plain_end_tag(xhtml_element& parent) {
 
 void xhtml_parser::trim_last_text(xhtml_markup& parent) {
   xhtml_markup* const last = parent.last_child();
-  if (last == nullptr || parent.tag() == tag_id::style) return;
+  if (last == nullptr || tag_of(parent) == tag_id::style) return;
   if (!last->is_own_class()) {
     if (last->category_flags() == category_text) last->trim_trailing_space();
   } else if (last->type() == node_type::pcdata) {

@@ -28,7 +28,7 @@ xhtml_markup* xhtml_parser::read_start_tag(xhtml_markup* parent) {
       return read_pcdata(parent, ustring(u"<").append(text) + behind);
   }
   const bool has_attributes = spaced && name.length == text.size();
-  std::unique_ptr<xhtml_element> element(nodes_.make<xhtml_element>(*tag_table[name.tag]));
+  std::unique_ptr<xhtml_element> element(nodes_->make<xhtml_element>(*tag_table[name.tag]));
   if (spaced) {
     const ustring_view rest = take_until(in, gathered_, any_of<u'>', end_unit>);
     line += static_cast<std::uint32_t>(std::count(rest.begin(), rest.end(), u'\n'));

@@ -29,10 +29,10 @@ ustring rewritten_stylesheet(const ustring& text) {
 
 xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& prefix) {
   const operation_classes scope(classes_);
-  const tag_id tag = parent->tag();
+  const tag_id tag = tag_of(*parent);
   if (tag == tag_id::pre) return read_preformatted();
   const bool plain = tag != tag_id::script && tag != tag_id::style;
-  const bool blank = prefix.empty() && skip_leading_space();
+  const bool blank = prefix.empty() && skip_space();
   if (plain && !normalize_text && !blank && prefix.empty())
     if (const std::optional<ustring_view> text = take_plain_text()) return make_text(parent, *text);
   if (blank)
@@ -45,7 +45,7 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
   if (plain && normalize_text) return make_rewritten(text_);
   if (tag == tag_id::style) text_ = rewritten_stylesheet(text_);
   last_tag = tag_id::invalid_tag;
-  return nodes_.make_leaf<xhtml_pcdata>(text_);
+  return nodes_->make_leaf<xhtml_pcdata>(text_);
 }
 
 // It stays a text even if nothing is left of it. A derived class may call other readers while
@@ -53,11 +53,15 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
 xhtml_markup* xhtml_parser::make_rewritten(ustring text) {
   normalize_references(text);
   last_tag = tag_id::invalid_tag;
-  return nodes_.make_leaf<xhtml_pcdata>(text);
+  return nodes_->make_leaf<xhtml_pcdata>(text);
 }
 
 bool xhtml_parser::skip_leading_space() {
   const operation_classes scope(classes_);
+  return skip_space();
+}
+
+bool xhtml_parser::skip_space() {
   unit_input in = units();
   bool any = false;
   bool newline = false;
@@ -137,12 +141,12 @@ void xhtml_parser::gather_newline(bool script) {
     ++line;
     units().advance();
   }
-  skip_leading_space();
+  skip_space();
 }
 
 xhtml_markup* xhtml_parser::make_text(xhtml_markup* parent, ustring_view text) {
   last_tag = tag_id::invalid_tag;
-  return text.empty() ? read_next(parent) : nodes_.make_leaf<xhtml_pcdata>(text);
+  return text.empty() ? read_next(parent) : nodes_->make_leaf<xhtml_pcdata>(text);
 }
 
 // The end tag is looked for by its text, and nothing else is markup. Newlines aren't
@@ -165,7 +169,7 @@ xhtml_markup* xhtml_parser::read_preformatted() {
   }
   if (matched == end_tag.size()) text_.resize(text_.size() - matched);
   last_tag = tag_id::doc_root;
-  return nodes_.make_leaf<xhtml_pcdata>(text_);
+  return nodes_->make_leaf<xhtml_pcdata>(text_);
 }
 
 }  // namespace Xport

@@ -19,10 +19,9 @@ struct leading_space {
 };
 inline leading_space find_leading_space(ustring_view text, const character_classes& classes) {
   leading_space found{0, 0};
-  const bool standard = classes.are_standard();
   for (; found.count < text.size(); ++found.count) {
     const char16 unit = text[found.count];
-    if (standard && unit == u' ')  // indentation is a run of blanks
+    if (unit == u' ' && classes.are_standard())  // indentation is a run of blanks
       found.count +=
           count_leading({text.data() + found.count, text.size() - found.count}, u' ') - 1;
     else if (unit == u'\n')

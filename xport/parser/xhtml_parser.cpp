@@ -12,7 +12,7 @@ xhtml_markup* xhtml_parser::read_next(xhtml_markup* parent) {
   if (input == nullptr || !input->good()) return nullptr;
   const char16 unit = units().peek();
   if (unit == end_unit) return nullptr;
-  if (unit == u'<' && parent->tag() != tag_id::pre) return read_markup(parent);
+  if (unit == u'<' && tag_of(*parent) != tag_id::pre) return read_markup(parent);
   return read_pcdata(parent, {});
 }
 
@@ -27,7 +27,7 @@ xhtml_markup* xhtml_parser::read_markup(xhtml_markup* parent) {
       in.advance();
       if (in.peek() == u'-') return read_comment(parent);
       read_declaration(u"<");
-      return nodes_.make_leaf<xhtml_doctype_declaration>({});
+      return nodes_->make_leaf<xhtml_doctype_declaration>({});
     case u'?':
       in.advance();
       return read_processing_instruction();

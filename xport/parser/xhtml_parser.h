@@ -147,9 +147,12 @@ class xhtml_parser {
   bool take_plain_end_tag(xhtml_element& parent);
   void trim_last_text(xhtml_markup& parent);
 
+  static constexpr node_place on_heap_{};
+
   // Outside `script`, which keeps its newlines.
   bool folds_newlines() const { return !preserve_newlines && last_tag != tag_id::pre; }
 
+  bool skip_space();
   void append_run(ustring_view run);
   std::optional<ustring_view> take_plain_text();
   void gather_text(tag_id parent);
@@ -158,19 +161,19 @@ class xhtml_parser {
   xhtml_markup* make_rewritten(ustring text);
 
   std::optional<character_classes> classes_;  // during the outermost call
-  node_place nodes_;                          // where readers make nodes: see place_scope
+  const node_place* nodes_ = &on_heap_;       // where readers make nodes: see place_scope
   ustring gathered_;                          // what isn't whole in the input's window
   ustring text_;                              // a text that is being read
 };
 
-/// Lets readers make nodes at `where` in its lifetime. Nodes outside the heap are for fill()
-/// alone, which calls its readers in such a scope; whoever else is called meanwhile, such as the
-/// stream of the messages, may call readers too and gets nodes on the heap.
+/// Lets readers make nodes at `where`, which must outlive it, in its lifetime. Nodes outside the
+/// heap are for fill() alone, which calls its readers in such a scope; whoever else is called
+/// meanwhile, such as the stream of the messages, may call readers too and gets nodes on the heap.
 class xhtml_parser::place_scope {
  public:
   place_scope(xhtml_parser& parser, const node_place& where)
       : parser_(parser), before_(parser.nodes_) {
-    parser_.nodes_ = where;
+    parser_.nodes_ = &where;
   }
   place_scope(const place_scope&) = delete;
   place_scope& operator=(const place_scope&) = delete;
@@ -178,7 +181,7 @@ class xhtml_parser::place_scope {
 
  private:
   xhtml_parser& parser_;
-  node_place before_;
+  const node_place* before_;
 };
 
 }  // namespace Xport

@@ -47,8 +47,9 @@ class character_classes {
   /// How many units at the beginning of `text` are small letters of ASCII; 0 where that
   /// says nothing about their classes, which aren't standard then.
   std::size_t count_plain_letters(ustring_view text) const {
+    if (!standard_) return 0;
     std::size_t count = 0;
-    while (standard_ && count < text.size() && text[count] >= u'a' && text[count] <= u'z') ++count;
+    while (count < text.size() && text[count] >= u'a' && text[count] <= u'z') ++count;
     return count;
   }
 
