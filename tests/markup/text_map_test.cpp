@@ -359,4 +359,16 @@ TEST(TextMap, InAPoolDoesWhatAStandardMapDoes) {
   change_by_chance(map);
 }
 
+// What is read by key is no reference into the map: an assignment would be lost.
+template <class Map, class Text>
+concept assigns_by_key = requires(Map& map, const Text& text) {
+  map[attr_id::id] = text;
+};
+
+TEST(TextMap, AssignmentByKeyDoesNotCompile) {
+  EXPECT_FALSE((assigns_by_key<attribute_map, ustring>));
+  EXPECT_FALSE((assigns_by_key<attribute_map, ustring_view>));
+  EXPECT_FALSE((assigns_by_key<attribute_map, const char16_t*>));
+}
+
 }  // namespace

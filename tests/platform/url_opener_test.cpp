@@ -346,7 +346,7 @@ TEST_F(UrlOpener, ThreadsMayOpenAtTheSameTime) {
   EXPECT_EQ(test::bytes_of(log), expected);
 }
 
-// A canceled thread would leave the child that it waits for behind.
+// A canceled thread would leave a zombie: the child that it waits for.
 TEST_F(UrlOpener, IsNoPlaceWhereAThreadIsCanceled) {
   make_noting_opener();
   bool opened = false;
