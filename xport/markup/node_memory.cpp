@@ -98,4 +98,34 @@ void xhtml_markup::operator delete(xhtml_markup* node, std::destroying_delete_t,
     ::operator delete(memory);
 }
 
+void* xhtml_markup::operator new(std::size_t bytes) { return ::operator new(bytes); }
+
+void* xhtml_markup::operator new(std::size_t bytes, std::align_val_t alignment) {
+  return ::operator new(bytes, alignment);
+}
+
+void* xhtml_markup::operator new(std::size_t bytes, const std::nothrow_t& tag) noexcept {
+  return ::operator new(bytes, tag);
+}
+
+void* xhtml_markup::operator new(std::size_t bytes, std::align_val_t alignment,
+                                 const std::nothrow_t& tag) noexcept {
+  return ::operator new(bytes, alignment, tag);
+}
+
+void xhtml_markup::operator delete(void* memory) { ::operator delete(memory); }
+
+void xhtml_markup::operator delete(void* memory, std::align_val_t alignment) {
+  ::operator delete(memory, alignment);
+}
+
+void xhtml_markup::operator delete(void* memory, const std::nothrow_t&) {
+  ::operator delete(memory);
+}
+
+void xhtml_markup::operator delete(void* memory, std::align_val_t alignment,
+                                   const std::nothrow_t&) {
+  ::operator delete(memory, alignment);
+}
+
 }  // namespace Xport

@@ -86,27 +86,17 @@ class xhtml_markup {
                               std::align_val_t alignment);
 
   /// The general heap, as for any class. The forms of `delete` are for constructors that
-  /// throw.
-  static void* operator new(std::size_t bytes) { return ::operator new(bytes); }
-  static void* operator new(std::size_t bytes, std::align_val_t alignment) {
-    return ::operator new(bytes, alignment);
-  }
-  static void* operator new(std::size_t bytes, const std::nothrow_t& tag) noexcept {
-    return ::operator new(bytes, tag);
-  }
+  /// throw. None is inline: g++ would take it for a mismatch with the `delete` above.
+  static void* operator new(std::size_t bytes);
+  static void* operator new(std::size_t bytes, std::align_val_t alignment);
+  static void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept;
   static void* operator new(std::size_t bytes, std::align_val_t alignment,
-                            const std::nothrow_t& tag) noexcept {
-    return ::operator new(bytes, alignment, tag);
-  }
+                            const std::nothrow_t&) noexcept;
   static void* operator new(std::size_t, void* memory) noexcept { return memory; }
-  static void operator delete(void* memory) { ::operator delete(memory); }
-  static void operator delete(void* memory, std::align_val_t alignment) {
-    ::operator delete(memory, alignment);
-  }
-  static void operator delete(void* memory, const std::nothrow_t&) { ::operator delete(memory); }
-  static void operator delete(void* memory, std::align_val_t alignment, const std::nothrow_t&) {
-    ::operator delete(memory, alignment);
-  }
+  static void operator delete(void* memory);
+  static void operator delete(void* memory, std::align_val_t alignment);
+  static void operator delete(void* memory, const std::nothrow_t&);
+  static void operator delete(void* memory, std::align_val_t alignment, const std::nothrow_t&);
 
   /// Takes ownership of `node`, which is in no tree, and appends it. If it is refused,
   /// or null, the result is the end and it stays with the caller; any position without a
