@@ -74,16 +74,24 @@ TEST_P(UnfinishedCopy, ReplacesAFile) {
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
-// The source and the copy take the two descriptors that are free.
+// The source and the copy take the two descriptors that are free. (The sanitizer of undefined
+// behaviour looks at memory through a pipe, for which none is left.)
 TEST_P(UnfinishedCopy, NeedsTwoDescriptors) {
+#if defined(__has_feature)
+#if __has_feature(undefined_behavior_sanitizer)
+  GTEST_SKIP() << "the sanitizer takes descriptors of its own";
+#endif
+#endif
   test::make_file(file("a"), "bytes");
-  const int lowest = ::open("/dev/null", O_RDONLY);
-  ASSERT_GE(lowest, 0);
-  ::close(lowest);
+  const int first = ::open("/dev/null", O_RDONLY);
+  const int second = ::open("/dev/null", O_RDONLY);
+  ASSERT_GE(second, 0);
+  ::close(first);
+  ::close(second);
   rlimit before;
   ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
   rlimit limit = before;
-  limit.rlim_cur = static_cast<rlim_t>(lowest) + 2;
+  limit.rlim_cur = static_cast<rlim_t>(second) + 1;
   ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
   const bool copied = copy("a", "b");
   ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
