@@ -163,6 +163,33 @@ TEST(ReturnedNode, MayBeAdoptedByAnotherDocument) {
   EXPECT_EQ(outline_with_attributes(*doc.body()), "p(?t? b(?t?) ?t?)");
 }
 
+/// Fills each element before it returns it, while the element has no parent.
+class early_parser : public xhtml_parser {
+ public:
+  using xhtml_parser::xhtml_parser;
+  int leftovers = 0;
+
+  xhtml_markup* read_start_tag(xhtml_markup* parent) override {
+    owned_node node(xhtml_parser::read_start_tag(parent));
+    const owned_node left(xhtml_parser::parse_children(node.get()));
+    if (left != nullptr) ++leftovers;
+    return node.release();
+  }
+};
+
+// The second `p` has nowhere to go, neither in the first one nor in a parent of it, and is deleted
+// with its text.
+TEST(ReturnedNode, LeavesNothingOverWhileItHasNoParent) {
+  xhtml_doc doc(1);
+  xhtml_element heap(tag_id::body, {}, {});
+  for (xhtml_markup* const receiver : {doc.body(), static_cast<xhtml_markup*>(&heap)}) {
+    parser_on<early_parser> parser(u"<p>a<p>b</p>c</p>");
+    EXPECT_EQ(parser->parse_children(receiver), nullptr);
+    EXPECT_EQ(parser->leftovers, 0);
+    EXPECT_EQ(outline_with_attributes(*receiver), "p('a' 'c')");
+  }
+}
+
 /// Returns every two nodes in the opposite order.
 class swapping_parser : public xhtml_parser {
  public:
