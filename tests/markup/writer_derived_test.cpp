@@ -103,6 +103,23 @@ TEST(WriterDerived, NumbersOutsideTheTableAreNone) {
         << number;
 }
 
+// 259 and 261 have the low byte of a comment and of a text.
+TEST(WriterDerived, UnknownKindsAreBlocks) {
+  for (const std::int32_t kind : {0, 6, -1, 259, 261}) {
+    struct unknown_node : word_node {
+      using word_node::word_node;
+      std::uint32_t category_flags() const override { return 4; }
+      xhtml_markup* clone() const override { return new unknown_node(*this); }
+    };
+    EXPECT_TRUE(same_units(written(make(tag_id::p, u"a", unknown_node(kind), u"b")),
+                           u"<p>\n"
+                           u"  a\n"
+                           u"  [1]  b\n"
+                           u"</p>\n"))
+        << kind;
+  }
+}
+
 /// Writes marks around what the library writes.
 struct marked_element : xhtml_element {
   explicit marked_element(tag_id tag) : xhtml_element(tag, u"i", {}) {}

@@ -20,13 +20,13 @@ tag_id tag_of_parent(const xhtml_markup& node) {
   return node.parent() != nullptr ? tag_of(*node.parent()) : tag_id::invalid_tag;
 }
 
-// Of a node that is no element of the table.
-std::uint32_t layout_of_kind(node_type kind) {
+// Of a node that is no element of the table. `kind` may be any number.
+std::uint32_t layout_of_kind(std::int32_t kind) {
   switch (kind) {
-    case node_type::comment:
-    case node_type::pcdata:
+    case static_cast<std::int32_t>(node_type::comment):
+    case static_cast<std::int32_t>(node_type::pcdata):
       return layout_inline;
-    case node_type::doctype:
+    case static_cast<std::int32_t>(node_type::doctype):
       return layout_break_behind_start;
     default:
       return layout_block;
@@ -79,14 +79,14 @@ inline std::uint32_t xhtml_writer::layout_of(const Tag_trait& rules) const {
 inline std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) const {
   if (!node.is_own_class()) return asked_layout(node);
   const xhtml_element* const element = node.as_element();
-  return element != nullptr ? layout_of(element->rules()) : layout_of_kind(node.type());
+  return element != nullptr ? layout_of(element->rules())
+                            : layout_of_kind(static_cast<std::int32_t>(node.type()));
 }
 
-// Derived classes may return any number.
+// Derived classes may return any numbers.
 std::uint32_t xhtml_writer::asked_layout(const xhtml_markup& node) const {
   const auto tag = static_cast<std::size_t>(node.tag());
-  return tag < layout_table.size() ? layout_table[tag]
-                                   : layout_of_kind(static_cast<node_type>(node.node_kind()));
+  return tag < layout_table.size() ? layout_table[tag] : layout_of_kind(node.node_kind());
 }
 
 // Brings a child to its place. The column grows by one level's blanks more than

@@ -47,6 +47,8 @@ enum message_level : std::uint32_t {
 /// is used as its virtual operations say: parse_children() is called for each node that
 /// was adopted, and so takes some of the stack for each open element.
 ///
+/// The buffer of the input and the facets of a locale must not call the parser that uses them.
+///
 /// Exceptions: those of memory, of the stream buffer and of the message
 /// stream, and std::domain_error ("pTag_trait invlaid") where an element without a
 /// rule record is asked for its end tag. The tree then holds what was read so far.
@@ -118,7 +120,7 @@ class xhtml_parser {
   bool normalize_text = false;         ///< text goes through normalize_references
   std::uint32_t message_mask = 0;      ///< the levels that are reported
   bool preserve_newlines = false;      ///< text keeps its newlines
-  bool owns_input = false;             ///< the parser deletes the stream behind `input`
+  bool owns_input = false;             ///< the destructor deletes the stream `input`
   std::uint32_t line = 1;              ///< the current line, as far as the readers count
   tag_id last_tag = tag_id::doc_root;  ///< what the last reader stored
   input_type* input;                   ///< what is read
@@ -167,8 +169,8 @@ class xhtml_parser {
 };
 
 /// Lets readers make nodes at `where`, which must outlive it, in its lifetime. Nodes outside the
-/// heap are for fill() alone, which calls its readers in such a scope; whoever else is called
-/// meanwhile, such as the stream of the messages, may call readers too and gets nodes on the heap.
+/// heap are for fill() alone, which calls its readers in such a scope. The stream of the messages
+/// may call readers meanwhile; it gets nodes on the heap.
 class xhtml_parser::place_scope {
  public:
   place_scope(xhtml_parser& parser, const node_place& where)
