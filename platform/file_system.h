@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 
 namespace platform {

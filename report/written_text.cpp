@@ -1,7 +1,7 @@
 #include "report/written_text.h"
 
 #include "xport/markup/xhtml_writer.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 Xport::ustring WrittenText(const Xport::xhtml_markup& node) {
   Xport::ustring_stream stream;

@@ -3,7 +3,7 @@
 
 #include "xport/markup/descendant_markup_iterator.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 // Reads a page that leaves its paragraphs open, and adds to the second one. Returns 0 if all
 // came out as told in the comments.

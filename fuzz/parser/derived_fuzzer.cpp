@@ -8,16 +8,16 @@
 #include <utility>
 #include <vector>
 
-#include "support/derived_nodes.h"
-#include "support/expect.h"
-#include "support/fuzz_input.h"
-#include "support/guarded_parser.h"
-#include "support/text.h"
-#include "support/tree_check.h"
+#include "fuzz/support/expect.h"
+#include "fuzz/support/fuzz_input.h"
+#include "tests/support/derived_nodes.h"
+#include "tests/support/guarded_parser.h"
+#include "tests/support/text.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

@@ -8,18 +8,18 @@
 #include <type_traits>
 #include <vector>
 
-#include "parser/parser_reference.h"
-#include "support/dribble_buffer.h"
-#include "support/expect.h"
-#include "support/fuzz_input.h"
-#include "support/guarded_parser.h"
-#include "support/round_trip.h"
-#include "support/tree_check.h"
-#include "support/tree_outline.h"
+#include "fuzz/support/expect.h"
+#include "fuzz/support/fuzz_input.h"
+#include "tests/parser/parser_reference.h"
+#include "tests/support/dribble_buffer.h"
+#include "tests/support/guarded_parser.h"
+#include "tests/support/round_trip.h"
+#include "tests/support/tree_check.h"
+#include "tests/support/tree_outline.h"
 #include "xport/markup/text_leaf.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <iterator>
 
-#include "support/expect.h"
-#include "support/fuzz_input.h"
-#include "support/tree_outline.h"
+#include "fuzz/support/expect.h"
+#include "fuzz/support/fuzz_input.h"
+#include "tests/support/tree_outline.h"
 #include "xport/parser/character_reference.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/text/character_class.h"

@@ -1,4 +1,4 @@
-#include "report/fenced_files.h"
+#include "fuzz/report/fenced_files.h"
 
 #include <array>
 #include <new>

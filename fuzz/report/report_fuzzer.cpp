@@ -11,14 +11,14 @@
 #include <string>
 #include <vector>
 
-#include "report/fenced_files.h"
-#include "report/template_model.h"
+#include "fuzz/report/fenced_files.h"
+#include "fuzz/report/template_model.h"
+#include "fuzz/support/expect.h"
+#include "fuzz/support/fuzz_input.h"
 #include "report/vellomark_obj.h"
-#include "support/expect.h"
-#include "support/fake_input.h"
-#include "support/fake_services.h"
-#include "support/fuzz_input.h"
-#include "support/temp_folder.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/fake_services.h"
+#include "tests/support/temp_folder.h"
 #include "xport/text/char16.h"
 
 namespace {

@@ -1,9 +1,9 @@
-#include "report/template_model.h"
+#include "fuzz/report/template_model.h"
 
 #include <sstream>
 
-#include "support/guarded_parser.h"
-#include "support/text.h"
+#include "tests/support/guarded_parser.h"
+#include "tests/support/text.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 

@@ -2,10 +2,10 @@
 #include <cstdint>
 #include <map>
 
-#include "support/expect.h"
-#include "support/fuzz_input.h"
-#include "support/tree_check.h"
-#include "support/tree_outline.h"
+#include "fuzz/support/expect.h"
+#include "fuzz/support/fuzz_input.h"
+#include "tests/support/tree_check.h"
+#include "tests/support/tree_outline.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/stylesheet/style_attribute.h"
 #include "xport/vocabulary/xhtml_strict.h"

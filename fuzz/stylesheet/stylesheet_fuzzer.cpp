@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "stylesheet/sheet_reference.h"
-#include "stylesheet/sheet_text.h"
-#include "support/expect.h"
-#include "support/fuzz_input.h"
-#include "support/guarded_parser.h"
-#include "support/tree_outline.h"
+#include "fuzz/support/expect.h"
+#include "fuzz/support/fuzz_input.h"
+#include "tests/stylesheet/sheet_reference.h"
+#include "tests/stylesheet/sheet_text.h"
+#include "tests/support/guarded_parser.h"
+#include "tests/support/tree_outline.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_writer.h"
 #include "xport/text/character_class.h"
-#include "xport/text/ustring_stream.h"
 
 namespace {
 

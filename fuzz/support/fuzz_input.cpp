@@ -1,4 +1,4 @@
-#include "support/fuzz_input.h"
+#include "fuzz/support/fuzz_input.h"
 
 namespace fuzz {
 

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 
 namespace platform::posix {
 

@@ -17,11 +17,13 @@ struct layer {
 const std::vector<layer>& layers() {
   static const std::vector<layer> table = {
       {"xport/text", {}},
+      {"xport/stream", {"xport/text"}},
       {"xport/vocabulary", {"xport/text"}},
-      {"xport/markup", {"xport/text", "xport/vocabulary"}},
-      {"xport/stylesheet", {"xport/text", "xport/vocabulary", "xport/markup"}},
-      {"xport/parser", {"xport/text", "xport/vocabulary", "xport/markup", "xport/stylesheet"}},
-      {"platform", {"xport/text"}},
+      {"xport/markup", {"xport/text", "xport/stream", "xport/vocabulary"}},
+      {"xport/stylesheet", {"xport/text", "xport/stream", "xport/vocabulary", "xport/markup"}},
+      {"xport/parser",
+       {"xport/text", "xport/stream", "xport/vocabulary", "xport/markup", "xport/stylesheet"}},
+      {"platform", {"xport/text", "xport/stream"}},
       {"zov_utils", {}},
       {"include", {"zov_utils"}},
       {"report", {"xport", "platform", "zov_utils", "include"}},

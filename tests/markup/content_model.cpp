@@ -1,11 +1,11 @@
-#include "content_model.h"
+#include "tests/markup/content_model.h"
 
 #include <map>
 #include <set>
 #include <sstream>
 #include <stdexcept>
 
-#include "support/content_rows.h"
+#include "tests/support/content_rows.h"
 
 namespace test::content_model {
 

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "derived_node_kit.h"
-#include "support/allocation_failure.h"
-#include "tree_text.h"
+#include "tests/markup/derived_node_kit.h"
+#include "tests/markup/tree_text.h"
+#include "tests/support/allocation_failure.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "derived_node_kit.h"
-#include "tree_text.h"
+#include "tests/markup/derived_node_kit.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_end_tag.h"

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string>
 
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/descendant_markup_iterator.h"
 #include "xport/markup/xhtml_doc.h"
 

@@ -9,8 +9,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "support/allocation_failure.h"
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
+#include "tests/support/allocation_failure.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

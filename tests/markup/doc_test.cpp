@@ -9,10 +9,10 @@
 #include <type_traits>
 #include <vector>
 
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/document_file.h"
 #include "xport/markup/xhtml_doc.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

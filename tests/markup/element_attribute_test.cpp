@@ -7,8 +7,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "content_model.h"
-#include "tree_text.h"
+#include "tests/markup/content_model.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

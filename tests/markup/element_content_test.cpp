@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "content_model.h"
-#include "tree_text.h"
+#include "tests/markup/content_model.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/containment.h"
 #include "xport/markup/xhtml_end_tag.h"
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

@@ -10,8 +10,8 @@
 #include <ostream>
 #include <string>
 
-#include "support/allocation_failure.h"
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
+#include "tests/support/allocation_failure.h"
 #include "xport/markup/null_codecvt.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_end_tag.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <type_traits>
 
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <typeinfo>
 #include <utility>
 
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
 #include "xport/markup/xhtml_end_tag.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include <random>
 #include <vector>
 
-#include "support/allocation_failure.h"
+#include "tests/support/allocation_failure.h"
 
 namespace {
 

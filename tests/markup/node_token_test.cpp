@@ -7,8 +7,8 @@
 #include <locale>
 #include <string>
 
-#include "support/locale.h"
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
+#include "tests/support/locale.h"
 #include "xport/markup/xhtml_end_tag.h"
 
 namespace {

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "support/allocation_failure.h"
-#include "tree_text.h"
+#include "tests/markup/tree_text.h"
+#include "tests/support/allocation_failure.h"
 
 namespace {
 

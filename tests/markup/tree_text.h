@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "support/text.h"
-#include "support/tree_check.h"
+#include "tests/support/text.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 

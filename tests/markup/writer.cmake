@@ -15,4 +15,4 @@ vellomark_add_test(
           writer_size_test.cpp
           writer_state_test.cpp
           writer_wrap_test.cpp
-  LIBRARIES xport test_support)
+  LIBRARIES vellomark_xport vellomark_test_support)

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 #include "xport/markup/layout_table.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <ostream>
 #include <streambuf>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "support/locale.h"
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
+#include "tests/support/locale.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 
 namespace {
 

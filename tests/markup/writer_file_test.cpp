@@ -7,12 +7,12 @@
 #include <memory>
 #include <string>
 
-#include "support/fake_file.h"
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
+#include "tests/support/fake_file.h"
 #include "xport/markup/document_file.h"
 #include "xport/markup/null_codecvt.h"
 #include "xport/markup/xhtml_doc.h"
-#include "xport/text/file_output_stream.h"
+#include "xport/stream/file_output_stream.h"
 
 namespace {
 

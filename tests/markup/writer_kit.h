@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "support/golden.h"
+#include "tests/support/golden.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/markup/xhtml_writer.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace test {
 

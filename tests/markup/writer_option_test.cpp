@@ -8,7 +8,7 @@
 #include <streambuf>
 #include <type_traits>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

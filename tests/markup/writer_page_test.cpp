@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

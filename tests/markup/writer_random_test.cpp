@@ -5,11 +5,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "support/derived_nodes.h"
-#include "support/locale.h"
-#include "writer_kit.h"
-#include "writer_random_tree.h"
-#include "writer_reference.h"
+#include "tests/markup/writer_kit.h"
+#include "tests/markup/writer_random_tree.h"
+#include "tests/markup/writer_reference.h"
+#include "tests/support/derived_nodes.h"
+#include "tests/support/locale.h"
 
 namespace {
 

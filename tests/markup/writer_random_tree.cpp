@@ -1,9 +1,9 @@
-#include "writer_random_tree.h"
+#include "tests/markup/writer_random_tree.h"
 
 #include <cstddef>
 #include <iterator>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 
 namespace test {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <random>
 
-#include "writer_reference.h"
+#include "tests/markup/writer_reference.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/markup/xhtml_writer.h"
 

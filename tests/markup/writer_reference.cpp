@@ -1,4 +1,4 @@
-#include "writer_reference.h"
+#include "tests/markup/writer_reference.h"
 
 #include <cstddef>
 #include <locale>

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-#include "writer_kit.h"
-#include "xport/text/unit_output.h"
+#include "tests/markup/writer_kit.h"
+#include "xport/stream/unit_output.h"
 
 // Texts against the size of the block in which the writer gathers its output.
 

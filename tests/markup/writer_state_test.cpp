@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "writer_kit.h"
+#include "tests/markup/writer_kit.h"
 
 // The expected columns aren't the true ones: where lines break rests on a count that
 // departs from the text in known places.

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <string>
 
-#include "parser/reader_kit.h"
-#include "support/golden.h"
-#include "support/tree_check.h"
+#include "tests/parser/reader_kit.h"
+#include "tests/support/golden.h"
+#include "tests/support/tree_check.h"
 #include "xport/parser/attribute_text.h"
 #include "xport/text/character_class.h"
 

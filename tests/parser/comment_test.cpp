@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "parser/reader_kit.h"
-#include "support/golden.h"
+#include "tests/parser/reader_kit.h"
+#include "tests/support/golden.h"
 #include "xport/markup/text_leaf.h"
 
 namespace {

@@ -18,14 +18,14 @@
 #include <system_error>
 #include <vector>
 
-#include "support/golden.h"
-#include "support/guarded_parser.h"
-#include "support/round_trip.h"
-#include "support/tree_check.h"
-#include "support/tree_outline.h"
+#include "tests/support/golden.h"
+#include "tests/support/guarded_parser.h"
+#include "tests/support/round_trip.h"
+#include "tests/support/tree_check.h"
+#include "tests/support/tree_outline.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "parser/parser_reference.h"
-#include "support/tree_check.h"
-#include "support/unit_buffers.h"
+#include "tests/parser/parser_reference.h"
+#include "tests/support/tree_check.h"
+#include "tests/support/unit_buffers.h"
 
 namespace {
 

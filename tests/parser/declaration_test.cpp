@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "parser/reader_kit.h"
-#include "support/golden.h"
+#include "tests/parser/reader_kit.h"
+#include "tests/support/golden.h"
 
 namespace {
 

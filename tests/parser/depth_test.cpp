@@ -9,14 +9,14 @@
 #include <memory>
 #include <sstream>
 
-#include "support/allocation_failure.h"
-#include "support/derived_nodes.h"
-#include "support/golden.h"
-#include "support/tree_check.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/derived_nodes.h"
+#include "tests/support/golden.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_writer.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

@@ -12,11 +12,11 @@
 #include <utility>
 #include <vector>
 
-#include "parser/reader_kit.h"
-#include "support/allocation_failure.h"
-#include "support/derived_nodes.h"
-#include "support/locale.h"
-#include "support/tree_check.h"
+#include "tests/parser/reader_kit.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/derived_nodes.h"
+#include "tests/support/locale.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_end_tag.h"

@@ -7,11 +7,11 @@
 #include <sstream>
 #include <string>
 
-#include "parser/parse_kit.h"
-#include "support/tree_check.h"
+#include "tests/parser/parse_kit.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_end_tag.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

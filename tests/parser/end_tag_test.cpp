@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "parser/reader_kit.h"
+#include "tests/parser/reader_kit.h"
 
 namespace {
 

@@ -10,12 +10,12 @@
 #include <string>
 #include <utility>
 
-#include "parser/parse_kit.h"
-#include "support/allocation_failure.h"
-#include "support/fake_input.h"
-#include "support/tree_check.h"
+#include "tests/parser/parse_kit.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/tree_check.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

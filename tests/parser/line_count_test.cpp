@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "parser/parse_kit.h"
+#include "tests/parser/parse_kit.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include <streambuf>
 #include <vector>
 
-#include "support/golden.h"
-#include "support/text.h"
+#include "tests/support/golden.h"
+#include "tests/support/text.h"
 #include "xport/parser/xhtml_parser.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
-#include "parser/parse_kit.h"
+#include "tests/parser/parse_kit.h"
 
 #include <istream>
 #include <sstream>
 
-#include "support/derived_nodes.h"
-#include "support/dribble_buffer.h"
-#include "support/tree_check.h"
-#include "support/unit_buffers.h"
+#include "tests/support/derived_nodes.h"
+#include "tests/support/dribble_buffer.h"
+#include "tests/support/tree_check.h"
+#include "tests/support/unit_buffers.h"
 #include "xport/markup/text_leaf.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace test {
 

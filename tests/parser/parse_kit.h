@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "support/text.h"
+#include "tests/support/text.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/xhtml_parser.h"
 

@@ -10,12 +10,12 @@
 #include <streambuf>
 #include <string>
 
-#include "parser/parse_kit.h"
-#include "support/dribble_buffer.h"
-#include "support/golden.h"
-#include "support/tree_check.h"
+#include "tests/parser/parse_kit.h"
+#include "tests/support/dribble_buffer.h"
+#include "tests/support/golden.h"
+#include "tests/support/tree_check.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

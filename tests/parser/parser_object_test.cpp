@@ -10,13 +10,13 @@
 #include <streambuf>
 #include <type_traits>
 
-#include "support/dribble_buffer.h"
-#include "support/text.h"
+#include "tests/support/dribble_buffer.h"
+#include "tests/support/text.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/xhtml_parser.h"
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "parser/parser_reference.h"
+#include "tests/parser/parser_reference.h"
 
 namespace {
 

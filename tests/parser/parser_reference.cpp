@@ -1,15 +1,15 @@
-#include "parser/parser_reference.h"
+#include "tests/parser/parser_reference.h"
 
 #include <sstream>
 #include <utility>
 
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_end_tag.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/style_attribute.h"
 #include "xport/stylesheet/stylesheet_writer.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 #include "xport/text/character_class.h"
-#include "xport/text/ustring_stream.h"
 
 namespace test {
 

@@ -1,7 +1,7 @@
 #ifndef TESTS_PARSER_PARSER_REFERENCE_H
 #define TESTS_PARSER_PARSER_REFERENCE_H
 
-#include "parser/parse_kit.h"
+#include "tests/parser/parse_kit.h"
 
 namespace test {
 

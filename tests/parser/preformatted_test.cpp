@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "parser/reader_kit.h"
+#include "tests/parser/reader_kit.h"
 
 namespace {
 

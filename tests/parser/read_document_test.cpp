@@ -7,11 +7,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "parser/parse_kit.h"
-#include "support/fake_input.h"
-#include "support/tree_check.h"
+#include "tests/parser/parse_kit.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/tree_check.h"
 #include "xport/parser/read_document.h"
-#include "xport/text/file_input_buffer.h"
+#include "xport/stream/file_input_buffer.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-#include "parser/reader_kit.h"
-#include "support/tree_check.h"
+#include "tests/parser/reader_kit.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_end_tag.h"

@@ -6,9 +6,9 @@
 #include <sstream>
 #include <string>
 
-#include "parser/parse_kit.h"
-#include "xport/text/unit_input.h"
-#include "xport/text/ustring_stream.h"
+#include "tests/parser/parse_kit.h"
+#include "xport/stream/unit_input.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace test {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "parser/parse_kit.h"
+#include "tests/parser/parse_kit.h"
 
 namespace {
 

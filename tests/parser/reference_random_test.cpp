@@ -7,10 +7,10 @@
 #include <sstream>
 #include <string>
 
-#include "reference_kit.h"
-#include "support/allocation_failure.h"
-#include "support/golden.h"
-#include "support/text.h"
+#include "tests/parser/reference_kit.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/golden.h"
+#include "tests/support/text.h"
 
 namespace {
 

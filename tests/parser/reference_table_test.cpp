@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "support/golden.h"
+#include "tests/support/golden.h"
 #include "xport/parser/character_reference.h"
 #include "xport/parser/xhtml_parser.h"
 

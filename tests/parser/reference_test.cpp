@@ -2,8 +2,8 @@
 
 #include <locale>
 
-#include "reference_kit.h"
-#include "support/golden.h"
+#include "tests/parser/reference_kit.h"
+#include "tests/support/golden.h"
 
 namespace {
 

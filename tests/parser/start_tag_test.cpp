@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "parser/reader_kit.h"
-#include "support/golden.h"
-#include "support/tree_check.h"
+#include "tests/parser/reader_kit.h"
+#include "tests/support/golden.h"
+#include "tests/support/tree_check.h"
 
 namespace {
 

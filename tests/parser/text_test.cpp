@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "parser/reader_kit.h"
-#include "support/golden.h"
+#include "tests/parser/reader_kit.h"
+#include "tests/support/golden.h"
 #include "xport/parser/text_space.h"
 #include "xport/text/character_class.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "parser/parse_kit.h"
+#include "tests/parser/parse_kit.h"
 #include "xport/markup/leaf_nodes.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "support/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 

@@ -12,11 +12,11 @@
 #include <thread>
 
 #include "platform/file_system.h"
-#include "support/fake_input.h"
-#include "support/golden.h"
-#include "support/temp_folder.h"
-#include "xport/text/file_input_stream.h"
-#include "xport/text/unit_input.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/golden.h"
+#include "tests/support/temp_folder.h"
+#include "xport/stream/file_input_stream.h"
+#include "xport/stream/unit_input.h"
 
 namespace {
 

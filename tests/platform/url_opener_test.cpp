@@ -19,7 +19,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 #if defined(__has_feature)
 #if __has_feature(thread_sanitizer)

@@ -11,8 +11,8 @@
 #include <boost/smart_ptr/shared_ptr.hpp>
 #include <boost/smart_ptr/weak_ptr.hpp>
 
-#include "support/temp_folder.h"
 #include "tests/report/report_page.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 

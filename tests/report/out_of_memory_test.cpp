@@ -5,8 +5,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "support/allocation_failure.h"
 #include "tests/report/report_page.h"
+#include "tests/support/allocation_failure.h"
 
 namespace report_test {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "support/text.h"
+#include "tests/support/text.h"
 #include "xport/text/char16.h"
 
 namespace report_test {

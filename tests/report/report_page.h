@@ -7,9 +7,9 @@
 #include <string>
 
 #include "report/vellomark_obj.h"
-#include "support/fake_services.h"
-#include "support/golden.h"
-#include "support/text.h"
+#include "tests/support/fake_services.h"
+#include "tests/support/golden.h"
+#include "tests/support/text.h"
 #include "xport/text/char16.h"
 
 namespace report_test {

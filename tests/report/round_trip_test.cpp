@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "parser/parse_kit.h"
-#include "support/temp_folder.h"
-#include "support/tree_check.h"
+#include "tests/parser/parse_kit.h"
 #include "tests/report/report_page.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/document_file.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "support/temp_folder.h"
 #include "tests/report/report_page.h"
+#include "tests/support/temp_folder.h"
 
 namespace report_test {
 

@@ -7,8 +7,8 @@
 #include <vellomark/vellomark.h>
 #include <boost/smart_ptr/shared_ptr.hpp>
 
-#include "support/fake_input.h"
-#include "support/temp_folder.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/temp_folder.h"
 #include "xport/text/number_format.h"
 
 namespace {

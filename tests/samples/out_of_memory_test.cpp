@@ -1,5 +1,5 @@
-#include "support/allocation_failure.h"
 #include "tests/samples/sample_files.h"
+#include "tests/support/allocation_failure.h"
 
 namespace samples_test {
 

@@ -11,8 +11,8 @@
 #include <string>
 #include <utility>
 
-#include "support/golden.h"
-#include "support/temp_folder.h"
+#include "tests/support/golden.h"
+#include "tests/support/temp_folder.h"
 
 namespace samples_test {
 

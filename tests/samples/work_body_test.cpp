@@ -7,7 +7,7 @@
 
 #include "samples/filler_lines.h"
 #include "samples/work_stylesheet.h"
-#include "support/tree_check.h"
+#include "tests/support/tree_check.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace {

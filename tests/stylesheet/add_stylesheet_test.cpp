@@ -2,8 +2,8 @@
 
 #include <iterator>
 
-#include "item_text.h"
-#include "support/golden.h"
+#include "tests/stylesheet/item_text.h"
+#include "tests/support/golden.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"

@@ -1,9 +1,9 @@
 #ifndef TESTS_STYLESHEET_ITEM_TEXT_H
 #define TESTS_STYLESHEET_ITEM_TEXT_H
 
+#include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_items.h"
 #include "xport/stylesheet/stylesheet_writer.h"
-#include "xport/text/ustring_stream.h"
 
 namespace test {
 

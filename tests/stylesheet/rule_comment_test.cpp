@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "item_text.h"
-#include "support/golden.h"
+#include "tests/stylesheet/item_text.h"
+#include "tests/support/golden.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "sheet_reference.h"
+#include "tests/stylesheet/sheet_reference.h"
 
 #include <cstddef>
 

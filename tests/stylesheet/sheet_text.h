@@ -6,7 +6,7 @@
 #include <memory>
 #include <sstream>
 
-#include "support/counting_end_buffer.h"
+#include "tests/support/counting_end_buffer.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 #include "xport/text/char16.h"
 #include "xport/vocabulary/xhtml_strict.h"

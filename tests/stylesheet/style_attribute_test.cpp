@@ -6,10 +6,10 @@
 #include <locale>
 #include <string>
 
-#include "support/allocation_failure.h"
-#include "support/golden.h"
-#include "support/locale.h"
-#include "support/text.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/golden.h"
+#include "tests/support/locale.h"
+#include "tests/support/text.h"
 #include "xport/markup/node_memory.h"
 #include "xport/vocabulary/xhtml_strict.h"
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <type_traits>
 
-#include "support/golden.h"
+#include "tests/support/golden.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
 namespace {

@@ -5,10 +5,10 @@
 #include <memory>
 #include <sstream>
 
-#include "sheet_text.h"
-#include "support/allocation_failure.h"
-#include "support/golden.h"
-#include "support/locale.h"
+#include "tests/stylesheet/sheet_text.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/golden.h"
+#include "tests/support/locale.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
 namespace {

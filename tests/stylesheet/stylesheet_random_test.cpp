@@ -4,12 +4,12 @@
 #include <iterator>
 #include <random>
 
-#include "sheet_reference.h"
-#include "sheet_text.h"
-#include "support/golden.h"
-#include "support/text.h"
+#include "tests/stylesheet/sheet_reference.h"
+#include "tests/stylesheet/sheet_text.h"
+#include "tests/support/golden.h"
+#include "tests/support/text.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_writer.h"
-#include "xport/text/ustring_stream.h"
 
 namespace {
 

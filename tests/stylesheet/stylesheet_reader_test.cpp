@@ -5,9 +5,9 @@
 #include <locale>
 #include <memory>
 
-#include "sheet_text.h"
-#include "support/golden.h"
-#include "support/locale.h"
+#include "tests/stylesheet/sheet_text.h"
+#include "tests/support/golden.h"
+#include "tests/support/locale.h"
 
 namespace {
 

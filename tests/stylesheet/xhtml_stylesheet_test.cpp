@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "item_text.h"
-#include "support/golden.h"
+#include "tests/stylesheet/item_text.h"
+#include "tests/support/golden.h"
 
 namespace {
 

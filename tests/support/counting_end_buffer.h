@@ -6,8 +6,8 @@
 #include <ios>
 #include <streambuf>
 
+#include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
-#include "xport/text/unit_input.h"
 
 namespace test {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 
 namespace test {

@@ -11,7 +11,7 @@
 
 #include "platform/file_system.h"
 #include "platform/url_opener.h"
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 
 namespace test {

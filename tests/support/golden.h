@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "support/text.h"
+#include "tests/support/text.h"
 #include "xport/text/char16.h"
 
 namespace test {

@@ -1,14 +1,14 @@
-#include "support/guarded_parser.h"
+#include "tests/support/guarded_parser.h"
 
 #include <istream>
 #include <memory>
 #include <sstream>
 #include <vector>
 
-#include "support/counting_end_buffer.h"
+#include "tests/support/counting_end_buffer.h"
 #include "xport/markup/leaf_nodes.h"
+#include "xport/stream/byte_order.h"
 #include "xport/stylesheet/stylesheet_reader.h"
-#include "xport/text/byte_order.h"
 
 namespace test {
 

@@ -1,18 +1,18 @@
-#include "support/round_trip.h"
+#include "tests/support/round_trip.h"
 
 #include <memory>
 #include <sstream>
 #include <vector>
 
-#include "support/guarded_parser.h"
-#include "support/tree_check.h"
-#include "support/tree_outline.h"
+#include "tests/support/guarded_parser.h"
+#include "tests/support/tree_check.h"
+#include "tests/support/tree_outline.h"
 #include "xport/markup/text_leaf.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_writer.h"
 #include "xport/parser/read_document.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/text/character_class.h"
-#include "xport/text/ustring_stream.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {

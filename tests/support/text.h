@@ -7,8 +7,8 @@
 
 #include "xport/markup/xhtml_markup.h"
 #include "xport/markup/xhtml_writer.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/text/char16.h"
-#include "xport/text/ustring_stream.h"
 
 namespace test {
 

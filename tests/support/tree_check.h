@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "support/text.h"
+#include "tests/support/text.h"
 #include "xport/markup/xhtml_markup.h"
 
 namespace test {

@@ -1,9 +1,9 @@
-#include "support/tree_outline.h"
+#include "tests/support/tree_outline.h"
 
 #include <algorithm>
 #include <cstddef>
 
-#include "support/text.h"
+#include "tests/support/text.h"
 #include "xport/markup/text_leaf.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/character_class.h"

@@ -6,8 +6,8 @@
 #include <memory>
 #include <stdexcept>
 
-#include "support/golden.h"
-#include "support/locale.h"
+#include "tests/support/golden.h"
+#include "tests/support/locale.h"
 
 namespace {
 

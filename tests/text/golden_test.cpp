@@ -1,4 +1,4 @@
-#include "support/golden.h"
+#include "tests/support/golden.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "support/golden.h"
+#include "tests/support/golden.h"
 
 namespace {
 

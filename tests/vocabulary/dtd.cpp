@@ -1,4 +1,4 @@
-#include "dtd.h"
+#include "tests/vocabulary/dtd.h"
 
 #include <cctype>
 #include <stdexcept>

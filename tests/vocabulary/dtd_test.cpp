@@ -6,8 +6,8 @@
 #include <set>
 #include <string>
 
-#include "dtd.h"
-#include "narrow.h"
+#include "tests/vocabulary/dtd.h"
+#include "tests/vocabulary/narrow.h"
 #include "xport/vocabulary/tag_table.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "narrow.h"
+#include "tests/vocabulary/narrow.h"
 #include "xport/vocabulary/tag_names.h"
 #include "xport/vocabulary/xhtml_strict.h"
 

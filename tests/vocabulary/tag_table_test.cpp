@@ -8,8 +8,8 @@
 #include <sstream>
 #include <string>
 
-#include "narrow.h"
-#include "support/content_rows.h"
+#include "tests/support/content_rows.h"
+#include "tests/vocabulary/narrow.h"
 
 namespace {
 

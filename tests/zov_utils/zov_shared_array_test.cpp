@@ -8,7 +8,7 @@
 
 #include <zov_utils/czov_string.h>
 
-#include "counted.h"
+#include "tests/zov_utils/counted.h"
 
 namespace {
 

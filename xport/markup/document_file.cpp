@@ -4,7 +4,7 @@
 
 #include "xport/markup/null_codecvt.h"
 #include "xport/markup/xhtml_writer.h"
-#include "xport/text/file_output_stream.h"
+#include "xport/stream/file_output_stream.h"
 
 namespace Xport {
 

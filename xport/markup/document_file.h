@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "xport/markup/xhtml_doc.h"
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 
 namespace Xport {
 

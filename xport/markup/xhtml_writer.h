@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "xport/markup/layout_table.h"
+#include "xport/stream/unit_output.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
-#include "xport/text/unit_output.h"
 #include "xport/vocabulary/tag_table.h"
 
 namespace Xport {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "xport/markup/null_codecvt.h"
-#include "xport/text/byte_order.h"
-#include "xport/text/file_input_stream.h"
+#include "xport/stream/byte_order.h"
+#include "xport/stream/file_input_stream.h"
 
 namespace Xport {
 

@@ -5,7 +5,7 @@
 
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/xhtml_parser.h"
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 
 namespace Xport {
 

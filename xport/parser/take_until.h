@@ -3,9 +3,9 @@
 
 #include <cstddef>
 
+#include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
 #include "xport/text/find_any.h"
-#include "xport/text/unit_input.h"
 
 namespace Xport {
 

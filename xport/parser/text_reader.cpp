@@ -5,10 +5,10 @@
 #include "xport/parser/take_until.h"
 #include "xport/parser/text_space.h"
 #include "xport/parser/xhtml_parser.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_writer.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 #include "xport/text/find_any.h"
-#include "xport/text/ustring_stream.h"
 
 namespace Xport {
 

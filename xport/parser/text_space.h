@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
 #include "xport/text/find_any.h"
-#include "xport/text/unit_input.h"
 
 namespace Xport {
 

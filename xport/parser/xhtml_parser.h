@@ -10,9 +10,9 @@
 #include "xport/markup/node_memory.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/parser/character_reference.h"
+#include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
-#include "xport/text/unit_input.h"
 #include "xport/vocabulary/tag_id.h"
 
 namespace Xport {

@@ -1,7 +1,7 @@
 #include "xport/markup/xhtml_doc.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_writer.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
-#include "xport/text/ustring_stream.h"
 
 namespace Xport {
 

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "xport/stream/unit_input.h"
 #include "xport/text/character_class.h"
-#include "xport/text/unit_input.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace Xport {

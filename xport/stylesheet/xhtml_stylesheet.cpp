@@ -3,9 +3,9 @@
 #include <sstream>
 #include <utility>
 
+#include "xport/stream/byte_order.h"
+#include "xport/stream/unit_input.h"
 #include "xport/stylesheet/stylesheet_reader.h"
-#include "xport/text/byte_order.h"
-#include "xport/text/unit_input.h"
 
 namespace Xport {
 

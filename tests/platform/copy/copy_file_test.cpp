@@ -7,8 +7,8 @@
 #include <string>
 
 #include "platform/file_system.h"
-#include "support/limited_file_size.h"
-#include "support/temp_folder.h"
+#include "tests/support/limited_file_size.h"
+#include "tests/support/temp_folder.h"
 #include "xport/text/char16.h"
 
 namespace copy_test {

@@ -17,8 +17,8 @@
 #include <vector>
 
 #include "platform/posix/copy_file.h"
-#include "support/limited_file_size.h"
-#include "support/temp_folder.h"
+#include "tests/support/limited_file_size.h"
+#include "tests/support/temp_folder.h"
 
 namespace copy_test {
 

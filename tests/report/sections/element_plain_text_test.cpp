@@ -3,8 +3,8 @@
 #include <random>
 #include <string>
 
-#include "support/golden.h"
-#include "support/text.h"
+#include "tests/support/golden.h"
+#include "tests/support/text.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/char16.h"
 

@@ -2,8 +2,8 @@
 #include <memory>
 #include <string>
 
-#include "support/allocation_failure.h"
 #include "tests/report/sections/picture_report.h"
+#include "tests/support/allocation_failure.h"
 
 namespace sections_test {
 

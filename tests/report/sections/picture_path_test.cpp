@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/golden.h"
+#include "tests/support/golden.h"
 
 namespace sections_test {
 

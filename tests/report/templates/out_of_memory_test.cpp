@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "support/allocation_failure.h"
 #include "tests/report/templates/template_page.h"
+#include "tests/support/allocation_failure.h"
 
 namespace templates_test {
 

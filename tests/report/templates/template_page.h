@@ -9,11 +9,11 @@
 
 #include "platform/file_system.h"
 #include "report/vellomark_obj.h"
-#include "support/fake_input.h"
-#include "support/fake_services.h"
-#include "support/golden.h"
-#include "support/temp_folder.h"
 #include "tests/report/sections/section_page.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/fake_services.h"
+#include "tests/support/golden.h"
+#include "tests/support/temp_folder.h"
 #include "xport/text/char16.h"
 
 namespace templates_test {

@@ -1,5 +1,5 @@
-#ifndef XPORT_TEXT_USTRING_STREAM_H
-#define XPORT_TEXT_USTRING_STREAM_H
+#ifndef XPORT_STREAM_USTRING_STREAM_H
+#define XPORT_STREAM_USTRING_STREAM_H
 
 #include <ostream>
 #include <streambuf>

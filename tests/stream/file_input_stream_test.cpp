@@ -1,12 +1,12 @@
-#include "xport/text/file_input_stream.h"
+#include "xport/stream/file_input_stream.h"
 
 #include <gtest/gtest.h>
 
 #include <ios>
 #include <memory>
 
-#include "support/fake_input.h"
-#include "support/golden.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/golden.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "xport/text/file_buffer.h"
+#include "xport/stream/file_buffer.h"
 
 #include <algorithm>
 #include <bit>

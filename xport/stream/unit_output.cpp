@@ -1,4 +1,4 @@
-#include "xport/text/unit_output.h"
+#include "xport/stream/unit_output.h"
 
 #include <algorithm>
 

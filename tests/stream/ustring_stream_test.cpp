@@ -1,8 +1,8 @@
-#include "xport/text/ustring_stream.h"
+#include "xport/stream/ustring_stream.h"
 
 #include <gtest/gtest.h>
 
-#include "support/golden.h"
+#include "tests/support/golden.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "xport/text/byte_order.h"
+#include "xport/stream/byte_order.h"
 
 #include <gtest/gtest.h>
 
@@ -12,12 +12,12 @@
 #include <string>
 #include <utility>
 
-#include "support/fake_input.h"
-#include "support/golden.h"
-#include "support/locale.h"
-#include "support/unit_buffers.h"
-#include "xport/text/file_input_stream.h"
-#include "xport/text/unit_input.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/golden.h"
+#include "tests/support/locale.h"
+#include "tests/support/unit_buffers.h"
+#include "xport/stream/file_input_stream.h"
+#include "xport/stream/unit_input.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
-#include "xport/text/byte_order.h"
+#include "xport/stream/byte_order.h"
 
 #include <ios>
 #include <locale>
 #include <ostream>
 #include <sstream>
 
+#include "xport/stream/unit_input.h"
 #include "xport/text/character_class.h"
-#include "xport/text/unit_input.h"
 
 namespace Xport {
 

@@ -4,15 +4,15 @@
 #include <memory>
 #include <sstream>
 
-#include "support/dribble_buffer.h"
-#include "support/expect.h"
-#include "support/fake_input.h"
-#include "support/fuzz_input.h"
-#include "support/tree_outline.h"
-#include "support/unit_buffers.h"
-#include "xport/text/byte_order.h"
-#include "xport/text/file_input_stream.h"
-#include "xport/text/unit_input.h"
+#include "fuzz/support/expect.h"
+#include "fuzz/support/fuzz_input.h"
+#include "tests/support/dribble_buffer.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/tree_outline.h"
+#include "tests/support/unit_buffers.h"
+#include "xport/stream/byte_order.h"
+#include "xport/stream/file_input_stream.h"
+#include "xport/stream/unit_input.h"
 
 namespace {
 

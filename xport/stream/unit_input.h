@@ -1,5 +1,5 @@
-#ifndef XPORT_TEXT_UNIT_INPUT_H
-#define XPORT_TEXT_UNIT_INPUT_H
+#ifndef XPORT_STREAM_UNIT_INPUT_H
+#define XPORT_STREAM_UNIT_INPUT_H
 
 #include <cstddef>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "xport/text/file_buffer.h"
+#include "xport/stream/file_buffer.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "support/fake_file.h"
-#include "support/golden.h"
-#include "xport/text/file_output_stream.h"
+#include "tests/support/fake_file.h"
+#include "tests/support/golden.h"
+#include "xport/stream/file_output_stream.h"
 
 namespace {
 

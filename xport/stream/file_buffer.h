@@ -1,12 +1,12 @@
-#ifndef XPORT_TEXT_FILE_BUFFER_H
-#define XPORT_TEXT_FILE_BUFFER_H
+#ifndef XPORT_STREAM_FILE_BUFFER_H
+#define XPORT_STREAM_FILE_BUFFER_H
 
 #include <cstddef>
 #include <memory>
 #include <streambuf>
 #include <vector>
 
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 
 namespace Xport {

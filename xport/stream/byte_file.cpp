@@ -1,4 +1,4 @@
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 
 namespace Xport {
 

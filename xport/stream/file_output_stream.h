@@ -1,13 +1,13 @@
-#ifndef XPORT_TEXT_FILE_OUTPUT_STREAM_H
-#define XPORT_TEXT_FILE_OUTPUT_STREAM_H
+#ifndef XPORT_STREAM_FILE_OUTPUT_STREAM_H
+#define XPORT_STREAM_FILE_OUTPUT_STREAM_H
 
 #include <memory>
 #include <ostream>
 #include <utility>
 
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
+#include "xport/stream/file_buffer.h"
 #include "xport/text/char16.h"
-#include "xport/text/file_buffer.h"
 
 namespace Xport {
 

@@ -1,4 +1,4 @@
-#include "xport/text/file_input_buffer.h"
+#include "xport/stream/file_input_buffer.h"
 
 #include <bit>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "xport/text/unit_output.h"
+#include "xport/stream/unit_output.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <random>
 
-#include "support/golden.h"
-#include "xport/text/ustring_stream.h"
+#include "tests/support/golden.h"
+#include "xport/stream/ustring_stream.h"
 
 namespace {
 

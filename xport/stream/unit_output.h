@@ -1,5 +1,5 @@
-#ifndef XPORT_TEXT_UNIT_OUTPUT_H
-#define XPORT_TEXT_UNIT_OUTPUT_H
+#ifndef XPORT_STREAM_UNIT_OUTPUT_H
+#define XPORT_STREAM_UNIT_OUTPUT_H
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-#ifndef XPORT_TEXT_BYTE_FILE_H
-#define XPORT_TEXT_BYTE_FILE_H
+#ifndef XPORT_STREAM_BYTE_FILE_H
+#define XPORT_STREAM_BYTE_FILE_H
 
 #include <cstddef>
 

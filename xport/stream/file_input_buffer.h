@@ -1,5 +1,5 @@
-#ifndef XPORT_TEXT_FILE_INPUT_BUFFER_H
-#define XPORT_TEXT_FILE_INPUT_BUFFER_H
+#ifndef XPORT_STREAM_FILE_INPUT_BUFFER_H
+#define XPORT_STREAM_FILE_INPUT_BUFFER_H
 
 #include <cstddef>
 #include <ios>
@@ -7,7 +7,7 @@
 #include <streambuf>
 #include <vector>
 
-#include "xport/text/byte_file.h"
+#include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 
 namespace Xport {

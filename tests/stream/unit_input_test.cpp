@@ -1,4 +1,4 @@
-#include "xport/text/unit_input.h"
+#include "xport/stream/unit_input.h"
 
 #include <gtest/gtest.h>
 
@@ -7,10 +7,10 @@
 #include <memory>
 #include <sstream>
 
-#include "support/fake_input.h"
-#include "support/golden.h"
-#include "support/unit_buffers.h"
-#include "xport/text/file_input_buffer.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/golden.h"
+#include "tests/support/unit_buffers.h"
+#include "xport/stream/file_input_buffer.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "xport/text/file_input_buffer.h"
+#include "xport/stream/file_input_buffer.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "support/fake_input.h"
-#include "support/golden.h"
-#include "xport/text/unit_input.h"
+#include "tests/support/fake_input.h"
+#include "tests/support/golden.h"
+#include "xport/stream/unit_input.h"
 
 namespace {
 
