@@ -7,7 +7,7 @@
 #include <string>
 
 #include "tests/markup/writer_kit.h"
-#include "xport/markup/layout_table.h"
+#include "xport/markup/xhtml_writer.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "xport/markup/layout_table.h"
 #include "xport/markup/xhtml_markup.h"
+#include "xport/markup/xhtml_writer.h"
 #include "xport/text/char16.h"
 
 namespace test {

@@ -2,8 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <locale>
+#include <stdexcept>
 
 #include "tests/markup/writer_kit.h"
+#include "tests/support/locale.h"
 
 namespace {
 
@@ -158,6 +161,34 @@ TEST(WriterState, TheLevelWraps) {
                              u"<div>\n x\n</div>\n</div>\n</div>\n",
                          0));
   EXPECT_EQ(out.indent_level, -2);
+}
+
+// A locale whose facet throws when it is asked about an asterisk.
+std::locale throwing_locale() {
+  class facet : public std::ctype<wchar_t> {
+   protected:
+    bool do_is(mask classes, wchar_t unit) const override {
+      if (unit == L'*') throw std::runtime_error("the facet broke");
+      return std::ctype<wchar_t>::do_is(classes, unit);
+    }
+  };
+  return std::locale(std::locale::classic(), new facet);
+}
+
+TEST(WriterState, AThrowingFacetLeavesWriterAndStreamUsable) {
+  const auto write_broken = [](xhtml_writer& writer, const Xport::xhtml_markup& node) {
+    const test::global_locale global(throwing_locale());
+    EXPECT_THROW(node.write(writer), std::runtime_error);
+  };
+  ustring_stream stream;
+  xhtml_writer writer(stream);
+  write_broken(writer, test::comment(u"a*"));
+  EXPECT_TRUE(same_units(stream.view(), u"<!-- a*"));
+  stream << ustring(100, u'o');
+  write_broken(writer, make(tag_id::b, u"x", test::comment(u"*")));
+  stream.put(u'o');
+  make(tag_id::i, u"y").write(writer);
+  EXPECT_TRUE(same_units(stream.view(), u"<!-- a*" + ustring(100, u'o') + u"<b>x<!-- *o<i>y</i>"));
 }
 
 }  // namespace

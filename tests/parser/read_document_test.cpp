@@ -11,7 +11,7 @@
 #include "tests/support/fake_input.h"
 #include "tests/support/tree_check.h"
 #include "xport/parser/read_document.h"
-#include "xport/stream/file_input_buffer.h"
+#include "xport/stream/file_input_stream.h"
 
 namespace {
 

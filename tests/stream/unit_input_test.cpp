@@ -10,7 +10,7 @@
 #include "tests/support/fake_input.h"
 #include "tests/support/golden.h"
 #include "tests/support/unit_buffers.h"
-#include "xport/stream/file_input_buffer.h"
+#include "xport/stream/file_input_stream.h"
 
 namespace {
 

@@ -4,7 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ios>
+#include <ostream>
 #include <random>
+#include <stdexcept>
+#include <streambuf>
+#include <vector>
 
 #include "tests/support/golden.h"
 #include "xport/stream/ustring_stream.h"
@@ -12,13 +17,14 @@
 namespace {
 
 using test::same_units;
+using Xport::char16;
 using Xport::unit_output;
 using Xport::ustring;
 using Xport::ustring_stream;
 
 constexpr std::size_t block = unit_output::block_units;
 
-TEST(UnitOutput, HoldsBackUntilItIsDrained) {
+TEST(UnitOutput, PutsNothingOnTheStreamBeforeTheCommit) {
   ustring_stream stream;
   unit_output::stream_type* const target = &stream;
   unit_output output(target);
@@ -27,9 +33,9 @@ TEST(UnitOutput, HoldsBackUntilItIsDrained) {
   output.put(Xport::ustring_view(u"d"));
   output.put_blanks(2);
   EXPECT_EQ(stream.str().size(), 0u);
-  output.drain();
+  output.commit();
   EXPECT_TRUE(same_units(stream.str(), u"abcd  "));
-  output.drain();
+  output.commit();
   EXPECT_TRUE(same_units(stream.str(), u"abcd  "));
 }
 
@@ -39,7 +45,7 @@ TEST(UnitOutput, NegativeNumbersOfBlanksAreNone) {
   unit_output output(target);
   for (const std::int64_t count : {std::int64_t{0}, std::int64_t{-1}, INT64_MIN})
     output.put_blanks(count);
-  output.drain();
+  output.commit();
   EXPECT_EQ(stream.str().size(), 0u);
 }
 
@@ -53,7 +59,7 @@ TEST(UnitOutput, EachNumberOfBlanks) {
     output.put(u'|');
     expected += ustring(static_cast<std::size_t>(count), u' ') + u'|';
   }
-  output.drain();
+  output.commit();
   EXPECT_TRUE(same_units(stream.str(), expected));
 }
 
@@ -66,7 +72,7 @@ TEST(UnitOutput, RunsLongerThanABlock) {
       for (std::size_t i = 0; i < before; ++i) output.put(u'b');
       output.put(ustring(size, u'r'));
       output.put(u'e');
-      output.drain();
+      output.commit();
       EXPECT_TRUE(same_units(stream.str(), ustring(before, u'b') + ustring(size, u'r') + u'e'))
           << before << " " << size;
     }
@@ -100,9 +106,189 @@ TEST(UnitOutput, RandomCalls) {
           expected.append(size, u' ');
       }
     }
-    output.drain();
+    output.commit();
     ASSERT_TRUE(same_units(stream.str(), expected)) << round;
   }
+}
+
+// A buffer with a put area of a few units. It can be told to fail or to throw instead of
+// emptying the area.
+class area_buffer : public std::basic_streambuf<char16> {
+ public:
+  explicit area_buffer(std::size_t room) : area_(room, u'\0') { empty_area(); }
+
+  ustring text() const { return text_ + ustring(pbase(), pptr()); }
+
+  int overflows = 0;
+  int syncs = 0;
+  int failing = 0;   // the number of the overflow that fails, from 1; 0: none
+  int throwing = 0;  // the same for throwing
+
+ protected:
+  int_type overflow(int_type unit) override {
+    ++overflows;
+    if (overflows == failing) return traits_type::eof();
+    if (overflows == throwing) throw std::runtime_error("the buffer broke");
+    text_ = text();
+    empty_area();
+    return traits_type::eq_int_type(unit, traits_type::eof()) ? traits_type::not_eof(unit)
+                                                              : sputc(static_cast<char16>(unit));
+  }
+  int sync() override {
+    ++syncs;
+    return 0;
+  }
+
+ private:
+  void empty_area() { setp(area_.data(), area_.data() + area_.size()); }
+
+  ustring area_;
+  ustring text_;
+};
+
+// A buffer without a put area, which records the size of each run.
+class sink_buffer : public std::basic_streambuf<char16> {
+ public:
+  ustring text;
+  std::vector<std::size_t> runs;
+
+ protected:
+  std::streamsize xsputn(const char16* units, std::streamsize count) override {
+    text.append(units, static_cast<std::size_t>(count));
+    runs.push_back(static_cast<std::size_t>(count));
+    return count;
+  }
+};
+
+ustring counted(std::size_t count) {
+  ustring text;
+  for (std::size_t i = 0; i < count; ++i) text += static_cast<char16>(1 + i % 60'000);
+  return text;
+}
+
+TEST(UnitOutput, FillsPutAreasOfAnySize) {
+  for (const std::size_t room : {1u, 2u, 3u, 10u, 40u, 1000u}) {
+    area_buffer buffer(room);
+    std::basic_ostream<char16> stream(&buffer);
+    unit_output::stream_type* const target = &stream;
+    unit_output output(target);
+    ustring expected;
+    for (std::size_t size = 0; size < 100; ++size) {
+      output.put(counted(size));
+      output.put(u'|');
+      output.put(u"a literal of twenty.");
+      output.put_blanks(static_cast<std::int64_t>(size));
+      expected += counted(size) + u"|a literal of twenty." + ustring(size, u' ');
+    }
+    output.commit();
+    EXPECT_TRUE(same_units(buffer.text(), expected)) << room;
+    EXPECT_TRUE(stream.good());
+    EXPECT_LE(static_cast<std::size_t>(buffer.overflows), expected.size() / room) << room;
+  }
+}
+
+TEST(UnitOutput, OthersMayUseTheStreamAfterACommit) {
+  area_buffer buffer(16);
+  std::basic_ostream<char16> stream(&buffer);
+  unit_output::stream_type* const target = &stream;
+  unit_output output(target);
+  ustring expected;
+  for (std::size_t size = 0; size < 40; ++size) {
+    output.put(counted(size));
+    output.commit();
+    const ustring others(size % 7, u'o');
+    stream.write(others.data(), static_cast<std::streamsize>(others.size()));
+    expected += counted(size) + others;
+  }
+  EXPECT_TRUE(same_units(buffer.text(), expected));
+}
+
+TEST(UnitOutput, ABufferWithoutAPutAreaGetsBlocks) {
+  sink_buffer buffer;
+  std::basic_ostream<char16> stream(&buffer);
+  unit_output::stream_type* const target = &stream;
+  unit_output output(target);
+  for (int i = 0; i < 3; ++i) output.put(ustring(block - 1, u'x'));
+  EXPECT_EQ(buffer.runs, (std::vector<std::size_t>{block, block}));
+  output.commit();
+  EXPECT_EQ(buffer.runs, (std::vector<std::size_t>{block, block, block - 3}));
+  EXPECT_TRUE(same_units(buffer.text, ustring(3 * block - 3, u'x')));
+}
+
+TEST(UnitOutput, AFailedStreamAcceptsNothing) {
+  area_buffer buffer(16);
+  std::basic_ostream<char16> stream(&buffer);
+  stream.setstate(std::ios_base::failbit);
+  unit_output::stream_type* const target = &stream;
+  unit_output output(target);
+  output.put(counted(2 * block));
+  output.commit();
+  EXPECT_EQ(buffer.text(), u"");
+  EXPECT_EQ(buffer.overflows, 0);
+  stream.clear();
+  output.put(u"again");
+  output.commit();
+  EXPECT_EQ(buffer.text(), u"again");
+}
+
+TEST(UnitOutput, AFailingBufferSetsBadbitAndGetsNothingMore) {
+  area_buffer buffer(16);
+  buffer.failing = 2;
+  std::basic_ostream<char16> stream(&buffer);
+  unit_output::stream_type* const target = &stream;
+  unit_output output(target);
+  output.put(counted(1000));
+  output.commit();
+  EXPECT_TRUE(stream.bad());
+  EXPECT_EQ(buffer.overflows, 2);
+  EXPECT_TRUE(same_units(buffer.text(), counted(32)));
+}
+
+TEST(UnitOutput, AnExceptionOfTheBufferPassesIfTheStreamAsksForIt) {
+  for (const bool asked : {false, true}) {
+    area_buffer buffer(16);
+    buffer.throwing = 1;
+    std::basic_ostream<char16> stream(&buffer);
+    if (asked) stream.exceptions(std::ios_base::badbit);
+    unit_output::stream_type* const target = &stream;
+    unit_output output(target);
+    if (asked)
+      EXPECT_THROW(output.put(counted(100)), std::runtime_error);
+    else
+      EXPECT_NO_THROW(output.put(counted(100)));
+    EXPECT_TRUE(stream.bad());
+    EXPECT_TRUE(same_units(buffer.text(), counted(16)));
+    stream.clear();
+    output.commit();
+    output.put(u"more");
+    output.commit();
+    EXPECT_TRUE(buffer.text().starts_with(counted(16)));
+    EXPECT_TRUE(buffer.text().ends_with(u"more"));
+  }
+}
+
+TEST(UnitOutput, FlushesATiedStreamFirst) {
+  area_buffer tied_buffer(4);
+  std::basic_ostream<char16> tied(&tied_buffer);
+  ustring_stream stream;
+  stream.tie(&tied);
+  unit_output::stream_type* const target = &stream;
+  unit_output output(target);
+  output.put(u'x');
+  EXPECT_EQ(tied_buffer.syncs, 1);
+}
+
+TEST(UnitOutput, AUnitBufferedStreamIsFlushedByTheCommit) {
+  area_buffer buffer(16);
+  std::basic_ostream<char16> stream(&buffer);
+  stream.setf(std::ios_base::unitbuf);
+  unit_output::stream_type* const target = &stream;
+  unit_output output(target);
+  output.put(u"abc");
+  const int before = buffer.syncs;
+  output.commit();
+  EXPECT_GT(buffer.syncs, before);
+  EXPECT_EQ(buffer.text(), u"abc");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "xport/markup/containment.h"
 #include "xport/markup/text_leaf.h"
 #include "xport/markup/xhtml_element.h"
+#include "xport/text/find_any.h"
 
 namespace Xport {
 
@@ -49,26 +50,23 @@ Tag_trait asked_rules(const xhtml_element& element, ustring& name) {
 void xhtml_writer::write(const xhtml_markup& node) {
   const operation_classes scope(classes_);
   const xhtml_element* const element = node.as_element();
-  if (element == nullptr) {
-    write_leaf(node);
-    output_.drain();
-    return;
-  }
-  const bool has_record = element->xhtml_element::tag_trait()->get() != nullptr;
   try {
-    if (has_record || !element->is_own_class()) write_tree(*element);
-  } catch (...) {  // of a derived class: what was written by then is on the stream
-    output_.drain();
+    if (element == nullptr)
+      write_leaf(node);
+    else if (!element->is_own_class() || element->xhtml_element::tag_trait()->get() != nullptr)
+      write_tree(*element);
+  } catch (...) {
+    output_.commit();
     throw;
   }
-  output_.drain();
-  stream->flush();
+  output_.commit();
+  if (element != nullptr) stream->flush();
 }
 
 void xhtml_writer::write_byte_order_mark() {
   if (byte_order_mark == 2) output_.put(ustring_view(u"\uFEFF", 1));
   if (byte_order_mark == 3) output_.put(ustring_view(u"\0\uFEFF", 2));
-  output_.drain();
+  output_.commit();
 }
 
 inline std::uint32_t xhtml_writer::layout_of(const Tag_trait& rules) const {
@@ -76,15 +74,16 @@ inline std::uint32_t xhtml_writer::layout_of(const Tag_trait& rules) const {
                                          : layout_block;
 }
 
-inline std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) const {
+inline std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) {
   if (!node.is_own_class()) return asked_layout(node);
   const xhtml_element* const element = node.as_element();
   return element != nullptr ? layout_of(element->rules())
                             : layout_of_kind(static_cast<std::int32_t>(node.type()));
 }
 
-// Derived classes may return any numbers.
-std::uint32_t xhtml_writer::asked_layout(const xhtml_markup& node) const {
+// Derived classes may return any numbers, and may look at the stream meanwhile.
+std::uint32_t xhtml_writer::asked_layout(const xhtml_markup& node) {
+  output_.commit();
   const auto tag = static_cast<std::size_t>(node.tag());
   return tag < layout_table.size() ? layout_table[tag] : layout_of_kind(node.node_kind());
 }
@@ -133,7 +132,7 @@ void xhtml_writer::write_tree(const xhtml_element& top) {
       if (own) {
         write_leaf(*child);
       } else {
-        output_.drain();
+        output_.commit();
         child->write(*this);
       }
       at_line_start = (child_layout & layout_break_behind_end) != 0;
@@ -236,6 +235,7 @@ void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rule
       output_.put(u'>');
     });
   } else {
+    output_.commit();
     const ustring text = element.end_tag_text();
     put_end_tag(text.size(), [&] { output_.put(text); });
   }
@@ -294,6 +294,55 @@ void xhtml_writer::write_comment(ustring_view text) {
   }
   output_.put(u" -->");
   column += 4;
+}
+
+void xhtml_writer::wrap(std::int64_t blanks) {
+  output_.put(u'\n');
+  indent(blanks);
+}
+
+// Text as it stands, with the indentation behind each line feed. The column
+// isn't changed.
+void xhtml_writer::put_lines(ustring_view text, std::int64_t blanks) {
+  while (true) {
+    const std::size_t line_feed = find_unit(text, u'\n');
+    if (line_feed == text.size()) break;
+    output_.put(text.substr(0, line_feed + 1));
+    output_.put_blanks(blanks);
+    text.remove_prefix(line_feed + 1);
+  }
+  output_.put(text);
+}
+
+// Text re-flowed into lines: each word is followed by one blank. A leading blank
+// stays and isn't counted in the column; the blank behind the last word goes,
+// unless the text ends in white space, and stays counted.
+void xhtml_writer::put_wrapped(ustring_view text, std::int64_t blanks) {
+  const bool ends_in_word = !text.empty() && !classes_->is_space(text.back());
+  if (text.starts_with(u' ')) {
+    output_.put(u' ');
+    text.remove_prefix(1);
+  }
+  if (column > max_line_length) wrap(blanks);
+
+  ustring line;
+  while (true) {
+    while (!text.empty() && classes_->is_space(text.front())) text.remove_prefix(1);
+    if (text.empty()) break;
+    std::size_t length = 1;
+    while (length < text.size() && !classes_->is_space(text[length])) ++length;
+    if (exceeds_line(line.size() + length)) {
+      output_.put(line);
+      line.clear();
+      wrap(blanks);
+    }
+    line += text.substr(0, length);
+    line += u' ';
+    text.remove_prefix(length);
+  }
+  column += line.size();
+  if (ends_in_word && !line.empty()) line.pop_back();
+  output_.put(line);
 }
 
 }  // namespace Xport

@@ -1,11 +1,11 @@
 #ifndef XPORT_MARKUP_XHTML_WRITER_H
 #define XPORT_MARKUP_XHTML_WRITER_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 
-#include "xport/markup/layout_table.h"
 #include "xport/stream/unit_output.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
@@ -17,26 +17,59 @@ class text_leaf;
 class xhtml_element;
 class xhtml_markup;
 
-/// Turns a markup tree into text on a stream of code units: the one definition
-/// of the output form. The layout is a pretty printer driven by a table of break
-/// flags: blocks stand on lines of their own with their content indented, inline
-/// elements flow in the text, `br` breaks behind itself, `pre` keeps its text.
-/// Lines end in one line feed.
+/// Where the writer breaks lines around a node's tags.
+enum layout_flags : std::uint32_t {
+  layout_inline = 0,
+  layout_break_before_start = 1,
+  layout_break_behind_start = 2,
+  layout_break_before_end = 4,
+  layout_break_behind_end = 8,
+  layout_block = 15,        ///< all four
+  layout_preformatted = 32  ///< has no break bit, and its content stays untouched
+};
+
+/// Values of `layout_flags` by element number, 0 to 91.
+using layout_flags_table = std::array<std::uint32_t, 92>;
+
+/// The layout that every writer starts with: elements that flow in the text are
+/// inline, `br` breaks behind itself, `pre` is preformatted, all others, the
+/// document root included, are blocks.
+constexpr layout_flags_table default_layout() {
+  layout_flags_table table{};
+  table.fill(layout_block);
+  for (tag_id tag :
+       {tag_id::a,        tag_id::abbr,  tag_id::acronym, tag_id::applet, tag_id::b,
+        tag_id::basefont, tag_id::bdo,   tag_id::big,     tag_id::button, tag_id::cite,
+        tag_id::code,     tag_id::del,   tag_id::dfn,     tag_id::em,     tag_id::font,
+        tag_id::i,        tag_id::ins,   tag_id::kbd,     tag_id::q,      tag_id::s,
+        tag_id::samp,     tag_id::small, tag_id::span,    tag_id::strike, tag_id::strong,
+        tag_id::sub,      tag_id::sup,   tag_id::tt,      tag_id::u,      tag_id::var})
+    table[static_cast<std::size_t>(tag)] = layout_inline;
+  table[static_cast<std::size_t>(tag_id::br)] = layout_break_behind_start | layout_break_behind_end;
+  table[static_cast<std::size_t>(tag_id::pre)] = layout_preformatted;
+  return table;
+}
+
+/// Writes a markup tree as text on a stream of code units. This class defines the output
+/// form: a pretty printer driven by a table of break flags. Blocks stand on lines of their
+/// own with their content indented, inline elements flow in the text, `br` breaks the line
+/// after itself, `pre` keeps its text. Lines end in one line feed.
 ///
-/// Nothing is escaped, decoded or checked: texts and attribute values reach the
-/// stream unit by unit as they stand in the nodes.
+/// Nothing is escaped, decoded or checked: texts and attribute values reach the stream unit
+/// by unit as the nodes hold them. Time is linear in the output.
 ///
-/// A writer is made for one output. Its options are the fields, to be set before
-/// the first write. What is written is on the stream when the call of a node's
-/// `write` returns; in between it goes out in blocks of 64 KiB. The stream isn't
-/// looked at: failures show in its state. White space is decided by the global locale
-/// at the start of the outermost write().
+/// A writer is made for one output. Its options are its fields, to be set before the first
+/// write. Units go straight into the put area of the stream's buffer, or in blocks of 64 KiB
+/// to a buffer that has none; they are part of the stream's output when write() returns.
+/// Failures show in the stream's state only. White space is what the global locale
+/// classifies so at the start of the outermost write(); facets of that locale must not use
+/// the stream.
 ///
-/// A node of a derived class is written by its own `write`, which sees the current
-/// `indent_level` and `column`, and all that was written before it on the stream. It may
-/// write to the stream itself, and call write() for nodes of its own. Memory and machine
-/// stack don't grow with the depth of a tree of our own classes; each node of a derived
-/// class on the way down takes a few hundred bytes of the stack.
+/// A node of a derived class is written by its own `write`. It sees the current
+/// `indent_level` and `column`, and everything written before it is on the stream. It may
+/// write to the stream itself and call write() for other nodes. Memory and machine stack
+/// don't grow with the depth of a tree of our own classes; each node of a derived class on
+/// the way down takes a few hundred bytes of the stack.
 class xhtml_writer {
  public:
   using stream_type = unit_output::stream_type;
@@ -57,7 +90,7 @@ class xhtml_writer {
   layout_flags_table layout_table = default_layout();  ///< break flags by element
   stream_type* stream;                                 ///< the target; must not be null
   bool double_quotes = false;                          ///< attribute values in " and not in '
-  bool spaced_equals = false;                          ///< " = " and not "=" behind attribute names
+  bool spaced_equals = false;                          ///< " = " and not "=" after attribute names
   std::uint32_t byte_order_mark = 2;                   ///< 2: U+FEFF; 3: U+0000 U+FEFF; else none
 
   /// Writes `node` and all below it; for an element, then flushes the stream.
@@ -69,9 +102,9 @@ class xhtml_writer {
 
  private:
   // The tree.
-  std::uint32_t layout_of(const xhtml_markup& node) const;
+  std::uint32_t layout_of(const xhtml_markup& node);
   std::uint32_t layout_of(const Tag_trait& rules) const;
-  std::uint32_t asked_layout(const xhtml_markup& node) const;
+  std::uint32_t asked_layout(const xhtml_markup& node);
   void shift_level(std::uint32_t parent_layout, int by) {
     if (parent_layout == layout_block) indent_level = static_cast<std::int16_t>(indent_level + by);
   }

@@ -5,8 +5,8 @@
 
 namespace Xport {
 
-/// A file opened for writing, as the streams of code units need it. Whoever
-/// opens files (the operating system's layer, a test) implements it.
+/// A file that is open for writing. Implemented by whoever opens files: the platform
+/// layer, or a test.
 class byte_output {
  public:
   byte_output() = default;
@@ -14,16 +14,16 @@ class byte_output {
   byte_output& operator=(const byte_output&) = delete;
 
   /// Closes the file if close() wasn't called.
-  virtual ~byte_output();
+  virtual ~byte_output() = default;
 
-  /// Writes all of `size` bytes. False if not all could be written.
+  /// Writes all `size` bytes. False if not all of them could be written.
   virtual bool write(const void* bytes, std::size_t size) = 0;
 
-  /// Closes the file; false if that failed. Nothing may be written afterwards.
+  /// Closes the file. False if that fails. Nothing may be written afterwards.
   virtual bool close() = 0;
 };
 
-/// A file opened for reading, in the same way.
+/// A file that is open for reading.
 class byte_input {
  public:
   byte_input() = default;
@@ -31,14 +31,13 @@ class byte_input {
   byte_input& operator=(const byte_input&) = delete;
 
   /// Closes the file.
-  virtual ~byte_input();
+  virtual ~byte_input() = default;
 
-  /// Reads the next `size` bytes into `bytes` and gives their number, which is
-  /// smaller at the end of the file and where it can't be read only; 0 if there is
-  /// nothing.
+  /// Reads the next `size` bytes into `bytes` and returns how many it read. Fewer than
+  /// `size` only at the end of the file and after an error; 0 if there is nothing.
   virtual std::size_t read(void* bytes, std::size_t size) = 0;
 
-  /// Goes back to the first byte; false if that can't be done, as in a pipe.
+  /// Goes back to the first byte. False if the file can't, as a pipe.
   virtual bool rewind() = 0;
 };
 

@@ -24,18 +24,19 @@ void skip_space(unit_input input, const std::locale& locale) {
   while (!input.at_end() && classes.is_space(input.peek())) input.advance();
 }
 
-// What is being handled goes on its way only if the stream's owner wants it to.
+// Sets badbit, and rethrows the exception that is being handled if the stream's owner asks
+// for exceptions.
 void note_exception(std::basic_istream<char16>& stream) {
   try {
     stream.setstate(std::ios_base::badbit);
-  } catch (const std::ios_base::failure&) {  // what went wrong tells more
+  } catch (const std::ios_base::failure&) {  // the exception that is being handled says more
   }
   if ((stream.exceptions() & std::ios_base::badbit) != 0) throw;
 }
 
-// What formatted extraction would give next, left in the input; `end_unit` if the
-// stream isn't good afterwards. The standard library's own needs facets that no
-// locale has for 16-bit units.
+// The unit that formatted extraction would return next, without taking it; `end_unit` if
+// the stream isn't good afterwards. The standard library's own extraction needs facets that
+// no locale has for 16-bit units.
 char16 look_ahead(std::basic_istream<char16>& stream) {
   if (stream.tie() != nullptr) stream.tie()->flush();
   const unit_input input(stream.rdbuf());
@@ -57,11 +58,15 @@ void skip_second_unit(std::basic_istream<char16>& stream, char16 expected) {
 
 ustring read_swapped(unit_input input) {
   ustring text = take_rest(input);
-  for (char16& unit : text) unit = static_cast<char16>((unit << 8) | (unit >> 8));
+  swap_bytes(text);
   return text;
 }
 
 }  // namespace
+
+void swap_bytes(std::span<char16> units) noexcept {
+  for (char16& unit : units) unit = static_cast<char16>((unit << 8) | (unit >> 8));
+}
 
 void detect_byte_order(std::basic_istream<char16>*& stream, bool owns_stream) {
   if (!stream->good()) return;

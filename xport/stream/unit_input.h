@@ -10,24 +10,22 @@
 
 namespace Xport {
 
-/// The unit that a stream buffer answers with at its end. A unit of that value in
-/// the input can't be told from the end and so ends the input: nothing ever moves
-/// over it.
+/// What a stream buffer returns at its end. A unit of that value in the input can't be told
+/// from the end, so it ends the input: nothing ever moves past it.
 inline constexpr char16 end_unit = 0xFFFF;
 
-/// Takes units out of a stream buffer, past the stream and its state. What it shows
-/// is still in the buffer, so the buffer's position is always where this one is, and
-/// whoever reads from the buffer in between goes on from there.
+/// Reads units straight from a stream buffer, without the stream and its state. Its
+/// position is always the buffer's position, so reading from the buffer in between works.
 ///
-/// What the buffer throws passes through.
+/// Exceptions of the buffer pass through.
 class unit_input {
  public:
   using buffer_type = std::basic_streambuf<char16>;
 
-  /// On `buffer`, which must outlive this object; null is an input at its end.
+  /// Reads from `buffer`, which must outlive this object. Null is an empty input.
   explicit unit_input(buffer_type* buffer) : buffer_(buffer) {}
 
-  /// The next unit, `end_unit` at the end.
+  /// The next unit; `end_unit` at the end.
   char16 peek() const {
     if (buffer_ == nullptr) return end_unit;
     if (access::count(*buffer_) == 0) return look();
@@ -36,9 +34,9 @@ class unit_input {
 
   bool at_end() const { return peek() == end_unit; }
 
-  /// The units that can be seen from the next one on, at least one; empty at the end.
-  /// `end_unit` may stand behind the first. Valid until more is asked for, at most as
-  /// long as this object.
+  /// The units that the buffer has at hand, from the next one on: at least one, or none at
+  /// the end. Any but the first may be `end_unit`. Valid until the buffer is read further,
+  /// and no longer than this object.
   ustring_view window() const {
     const char16 next = peek();
     if (next == end_unit) return {};
@@ -48,7 +46,7 @@ class unit_input {
     return {&lone_, 1};
   }
 
-  /// Moves over `count` units of the window.
+  /// Moves past `count` units of the window.
   void advance(std::size_t count) {
     if (count == 0) return;
     if (access::count(*buffer_) == 0) return advance();  // a window of one unit
@@ -57,7 +55,7 @@ class unit_input {
     access::bump(*buffer_, static_cast<int>(count));
   }
 
-  /// Moves over the next unit; at the end it stays.
+  /// Moves past the next unit. Does nothing at the end.
   void advance() {
     if (at_end()) return;
     if (access::count(*buffer_) != 0)
@@ -69,8 +67,8 @@ class unit_input {
  private:
   static constexpr std::size_t most_at_once = std::numeric_limits<int>::max();
 
-  // A stream buffer shows its window to derived classes only. Through pointers to
-  // its members it can be had of any buffer, so that none has to be copied first.
+  // A stream buffer shows its get area to derived classes only. Pointers to its members
+  // reach the get area of any buffer.
   struct access : buffer_type {
     static const char16* next(const buffer_type& buffer) { return (buffer.*&access::gptr)(); }
     static std::size_t count(const buffer_type& buffer) {
@@ -79,8 +77,8 @@ class unit_input {
     static void bump(buffer_type& buffer, int count) { (buffer.*&access::gbump)(count); }
   };
 
-  // Where there is a window, the unit is taken from there: sgetc() of the standard
-  // library may return another unit for U+FFFF, so that it isn't taken for the end.
+  // The standard library's sgetc() may return another unit for U+FFFF, to tell it from the
+  // end. So the unit is read from the get area if there is one.
   char16 look() const {
     const auto answer = buffer_->sgetc();
     if (access::count(*buffer_) != 0) return *access::next(*buffer_);
@@ -91,7 +89,7 @@ class unit_input {
   mutable char16 lone_ = end_unit;  // the window of a buffer that has none
 };
 
-/// Moves over all units that are left, and gives them.
+/// Reads all units that are left, in time linear in their number.
 inline ustring take_rest(unit_input input) {
   ustring rest;
   for (ustring_view window = input.window(); !window.empty(); window = input.window()) {

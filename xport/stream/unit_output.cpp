@@ -1,42 +1,91 @@
 #include "xport/stream/unit_output.h"
 
 #include <algorithm>
+#include <limits>
+#include <streambuf>
 
 namespace Xport {
+
+namespace {
+
+// A stream buffer shows its put area to derived classes only. Pointers to its members
+// reach the put area of any buffer.
+struct access : std::basic_streambuf<char16> {
+  using buffer_type = std::basic_streambuf<char16>;
+
+  static char16* next(const buffer_type& buffer) { return (buffer.*&access::pptr)(); }
+  static char16* end(const buffer_type& buffer) { return (buffer.*&access::epptr)(); }
+  static void bump(buffer_type& buffer, std::ptrdiff_t count) {
+    constexpr std::ptrdiff_t most_at_once = std::numeric_limits<int>::max();
+    for (; count > most_at_once; count -= most_at_once)
+      (buffer.*&access::pbump)(static_cast<int>(most_at_once));
+    (buffer.*&access::pbump)(static_cast<int>(count));
+  }
+};
+
+}  // namespace
 
 const char16 unit_output::blanks[blanks_at_once] = {
     u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ',
     u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' '};
 
-unit_output::unit_output(stream_type* const& stream)
-    : stream_(stream),
-      block_(std::make_unique_for_overwrite<char16[]>(block_units)),
-      next_(block_.get()),
-      end_(next_ + block_units) {}
-
-void unit_output::drain() {
-  const std::streamsize count = next_ - block_.get();
-  next_ = block_.get();
-  if (count != 0) stream_->write(next_, count);
+void unit_output::commit() {
+  const char16* const units = start_;
+  const std::ptrdiff_t count = next_ - start_;
+  std::basic_streambuf<char16>* const buffer = buffer_;
+  buffer_ = nullptr;
+  open(nullptr, 0);
+  if (count == 0) return;
+  if (buffer == nullptr) {
+    stream_->write(units, count);
+    return;
+  }
+  access::bump(*buffer, count);
+  if ((stream_->flags() & std::ios_base::unitbuf) != 0) stream_->flush();
 }
 
-void unit_output::put_long(ustring_view run) {
-  drain();
-  if (run.size() < block_units) {
-    std::memcpy(next_, run.data(), run.size() * sizeof(char16));
-    next_ += run.size();
-  } else {
-    stream_->write(run.data(), static_cast<std::streamsize>(run.size()));
+void unit_output::put_in_parts(ustring_view run) {
+  while (true) {
+    const std::size_t count = run.copy(next_, static_cast<std::size_t>(end_ - next_));
+    next_ += count;
+    run.remove_prefix(count);
+    if (run.empty()) return;
+    make_room();
   }
 }
 
 void unit_output::put_many_blanks(std::int64_t count) {
   while (count > 0) {
-    if (next_ == end_) drain();
+    if (next_ == end_) make_room();
     const std::int64_t part = std::min<std::int64_t>(count, end_ - next_);
     next_ = std::fill_n(next_, part, u' ');
     count -= part;
   }
+}
+
+// When a put area is full, the next unit goes through the stream's own write(), so that
+// the buffer empties the area or provides another one.
+void unit_output::make_room() {
+  const bool was_spill = start_ == &spill_;
+  commit();
+  { const stream_type::sentry flushes_tied_stream(*stream_); }
+  if (stream_->good()) {
+    std::basic_streambuf<char16>* const buffer = stream_->rdbuf();
+    char16* const next = access::next(*buffer);
+    const std::ptrdiff_t room = access::end(*buffer) - next;
+    if (room != 0) {
+      buffer_ = buffer;
+      return open(next, room);
+    }
+    if (next != nullptr && !was_spill) return open(&spill_, 1);
+  }
+  if (!block_) block_ = std::make_unique_for_overwrite<char16[]>(block_units);
+  open(block_.get(), block_units);
+}
+
+void unit_output::open(char16* units, std::ptrdiff_t count) {
+  start_ = next_ = units;
+  end_ = units + count;
 }
 
 }  // namespace Xport

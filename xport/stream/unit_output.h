@@ -11,43 +11,47 @@
 
 namespace Xport {
 
-/// Gathers units for a stream, which then gets them in blocks. The stream isn't
-/// looked at: a failed one takes nothing. What its exceptions throw passes
-/// through, and the block that was on its way is dropped.
+/// Puts units straight into the put area of a stream's buffer, the counterpart of
+/// unit_input. A buffer that has no put area gets its units in blocks.
+///
+/// All units are part of the stream's output after commit(), some of them earlier. In
+/// between nobody else may use the stream. Failures show in the stream's state: a failed stream
+/// accepts nothing, and what its `exceptions()` ask for is thrown. If a function of this class
+/// throws, nothing is left to commit.
 class unit_output {
  public:
   using stream_type = std::basic_ostream<char16>;
 
-  /// The units of a block, 64 KiB.
+  /// The units of a block for a buffer without a put area, 64 KiB.
   static constexpr std::size_t block_units = 32 * 1024;
 
-  /// Hands its blocks to the stream that the variable `stream`, which must outlive
-  /// this object, leads to at that time.
-  explicit unit_output(stream_type* const& stream);
+  /// Puts units on the stream that the variable `stream` points to at that time. The
+  /// variable must outlive this object.
+  explicit unit_output(stream_type* const& stream) : stream_(stream) {}
   explicit unit_output(stream_type* const&& stream) = delete;
   unit_output(const unit_output&) = delete;
   unit_output& operator=(const unit_output&) = delete;
 
   void put(char16 unit) {
-    if (next_ == end_) drain();
+    if (next_ == end_) make_room();
     *next_++ = unit;
   }
 
   void put(ustring_view run) {
-    if (static_cast<std::size_t>(end_ - next_) < run.size()) return put_long(run);
+    if (static_cast<std::size_t>(end_ - next_) < run.size()) return put_in_parts(run);
     copy(next_, run.data(), run.size());
     next_ += run.size();
   }
 
-  /// A literal, without its closing zero.
+  /// Puts a literal without its closing zero.
   template <std::size_t Size>
   void put(const char16 (&literal)[Size]) {
-    if (end_ - next_ < static_cast<std::ptrdiff_t>(Size)) drain();
+    if (end_ - next_ < static_cast<std::ptrdiff_t>(Size)) return put_in_parts({literal, Size - 1});
     std::memcpy(next_, literal, (Size - 1) * sizeof(char16));
     next_ += Size - 1;
   }
 
-  /// `count` blanks; none for a negative number.
+  /// Puts `count` blanks; none for a negative number.
   void put_blanks(std::int64_t count) {
     if (count <= 0) return;
     if (count > blanks_at_once || end_ - next_ < blanks_at_once) return put_many_blanks(count);
@@ -55,14 +59,14 @@ class unit_output {
     next_ += count;
   }
 
-  /// Hands what is gathered to the stream.
-  void drain();
+  /// Makes everything that was put part of the stream's output.
+  void commit();
 
  private:
   static constexpr std::ptrdiff_t blanks_at_once = 32;
   static const char16 blanks[blanks_at_once];
 
-  // Most runs are names and short texts, for which a call costs more than the
+  // Most runs are names and short texts, for which a call of memcpy costs more than the
   // copying: two overlapping moves of a fixed size do.
   static void copy(char16* to, const char16* from, std::size_t count) {
     if (count > 16) {
@@ -88,13 +92,18 @@ class unit_output {
     std::memcpy(to + count - Units, tail, sizeof(tail));
   }
 
-  void put_long(ustring_view run);
+  void put_in_parts(ustring_view run);
   void put_many_blanks(std::int64_t count);
+  void make_room();
+  void open(char16* units, std::ptrdiff_t count);
 
   stream_type* const& stream_;
-  std::unique_ptr<char16[]> block_;
-  char16* next_;
-  char16* end_;
+  std::basic_streambuf<char16>* buffer_ = nullptr;  // the owner of the open room; null if we are
+  char16* start_ = nullptr;                         // the first unit that isn't committed
+  char16* next_ = nullptr;
+  char16* end_ = nullptr;
+  char16 spill_ = 0;                 // room for the unit after a full put area
+  std::unique_ptr<char16[]> block_;  // allocated once, for a buffer without a put area
 };
 
 }  // namespace Xport

@@ -1,6 +1,8 @@
 #ifndef XPORT_STREAM_USTRING_STREAM_H
 #define XPORT_STREAM_USTRING_STREAM_H
 
+#include <algorithm>
+#include <cstddef>
 #include <ostream>
 #include <streambuf>
 
@@ -8,9 +10,9 @@
 
 namespace Xport {
 
-/// An output stream of code units into a string in memory. Unlike the standard
-/// library's string stream it keeps U+FFFF wherever it stands in a run of units,
-/// and it throws std::bad_alloc when memory runs out.
+/// An output stream of code units into a string. Unlike the standard library's string
+/// stream it keeps U+FFFF wherever it stands in a run of units, and it throws
+/// std::bad_alloc when memory runs out.
 class ustring_stream : public std::basic_ostream<char16> {
  public:
   ustring_stream() : std::basic_ostream<char16>(nullptr) {
@@ -18,23 +20,46 @@ class ustring_stream : public std::basic_ostream<char16> {
     exceptions(badbit);
   }
 
-  /// What was written so far; valid until more is written.
-  const ustring& str() const { return buffer_.text; }
+  /// What was written so far. Valid until more is written.
+  ustring_view view() const { return buffer_.view(); }
+
+  /// A copy of what was written so far.
+  ustring str() const { return ustring(view()); }
 
  private:
-  struct buffer : std::basic_streambuf<char16> {
-    ustring text;
+  class buffer : public std::basic_streambuf<char16> {
+   public:
+    buffer() {
+      text_.resize(text_.capacity());
+      setp(text_.data(), text_.data() + text_.size());
+    }
+
+    ustring_view view() const {
+      return {text_.data(), static_cast<std::size_t>(pptr() - text_.data())};
+    }
 
    protected:
     int_type overflow(int_type unit) override {
-      if (!traits_type::eq_int_type(unit, traits_type::eof()))
-        text.push_back(traits_type::to_char_type(unit));
+      if (!traits_type::eq_int_type(unit, traits_type::eof())) {
+        const char16 added = traits_type::to_char_type(unit);
+        xsputn(&added, 1);
+      }
       return traits_type::not_eof(unit);
     }
+
     std::streamsize xsputn(const char16* units, std::streamsize count) override {
-      text.append(units, static_cast<std::size_t>(count));
+      const std::size_t used = view().size();
+      const std::size_t size = used + static_cast<std::size_t>(count);
+      if (size > text_.size()) text_.resize(std::max(size, 2 * text_.size() + least_growth));
+      std::copy_n(units, count, text_.data() + used);
+      setp(text_.data() + size, text_.data() + text_.size());
       return count;
     }
+
+   private:
+    static constexpr std::size_t least_growth = 64;
+
+    ustring text_;  // what was written, and behind it the put area
   };
 
   buffer buffer_;

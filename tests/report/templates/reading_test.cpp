@@ -1,6 +1,6 @@
 // Templates on a disk that fails.
 #include "tests/report/templates/template_page.h"
-#include "xport/stream/file_input_buffer.h"
+#include "xport/stream/file_input_stream.h"
 
 namespace templates_test {
 

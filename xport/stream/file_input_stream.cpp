@@ -1,22 +1,15 @@
-#include "xport/stream/file_input_buffer.h"
+#include "xport/stream/file_input_stream.h"
 
 #include <bit>
+#include <span>
 #include <utility>
+
+#include "xport/stream/byte_order.h"
 
 namespace Xport {
 
-namespace {
-
-void from_little_endian(char16* units, std::size_t count) {
-  if constexpr (std::endian::native == std::endian::big)
-    for (char16* unit = units; unit != units + count; ++unit)
-      *unit = static_cast<char16>((*unit << 8) | (*unit >> 8));
-}
-
-}  // namespace
-
 file_input_buffer::file_input_buffer(std::unique_ptr<byte_input> file)
-    : file_(std::move(file)), block_(block_units) {}
+    : file_(std::move(file)), block_(std::make_unique_for_overwrite<char16[]>(block_units)) {}
 
 file_input_buffer::int_type file_input_buffer::underflow() {
   if (gptr() == egptr() && !read_block()) return traits_type::eof();
@@ -38,12 +31,12 @@ file_input_buffer::pos_type file_input_buffer::seekpos(pos_type position,
 bool file_input_buffer::read_block() {
   if (is_last_) return false;
   is_first_ = eback() == nullptr;
-  const std::size_t bytes = file_->read(block_.data(), block_.size() * sizeof(char16));
-  const std::size_t count = bytes / sizeof(char16);
-  is_last_ = count != block_.size();
-  from_little_endian(block_.data(), count);
-  setg(block_.data(), block_.data(), block_.data() + count);
-  return count != 0;
+  const std::size_t bytes = file_->read(block_.get(), block_units * sizeof(char16));
+  const std::span units(block_.get(), bytes / sizeof(char16));
+  is_last_ = units.size() != block_units;
+  if constexpr (std::endian::native == std::endian::big) swap_bytes(units);
+  setg(units.data(), units.data(), units.data() + units.size());
+  return !units.empty();
 }
 
 bool file_input_buffer::rewind() {
@@ -56,6 +49,16 @@ bool file_input_buffer::rewind() {
   is_first_ = true;
   is_last_ = false;
   return true;
+}
+
+void file_input_stream::open(std::unique_ptr<byte_input> file) {
+  if (!file) {
+    setstate(failbit);
+    return;
+  }
+  auto buffer = std::make_unique<file_input_buffer>(std::move(file));
+  rdbuf(buffer.get());
+  buffer_ = std::move(buffer);
 }
 
 }  // namespace Xport
