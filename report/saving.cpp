@@ -2,7 +2,7 @@
 #include <cstdint>
 
 #include "report/vellomark_obj.h"
-#include "xport/markup/document_file.h"
+#include "xport/markup/xhtml_doc.h"
 #include "xport/text/number_format.h"
 
 using Xport::ustring;

@@ -4,7 +4,6 @@
 #include "platform/string_resources.h"
 #include "samples/add_element.h"
 #include "xport/markup/descendant_markup_iterator.h"
-#include "xport/markup/document_file.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 

@@ -3,7 +3,6 @@
 #include "platform/file_system.h"
 #include "platform/string_resources.h"
 #include "samples/add_element.h"
-#include "xport/markup/document_file.h"
 #include "xport/markup/xhtml_doc.h"
 
 using samples::add_element;

@@ -3,7 +3,6 @@
 #include "platform/file_system.h"
 #include "samples/work_body.h"
 #include "samples/work_stylesheet.h"
-#include "xport/markup/document_file.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace vellomark {

@@ -4,8 +4,8 @@
 #include "bench/reading/page_reader.h"
 #include "bench/reading/tree_walk.h"
 #include "platform/file_system.h"
-#include "xport/markup/document_file.h"
 #include "xport/markup/leaf_nodes.h"
+#include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 #include "xport/vocabulary/xhtml_strict.h"
 

@@ -16,7 +16,7 @@
 #include "tests/support/round_trip.h"
 #include "tests/support/tree_check.h"
 #include "tests/support/tree_outline.h"
-#include "xport/markup/text_leaf.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"

@@ -12,7 +12,6 @@
 #include "tests/markup/tree_text.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
-#include "xport/markup/xhtml_end_tag.h"
 
 namespace {
 

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "tests/markup/tree_text.h"
-#include "xport/markup/document_file.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/stream/ustring_stream.h"
 

@@ -12,9 +12,9 @@
 
 #include "tests/markup/tree_text.h"
 #include "tests/support/allocation_failure.h"
-#include "xport/markup/null_codecvt.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
-#include "xport/markup/xhtml_end_tag.h"
+#include "xport/stream/null_codecvt.h"
 
 namespace {
 

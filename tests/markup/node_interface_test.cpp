@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "tests/markup/tree_text.h"
-#include "xport/markup/xhtml_end_tag.h"
+#include "xport/markup/leaf_nodes.h"
 
 namespace {
 

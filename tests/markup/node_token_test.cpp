@@ -9,7 +9,7 @@
 
 #include "tests/markup/tree_text.h"
 #include "tests/support/locale.h"
-#include "xport/markup/xhtml_end_tag.h"
+#include "xport/markup/leaf_nodes.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "xport/markup/null_codecvt.h"
+#include "xport/stream/null_codecvt.h"
 
 #include <gtest/gtest.h>
 

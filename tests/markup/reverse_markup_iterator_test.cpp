@@ -1,4 +1,4 @@
-#include "xport/markup/reverse_markup_iterator.h"
+#include "xport/markup/markup_iterator.h"
 
 #include <gtest/gtest.h>
 

@@ -9,10 +9,9 @@
 
 #include "tests/markup/writer_kit.h"
 #include "tests/support/fake_file.h"
-#include "xport/markup/document_file.h"
-#include "xport/markup/null_codecvt.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/stream/file_output_stream.h"
+#include "xport/stream/null_codecvt.h"
 
 namespace {
 

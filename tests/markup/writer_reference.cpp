@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <locale>
 
-#include "xport/markup/text_leaf.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {

@@ -19,7 +19,6 @@
 #include "tests/support/tree_check.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
-#include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/read_document.h"
 
 namespace {

@@ -10,7 +10,6 @@
 #include "tests/parser/parse_kit.h"
 #include "tests/support/tree_check.h"
 #include "xport/markup/leaf_nodes.h"
-#include "xport/markup/xhtml_end_tag.h"
 #include "xport/stream/ustring_stream.h"
 
 namespace {

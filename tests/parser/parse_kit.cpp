@@ -7,7 +7,7 @@
 #include "tests/support/dribble_buffer.h"
 #include "tests/support/tree_check.h"
 #include "tests/support/unit_buffers.h"
-#include "xport/markup/text_leaf.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/stream/ustring_stream.h"
 
 namespace test {

@@ -14,7 +14,6 @@
 #include "tests/support/text.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
-#include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/stream/ustring_stream.h"
 

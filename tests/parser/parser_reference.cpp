@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "xport/markup/leaf_nodes.h"
-#include "xport/markup/xhtml_end_tag.h"
 #include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/style_attribute.h"
 #include "xport/stylesheet/stylesheet_writer.h"

@@ -7,7 +7,6 @@
 #include "tests/report/report_page.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tree_check.h"
-#include "xport/markup/document_file.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "tests/support/text.h"
-#include "xport/markup/text_leaf.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/character_class.h"
 #include "xport/vocabulary/xhtml_strict.h"

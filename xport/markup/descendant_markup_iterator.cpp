@@ -36,7 +36,7 @@ descendant_markup_iterator& descendant_markup_iterator::operator++() {
 
 descendant_markup_iterator find_by_id(descendant_markup_iterator first,
                                       descendant_markup_iterator last, ustring_view id) {
-  // Behind the end of a list it would go round that list for ever.
+  // Past the end of a list the walk would circle in that list and never return.
   const auto is_over = [&] { return !first.at_root() && first.current().cell() == nullptr; };
   for (; first != last && !is_over(); ++first)
     if (first->get_attribute(attr_id::id) == id) return first;

@@ -8,17 +8,16 @@ namespace Xport {
 
 class xhtml_markup;
 
-/// A position in the child list of a node, which is its owner: on a child, or on
-/// the list's end. The list is a circle through its end: behind the last child
-/// comes the end, behind the end the first child.
+/// A position in the child list of a node, its owner: on a child or on the end of the
+/// list. The list is a circle through its end: after the last child comes the end, after
+/// the end the first child.
 ///
-/// A position stays valid while its child stays in the tree; what is inserted
-/// beside it doesn't matter. A default position is invalid: it has no owner, no
-/// operation of a node takes it, and it mustn't be moved.
+/// A position is valid as long as its child stays in the tree, whatever is inserted beside
+/// it. A default-constructed position is invalid: it has no owner, every operation of a
+/// node refuses it, and it must not be moved.
 ///
-/// Dereferencing an end or an invalid position gives a node of no kind, which
-/// answers every operation with its harmless default. So the result of an
-/// insertion may be used without a test.
+/// Dereferencing an end or an invalid position returns a node of no kind, whose operations
+/// all have harmless defaults. So the result of an insertion can be used unchecked.
 class const_markup_iterator {
  public:
   using iterator_category = std::bidirectional_iterator_tag;
@@ -29,7 +28,7 @@ class const_markup_iterator {
 
   const_markup_iterator() = default;
 
-  /// The position on `cell`, a child of `owner`; on the end of its list if null.
+  /// The position of `cell`, a child of `owner`; the end of the list if `cell` is null.
   const_markup_iterator(const xhtml_markup* cell, const xhtml_markup* owner)
       : cell_(cell), owner_(owner) {}
 
@@ -45,10 +44,10 @@ class const_markup_iterator {
   const_markup_iterator& operator--();
   const_markup_iterator operator--(int);
 
-  /// The node at this position, null on the end.
+  /// The node at this position; null at the end.
   const xhtml_markup* cell() const { return cell_; }
 
-  /// The node in whose list this is, null for an invalid position.
+  /// The node whose list this is a position in; null for an invalid position.
   const xhtml_markup* owner() const { return owner_; }
 
   /// Positions are equal when both the node and the list are the same.
@@ -65,7 +64,7 @@ class const_markup_iterator {
   const xhtml_markup* owner_ = nullptr;
 };
 
-/// The form that gives nodes which can be changed.
+/// A position whose node can be changed.
 class markup_iterator : public const_markup_iterator {
  public:
   using pointer = xhtml_markup*;
@@ -99,6 +98,51 @@ class markup_iterator : public const_markup_iterator {
   }
 
   xhtml_markup* cell() const { return const_cast<xhtml_markup*>(const_markup_iterator::cell()); }
+};
+
+/// A position for walking a child list backwards. It holds a plain position, its base,
+/// and refers to the child before it: with the end as its base it refers to the last
+/// child, with the first child as its base it is the end of the walk. cell(), owner() and
+/// comparisons refer to the base.
+///
+/// Dereferencing the end of the walk or an invalid position returns a node of no kind.
+/// After the end of the walk comes the last child again.
+class reverse_markup_iterator : public const_markup_iterator {
+ public:
+  /// An invalid position.
+  reverse_markup_iterator() = default;
+
+  /// Refers to the child before `base`.
+  explicit reverse_markup_iterator(const const_markup_iterator& base)
+      : const_markup_iterator(base) {}
+
+  const xhtml_markup& operator*() const {
+    const_markup_iterator before(*this);
+    return *--before;
+  }
+  const xhtml_markup* operator->() const { return &**this; }
+
+  reverse_markup_iterator& operator++() {
+    backward();
+    return *this;
+  }
+  reverse_markup_iterator operator++(int) {
+    reverse_markup_iterator before(*this);
+    backward();
+    return before;
+  }
+  reverse_markup_iterator& operator--() {
+    forward();
+    return *this;
+  }
+  reverse_markup_iterator operator--(int) {
+    reverse_markup_iterator before(*this);
+    forward();
+    return before;
+  }
+
+  /// The plain position that it holds.
+  const_markup_iterator base() const { return *this; }
 };
 
 }  // namespace Xport

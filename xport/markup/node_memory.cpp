@@ -36,7 +36,7 @@ void node_pool::release(void* memory, std::size_t bytes) noexcept {
   poison(memory, rounded);
 }
 
-// Memory that was released, or the start of a new piece.
+// Returns released memory, or the start of a new piece.
 void* node_pool::allocate_small(std::size_t rounded) {
   if (free_block* const released = free_[rounded / granule]) {
     unpoison(released, rounded);
@@ -80,7 +80,7 @@ xhtml_markup* node_place::make_copy(const xhtml_markup& node) const {
   return nullptr;
 }
 
-// A node in a pool finds the pool through its parent.
+// A node in a pool finds its pool through its parent.
 void xhtml_markup::operator delete(xhtml_markup* node, std::destroying_delete_t, std::size_t,
                                    std::align_val_t alignment) {
   if (node->in_pool_) {

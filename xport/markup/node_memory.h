@@ -7,8 +7,8 @@
 
 #include "xport/text/char16.h"
 
-// Under the address sanitizer, memory of a pool that nobody holds is poisoned, so that
-// pools hide no use of a deleted node.
+// Under the address sanitizer, the free memory of a pool is poisoned. Otherwise a pool would
+// hide the use of a deleted node.
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define VELLOMARK_POISON_POOL_MEMORY 1
@@ -29,37 +29,36 @@ class xhtml_parser;
 
 /// The memory of one tree: its nodes, their texts and their attributes.
 ///
-/// Memory is taken from the system in large pieces and given back all at once
-/// with the pool, so that a tree of millions of nodes is built without asking
-/// the system for each and is dropped without visiting any. What is released in
-/// between is kept for later requests of the same size. One pool serves one
-/// thread at a time.
+/// A pool allocates memory from the system in large pieces and frees them all at once, so a
+/// tree of millions of nodes is built without a system allocation for each and is destroyed
+/// without visiting any. Released memory is kept for later requests of the same size. A pool
+/// must be used by one thread at a time.
 class node_pool {
  public:
   /// Sizes are rounded up to whole granules, and memory is aligned to one.
   static constexpr std::size_t granule = 8;
 
-  /// Larger requests get memory of their own, which release() gives back.
+  /// Larger requests get memory of their own, which release() frees.
   static constexpr std::size_t largest_small = 512;
 
   static constexpr std::size_t round_up(std::size_t bytes) {
     return (bytes + granule - 1) / granule * granule;
   }
 
-  /// The head of a block of memory that knows where it comes from.
+  /// The head of a block of memory that records its origin.
   struct sized_block {
     node_pool* pool;    ///< null for the general heap
-    std::size_t bytes;  ///< with this head; 0 for an empty block, which is never released
+    std::size_t bytes;  ///< including this head; 0 for an empty block, which is never freed
   };
 
   node_pool() = default;
   node_pool(const node_pool&) = delete;
   node_pool& operator=(const node_pool&) = delete;
 
-  /// Gives all memory back. Objects in it are not destroyed.
+  /// Frees all memory. Objects in it are not destroyed.
   ~node_pool();
 
-  /// Memory of at least `bytes`, which is above 0. Throws std::bad_alloc.
+  /// At least `bytes` of memory; `bytes` must be above 0. Throws std::bad_alloc.
   void* allocate(std::size_t bytes) {
     if (bytes > largest_small) return allocate_large(bytes);
     const std::size_t rounded = round_up(bytes);
@@ -71,10 +70,10 @@ class node_pool {
     return memory;
   }
 
-  /// Takes back what allocate(bytes) gave.
+  /// Releases memory that allocate(bytes) returned.
   void release(void* memory, std::size_t bytes) noexcept;
 
-  /// The same for a pool that may be null, which stands for the heap.
+  /// The same for a pool that may be null, which means the heap.
   static void* allocate(node_pool* pool, std::size_t bytes) {
     return pool != nullptr ? pool->allocate(bytes) : ::operator new(bytes);
   }
@@ -85,13 +84,13 @@ class node_pool {
       ::operator delete(memory);
   }
 
-  /// The empty block of this pool and, for null, of the general heap.
+  /// The empty block of `pool`; that of the general heap for null.
   static sized_block* empty_block(node_pool* pool) {
     return pool != nullptr ? &pool->empty_block_ : &empty_heap_block_;
   }
 
-  /// Whether the tree has nodes outside the pool, which it adopted or a derived class
-  /// cloned. Only then must it be visited before the pool is destroyed.
+  /// Whether the tree has nodes outside the pool: adopted ones, or clones of derived
+  /// classes. Only then must it be visited before the pool is destroyed.
   bool holds_heap_nodes() const { return holds_heap_nodes_; }
   void note_heap_node() { holds_heap_nodes_ = true; }
 
@@ -137,33 +136,33 @@ class node_pool {
   bool holds_heap_nodes_ = false;
 };
 
-/// Where a node is made: on the heap, or in the memory of a tree.
+/// Where a node is made: on the heap or in the memory of a tree.
 ///
-/// A node in the memory of a tree never leaves that tree. Only elements and the parser
-/// make one, and they link or delete it before anybody else sees it. So every node that
-/// code outside owns may be deleted, and may be adopted by any element of any tree.
+/// A node in the memory of a tree never leaves that tree. Only elements and the parser make
+/// such nodes, and they link or delete them before anybody else sees them. So every node that
+/// other code owns may be deleted or adopted by any element of any tree.
 class node_place {
  public:
-  /// The heap. A node that is made there has no parent.
+  /// The heap. A node made there has no parent.
   constexpr node_place() = default;
 
   /// The pool, null for the heap.
   node_pool* pool() const { return pool_; }
 
-  /// The parent that a node in the pool knows from the start, since it finds the pool
+  /// The parent of a node in the pool, set from the start because the node finds its pool
   /// through it; null for the heap.
   xhtml_markup* parent() const { return parent_; }
 
-  /// The memory of the node, where that isn't the size of its class; else 0.
+  /// The memory of the node if it differs from the size of its class; otherwise 0.
   std::size_t bytes() const { return bytes_; }
 
-  /// A node. Its constructor gets `arguments` and this place. Throws std::bad_alloc.
+  /// Makes a node. Its constructor gets `arguments` and this place. Throws std::bad_alloc.
   template <class Node, class... Arguments>
   Node* make(const Arguments&... arguments) const {
     return make_in<Node>(sizeof(Node), *this, arguments...);
   }
 
-  /// A leaf with `text`. In a pool the node has room for all of it, unless it is long.
+  /// Makes a leaf with `text`. In a pool the node has room for all of it, unless it is long.
   /// Throws std::bad_alloc, and std::length_error for a text of 2^32 units or more.
   template <class Leaf>
   Leaf* make_leaf(ustring_view text) const {
@@ -172,8 +171,8 @@ class node_place {
     return make_in<Leaf>(std::max(sizeof(Leaf), where.bytes_), where, text);
   }
 
-  /// A copy of `node` without its children. The class of `node` is exactly that of its
-  /// type(), and it is a leaf or an element. Throws as the above.
+  /// Makes a copy of `node`, a leaf or an element whose class is exactly that of its type(),
+  /// without its children. Throws like make_leaf().
   xhtml_markup* make_copy(const xhtml_markup& node) const;
 
  private:
@@ -181,7 +180,7 @@ class node_place {
   friend class xhtml_markup;
   friend class xhtml_parser;
 
-  /// For the content of `parent`: in its pool if it has one.
+  /// For the content of `parent`: its pool, or the heap if it has none.
   explicit inline node_place(xhtml_element& parent);
 
   template <class Node, class... Arguments>

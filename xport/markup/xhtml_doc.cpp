@@ -1,18 +1,22 @@
 #include "xport/markup/xhtml_doc.h"
 
+#include <utility>
+
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_writer.h"
+#include "xport/stream/file_output_stream.h"
+#include "xport/stream/null_codecvt.h"
 
 namespace Xport {
 
 namespace {
 
-// The namespace name that the XHTML 1.0 recommendation publishes.
+// The namespace name in the XHTML 1.0 recommendation.
 constexpr ustring_view xhtml_namespace = u"http://www.w3.org/1999/xhtml";
 
 xhtml_element element(tag_id tag) { return xhtml_element(tag, {}, {}); }
 
-// The last child of `parent` with `tag`, or else what is known so far.
+// The last child of `parent` with `tag`; `known` if there is none.
 xhtml_markup* last_child_with(tag_id tag, xhtml_markup& parent, xhtml_markup* known) {
   for (xhtml_markup& child : parent)
     if (child.tag() == tag) known = &child;
@@ -83,6 +87,17 @@ bool xhtml_doc::write(xhtml_writer& writer) const {
   writer.write_byte_order_mark();
   root_.write(writer);
   writer.stream->flush();
+  return true;
+}
+
+bool write_document(const xhtml_doc& doc, std::unique_ptr<byte_output> file) {
+  file_output_stream stream;
+  stream.imbue(with_null_codecvt(stream.getloc()));
+  stream.open(std::move(file));
+  if (stream.fail()) return false;
+  xhtml_writer writer(stream);
+  doc.write(writer);
+  stream.close();
   return true;
 }
 

@@ -41,18 +41,18 @@ xhtml_element::xhtml_element(const xhtml_element& other, without_children)
       attributes_(other.attributes_),
       style_(other.style_) {}
 
-// Delegates, so that an exception destroys the children that were copied by then.
+// Delegates, so that an exception destroys the children that were already copied.
 xhtml_element::xhtml_element(const xhtml_element& other)
     : xhtml_element(other, without_children()) {
   copy_children(other);
 }
 
-// Children need the pool, which the attributes lead to, so they are deleted first.
+// Deleting children uses the pool, which is found through the attributes: children first.
 xhtml_element::~xhtml_element() { delete_children(); }
 
 void xhtml_element::clear_children() noexcept { delete_children(); }
 
-// can_contain() where both classes are our own.
+// can_contain() for two classes of our own.
 inline bool xhtml_element::takes(const xhtml_markup& node) const {
   switch (node.type()) {
     case node_type::pcdata:
@@ -70,8 +70,7 @@ inline bool xhtml_element::takes(const xhtml_markup& node) const {
   return false;
 }
 
-// The order of the questions decides about nodes of derived classes, which may answer in
-// any way.
+// Nodes of derived classes may return anything, so the order of the calls matters.
 bool xhtml_element::can_contain(const xhtml_markup& node) const {
   if (is_own_class() && node.is_own_class()) return takes(node);
   if (node.category_flags() == category_text) return accepts_text();
@@ -85,7 +84,7 @@ bool xhtml_element::can_contain(const xhtml_markup& node) const {
   return takes_element(rules(), node.tag(), node.category_flags());
 }
 
-// can_contain(), without a call where both classes are our own.
+// can_contain(), without a virtual call if both classes are our own.
 inline bool xhtml_element::fits(const xhtml_markup& node) const {
   return is_own_class() && node.is_own_class() ? takes(node) : can_contain(node);
 }
@@ -124,7 +123,7 @@ markup_iterator xhtml_element::insert_copy(const_markup_iterator position,
   return markup_iterator(copy, this);
 }
 
-// insert_text of our own class, which makes the text in its place.
+// insert_text of our own class: makes the text in place.
 markup_iterator xhtml_element::put_text(const const_markup_iterator& position, ustring_view text) {
   if (!takes_text(rules()) || !has_position(position)) return end();
   xhtml_markup* const node = node_place(*this).make_leaf<xhtml_pcdata>(text);
@@ -228,8 +227,7 @@ bool xhtml_element::has_child(tag_id tag) const {
                      [tag](const xhtml_markup& child) { return child.tag() == tag; });
 }
 
-// The few rules of order that are held: one `head` before one `body` in `html`,
-// one `title` in `head`.
+// The only rules of order: one `head` before one `body` in `html`, one `title` in `head`.
 bool xhtml_element::keeps_order(tag_id parent, const const_markup_iterator& position,
                                 tag_id child) const {
   if (parent != tag_id::html && parent != tag_id::head) return true;
@@ -244,8 +242,7 @@ bool xhtml_element::keeps_order(tag_id parent, const const_markup_iterator& posi
   return true;
 }
 
-// A copy of `node` with all that is below it, not yet linked. Null if a derived class
-// has no clone.
+// A deep copy of `node`, not linked yet. Null if a derived class has no clone.
 xhtml_markup* xhtml_element::copy_tree(const xhtml_markup& node) {
   if (!node.is_own_class()) return node.clone();
   std::unique_ptr<xhtml_markup> copy(node_place(*this).make_copy(node));

@@ -11,49 +11,46 @@ namespace Xport {
 class character_classes;
 class xhtml_parser;
 
-/// An element: a rule record, attributes, an inline style and children. The one
-/// kind of node that takes children. What XHTML 1.0 Strict doesn't permit is
-/// refused without a word; only the result tells.
+/// An element: a rule record, attributes, an inline style and children. Elements are the
+/// only nodes with children. Whatever XHTML 1.0 Strict doesn't permit is refused silently:
+/// the result alone shows it.
 ///
-/// Beyond the rules of the record, insert_copy and all that ends in it hold
-/// `html` to one `head` and one `body`, in this order, and `head` to one `title`.
-/// A position that isn't in this element's list is refused.
+/// In addition to the rules of the record, insert_copy and the operations that call it
+/// allow one `head` and one `body` in `html`, in this order, and one `title` in `head`. They
+/// refuse a position that isn't in this element's list.
 ///
-/// An element without a record, made with a number outside the table, answers
-/// like the row "invalid tag", except that end_tag_text throws. It stores
-/// nothing, is taken by no parent and writes nothing. (A derived one writes what its
-/// operations say.)
+/// An element made with a number outside the table has no record. It behaves like the row
+/// "invalid tag", except that end_tag_text throws: it stores nothing, every parent refuses
+/// it, and it writes nothing. (A derived one writes what its operations return.)
 ///
-/// Insertion takes constant time, apart from the copy itself and, for `html` and
-/// `head`, a look at their children. Attribute and style operations take time
-/// linear in the element's attributes and properties.
+/// Insertion takes constant time, apart from the copy itself and, for `html` and `head`, a
+/// search of their children. Attribute and style operations take time linear in the
+/// element's attributes and properties.
 ///
-/// A derived element is asked through its virtual operations too: insertion asks
-/// can_contain(), tag() and, for a text, accepts_text(), and every operation that
-/// inserts ends in a call of insert_copy(). can_contain() asks accepts_text() and tag(),
-/// and the rule record for the rest.
+/// The virtual operations of a derived element are called too: insertion calls
+/// can_contain(), tag() and, for a text, accepts_text(), and every operation that inserts
+/// calls insert_copy() in the end. can_contain() calls accepts_text() and tag(), and uses
+/// the rule record for everything else.
 class xhtml_element : public xhtml_markup {
  public:
-  /// An element by number. `id` and `class_name` become the attributes of that
-  /// name; an empty one, or one that the element doesn't take, is left out.
+  /// An element by number. `id` and `class_name` become the attributes `id` and `class`,
+  /// unless they are empty or the element doesn't allow them.
   xhtml_element(tag_id tag, ustring_view id, ustring_view class_name);
 
-  /// As above, with all memory of its content from `pool`, which it must not
-  /// outlive.
+  /// As above, with its content in the memory of `pool`, which must outlive it.
   xhtml_element(tag_id tag, ustring_view id, ustring_view class_name, node_pool* pool);
 
-  /// An element at `where` with the rules `record` and nothing in it.
+  /// An empty element at `where` with the rules `record`.
   xhtml_element(const Tag_trait& record, const node_place& where);
 
-  /// An element from the text of a start tag, with its "<" and, if it has one, its
-  /// ">"; of the row "invalid tag" if no known name follows the "<". A name ends at the
-  /// first unit that isn't `alnum`, attributes follow it only behind white space. The
-  /// parser is told of an unknown name and of a "/" behind the name of an element that
-  /// takes content.
+  /// An element from the text of a start tag, with its "<" and its ">", if it has one. It has
+  /// the row "invalid tag" if no known name follows the "<". A name ends at the first unit
+  /// that isn't `alnum`; attributes are read only if white space follows it. The parser
+  /// reports an unknown name, and a "/" after the name of an element that may have content.
   xhtml_element(ustring_view start_tag_text, xhtml_parser& parser);
 
-  /// A deep copy on the heap, with the children's clone(). Its parent is that of `other`
-  /// until it is inserted; see clone().
+  /// A deep copy on the heap; children are copied by their clone(). Its parent is the parent
+  /// of `other` until it is inserted: see clone().
   xhtml_element(const xhtml_element& other);
 
   /// A copy at `where` without the children.
@@ -99,19 +96,19 @@ class xhtml_element : public xhtml_markup {
   std::uint32_t category_flags() const override { return rules().category_flags; }
   bool can_contain(const xhtml_markup& node) const override;
 
-  /// Stores the attributes in `text`, what a start tag holds behind its name. Of equal
-  /// names the first counts, and what the element has already stays. Nothing tells
-  /// whether the element takes them; unknown names are dropped. The value of "style"
-  /// goes to the inline style, as by parse_style_attribute().
+  /// Stores the attributes in `text`, the part of a start tag after its name. The first of
+  /// equal names counts, and attributes that the element already has stay. Whether the
+  /// element allows them isn't checked; unknown names are dropped. The value of "style" is
+  /// read into the inline style, as by parse_style_attribute(). Time is linear in `text`.
   void parse_attributes(ustring_view text);
 
-  /// The same with white space as `classes` know it.
+  /// The same with white space as `classes` define it.
   void parse_attributes(ustring_view text, const character_classes& classes);
 
-  /// append_copy of an element with this number and nothing else, made in place.
+  /// append_copy of an empty element with this number, made in place.
   markup_iterator append_element(tag_id tag);
 
-  /// The rule record; that of "invalid tag" where the element has none.
+  /// The rule record; the record of "invalid tag" if the element has none.
   const Tag_trait& rules() const {
     return trait_.get() != nullptr ? *trait_.get() : *tag_table[tag_id::invalid_tag];
   }
@@ -133,7 +130,7 @@ class xhtml_element : public xhtml_markup {
   markup_iterator put_text(const const_markup_iterator& position, ustring_view text);
   xhtml_markup* copy_tree(const xhtml_markup& node);
 
-  // Forgets the children without visiting them: their pool is released as a whole.
+  // Drops the children without visiting them: their pool is freed as a whole.
   void abandon_children() noexcept { first_child_ = nullptr; }
 
   Tag_trait_handle trait_;
@@ -148,7 +145,7 @@ inline const xhtml_element* xhtml_markup::as_element() const {
   return type_ == node_type::element ? static_cast<const xhtml_element*>(this) : nullptr;
 }
 
-/// node.tag(), without a call where the class of the node is our own.
+/// node.tag(), without a virtual call if the node's class is our own.
 inline tag_id tag_of(const xhtml_markup& node) {
   if (!node.is_own_class()) return node.tag();
   const xhtml_element* const element = node.as_element();
@@ -158,7 +155,7 @@ inline tag_id tag_of(const xhtml_markup& node) {
 inline node_place::node_place(xhtml_element& parent)
     : pool_(parent.pool()), parent_(pool_ != nullptr ? &parent : nullptr) {}
 
-/// append_copy of an element with this number and nothing else to any node.
+/// append_copy of an empty element with this number to any node.
 markup_iterator append_element(xhtml_markup& parent, tag_id tag);
 
 }  // namespace Xport

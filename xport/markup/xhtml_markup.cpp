@@ -5,61 +5,9 @@
 
 namespace Xport {
 
-namespace {
-
-// What the end of a list and an invalid position lead to. It has nothing that
-// could be changed, so that all threads may share it, and it is never destroyed, so
-// that positions may be used until the process ends.
-const xhtml_markup& no_node() {
-  alignas(xhtml_markup) static std::byte memory[sizeof(xhtml_markup)];
-  static const xhtml_markup* const node = ::new (memory) xhtml_markup;
-  return *node;
-}
-
-}  // namespace
-
 constinit const std::type_info* const xhtml_markup::own_classes[6] = {
     &typeid(void),          &typeid(xhtml_doctype_declaration),    &typeid(xhtml_element),
     &typeid(xhtml_comment), &typeid(xhtml_processing_instruction), &typeid(xhtml_pcdata)};
-
-const xhtml_markup& const_markup_iterator::operator*() const {
-  return cell_ != nullptr ? *cell_ : no_node();
-}
-
-const_markup_iterator& const_markup_iterator::operator++() {
-  forward();
-  return *this;
-}
-
-const_markup_iterator const_markup_iterator::operator++(int) {
-  const_markup_iterator before(*this);
-  forward();
-  return before;
-}
-
-const_markup_iterator& const_markup_iterator::operator--() {
-  backward();
-  return *this;
-}
-
-const_markup_iterator const_markup_iterator::operator--(int) {
-  const_markup_iterator before(*this);
-  backward();
-  return before;
-}
-
-void const_markup_iterator::forward() {
-  if (owner_ != nullptr) cell_ = cell_ != nullptr ? cell_->next_ : owner_->first_child();
-}
-
-void const_markup_iterator::backward() {
-  if (owner_ == nullptr) return;
-  const xhtml_markup* const first = owner_->first_child();
-  if (cell_ == nullptr)
-    cell_ = first != nullptr ? first->previous_ : nullptr;
-  else
-    cell_ = cell_ != first ? cell_->previous_ : nullptr;
-}
 
 xhtml_markup::xhtml_markup() : xhtml_markup(node_type::none, sizeof(xhtml_markup)) {}
 
@@ -77,14 +25,14 @@ xhtml_markup::~xhtml_markup() {
   if (!holds_text()) delete_children();
 }
 
-// A tree with nodes outside its pool has to be visited before the pool is destroyed.
+// A tree with nodes outside its pool must be visited before the pool is destroyed.
 void xhtml_markup::note_heap_node() noexcept {
   xhtml_element* const element = as_element();
   if (element != nullptr && element->pool() != nullptr) element->pool()->note_heap_node();
 }
 
-// Walks the source by its own links, with `into` at the same place in the copy. All nodes
-// of the copy are made in one place. The clone of a derived class brings its children along.
+// Walks the source along its own links, with `into` at the same place in the copy. All
+// nodes of the copy are made in one place. The clone of a derived class has its children.
 void xhtml_markup::copy_children(const xhtml_markup& source) {
   xhtml_element* const element = as_element();
   const node_place where = element != nullptr ? node_place(*element) : node_place();
@@ -107,8 +55,8 @@ void xhtml_markup::copy_children(const xhtml_markup& source) {
   }
 }
 
-// Goes down to a leaf, deletes it, and goes on beside or above it; so a parent is a leaf
-// by the time it is deleted. A node of a derived class is deleted with its children.
+// Goes down to a leaf, deletes it, and continues beside or above it. So each parent is a
+// leaf when it is deleted. A node of a derived class deletes its own children.
 void xhtml_markup::delete_children() noexcept {
   xhtml_markup* parent = this;
   while (true) {
@@ -125,7 +73,7 @@ void xhtml_markup::delete_children() noexcept {
   }
 }
 
-// Leaves the list whole, since the destructor of a derived class may look at it.
+// Leaves the list consistent, since the destructor of a derived class may look at it.
 xhtml_markup* xhtml_markup::take_first_child() noexcept {
   xhtml_markup* const taken = first_child_;
   first_child_ = taken->next_;

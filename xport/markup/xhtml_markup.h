@@ -30,63 +30,60 @@ enum class node_type : std::uint8_t {
 /// The category of character data, among the values of `category`.
 inline constexpr std::uint32_t category_text = 4;
 
-/// Whether the dynamic class of `object` is the one that `own` describes, and none
-/// derived from it. Only then may a short way stand in for calls of its virtual
-/// operations. Addresses are compared: one comparison, and where a program holds two
-/// descriptions of one class the answer is false, which is the safe one.
+/// Whether the dynamic class of `object` is exactly the one that `own` describes, not a
+/// derived one. Only then may a shortcut replace calls of its virtual operations. Compares
+/// addresses, which is fast; if a program holds two descriptions of one class, the result is
+/// false, which is safe.
 template <class Object>
 bool is_exactly(const Object& object, const std::type_info& own) noexcept {
   return &typeid(object) == &own;
 }
 
-/// A node of a markup tree, and the one interface through which all nodes are
-/// used. Operations that make no sense for a kind of node have a harmless
-/// default: the end position, false, null, an empty text. A refusal is an answer
-/// and no error. Code asks `node_kind()` and `tag()` what a node is and never
-/// tests a class.
+/// A node of a markup tree, and the one interface through which all nodes are used.
+/// Operations that make no sense for a kind of node have a harmless default: the end
+/// position, false, null, an empty text. A refusal is a result and no error. `node_kind()`
+/// and `tag()` tell what a node is.
 ///
-/// Ownership. A node owns its children. Trees are built from prototypes: a node
-/// made on the stack is passed by reference, a deep copy goes into the tree, and
-/// the returned position leads to the copy. Only adopt_child takes ownership of an
-/// existing node. Every node frees its own memory correctly, wherever it was made:
-/// `delete` is right for each, and so is std::unique_ptr.
+/// Ownership. A node owns its children. Trees are built from prototypes: a node made on the
+/// stack is passed by reference, a deep copy is inserted into the tree, and the returned
+/// position is that of the copy. Only adopt_child takes ownership of an existing node.
+/// `delete` and std::unique_ptr work for every node, wherever it was made.
 ///
-/// Text is taken as it stands, unit by unit. Operations that insert or store
-/// throw std::bad_alloc, and std::length_error for a text of 2^32 units or more;
-/// the tree is then as it was. (insert_range and insert_copies keep the copies
-/// that they had made by then.)
+/// Text is stored unchanged, unit by unit. Operations that insert or store throw
+/// std::bad_alloc, and std::length_error for a text of 2^32 units or more; the tree is then
+/// unchanged. (insert_range and insert_copies keep the copies that they made before.)
 ///
-/// Derived classes. Hosts may derive from every class of nodes. (Where a node is not the
-/// first base, g++ 12 warns without reason, -Wfree-nonheap-object; `virtual` bases it can't
-/// compile.) A tree uses a node of
-/// such a class through its virtual operations alone: can_contain() asks it for
-/// category_flags(), node_kind(), tag_trait() and tag(), insertion and copying call its
-/// clone(), the writer calls its write(). What clone() returns belongs to the caller; a
-/// node whose clone() is null can't be inserted by copy, and is left out of the copy of
-/// its parent.
+/// Derived classes. Hosts may derive from every class of nodes. A tree uses a node of such
+/// a class through its virtual operations alone: can_contain() calls its category_flags(),
+/// node_kind(), tag_trait() and tag(), insertion and copying call its clone(), the writer
+/// calls its write(). The caller owns the result of clone(). A node whose clone() returns
+/// null can't be inserted by copy and is left out of a copy of its parent. (g++ 12 gives a
+/// false -Wfree-nonheap-object warning for a class whose first base isn't the node, and
+/// can't compile one with a virtual base.)
 ///
-/// Depth. No operation uses the machine stack by the depth of a tree of our own
-/// classes. Copying, writing and deleting recurse once for each node of a derived class
-/// on the way down.
+/// Depth. No operation uses machine stack by the depth of a tree of our own classes.
+/// Copying, writing and deleting recurse once for each node of a derived class on the way
+/// down.
 class xhtml_markup {
  public:
   /// A node of no kind, without a parent.
   xhtml_markup();
 
-  /// A node of no kind with the parent of `other` and copies of its children, as their
-  /// clone() makes them. What else `other` holds isn't copied: see clone().
+  /// A node of no kind with the parent of `other` and copies of its children, made by their
+  /// clone(). Nothing else of `other` is copied: see clone().
   xhtml_markup(const xhtml_markup& other);
   xhtml_markup& operator=(const xhtml_markup&) = delete;
 
   /// Deletes the children.
   virtual ~xhtml_markup();
 
-  /// Destroys `node` and gives its memory back, wherever it was made.
+  /// Destroys `node` and frees its memory, wherever it was made.
   static void operator delete(xhtml_markup* node, std::destroying_delete_t, std::size_t bytes,
                               std::align_val_t alignment);
 
-  /// The general heap, as for any class. The forms of `delete` are for constructors that
-  /// throw. None is inline: g++ would take it for a mismatch with the `delete` above.
+  /// Allocate on the general heap, as for any class. The forms of `delete` are for
+  /// constructors that throw. None is inline: g++ would warn of a mismatch with the `delete`
+  /// above.
   static void* operator new(std::size_t bytes);
   static void* operator new(std::size_t bytes, std::align_val_t alignment);
   static void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept;
@@ -98,15 +95,15 @@ class xhtml_markup {
   static void operator delete(void* memory, const std::nothrow_t&);
   static void operator delete(void* memory, std::align_val_t alignment, const std::nothrow_t&);
 
-  /// Takes ownership of `node`, which is in no tree, and appends it. If it is refused,
-  /// or null, the result is the end and it stays with the caller; any position without a
-  /// node says the same.
+  /// Takes ownership of `node`, which is in no tree, and appends it. If it is refused or
+  /// null, the result is the end, and the caller keeps it. (A derived class may return any
+  /// position without a node to say the same.)
   virtual markup_iterator adopt_child(xhtml_markup* node);
 
-  /// Inserts copies of the nodes from `first` up to `last` at `position`, each
-  /// as by insert_copy and with the next one behind it. A refused copy gives the
-  /// end, behind which comes the first child: later copies then land in front.
-  /// The range may lie in this node; positions of two lists are no range.
+  /// Inserts copies of the nodes from `first` up to `last` at `position`, one after the
+  /// other, each as by insert_copy. If a copy is refused, the next ones are inserted before
+  /// the first child: insert_copy returns the end, and after the end comes the first child.
+  /// The range may be in this node; positions of two lists are no range.
   virtual void insert_range(const_markup_iterator position, const_markup_iterator first,
                             const_markup_iterator last);
 
@@ -137,36 +134,36 @@ class xhtml_markup {
   virtual markup_iterator push_front_text(ustring_view text);
   virtual markup_iterator push_front_copy(const xhtml_markup& node);
 
-  /// Stores an attribute in place of one that is there. False, without a change,
-  /// if the element doesn't take it.
+  /// Stores an attribute, replacing its old value. False, without a change, if the element
+  /// doesn't allow it.
   virtual bool set_attribute(attr_id attribute, ustring_view value);
 
-  /// The attribute's value, empty if there is none.
+  /// The attribute's value; empty if there is none.
   virtual ustring get_attribute(attr_id attribute) const;
 
-  /// The attributes of an element, null for other nodes. Direct access: what is
-  /// stored through it isn't checked.
+  /// The attributes of an element; null for other nodes. Nothing stored directly in them is
+  /// checked.
   virtual const attribute_map* attributes() const;
   virtual attribute_map* attributes();
 
   /// One of the values of node_type.
   virtual std::int32_t node_kind() const;
 
-  /// Stores an inline style property in place of one that is there; nothing is
-  /// checked. False for nodes that aren't elements.
+  /// Stores an inline style property, replacing its old value. Nothing is checked. False for
+  /// nodes that aren't elements.
   virtual bool set_style(css_property_id property, ustring_view value);
 
-  /// The property's value, empty if there is none.
+  /// The property's value; empty if there is none.
   virtual ustring get_style(css_property_id property) const;
 
-  /// The inline style of an element, null for other nodes.
+  /// The inline style of an element; null for other nodes.
   virtual const style_map* style_properties() const;
   virtual style_map* style_properties();
 
-  /// What element this is; tag_id::invalid_tag for all other nodes.
+  /// The number of an element; tag_id::invalid_tag for all other nodes.
   virtual tag_id tag() const;
 
-  /// The name of an element, the source text of an end tag.
+  /// The name of an element; the source text of an end tag.
   virtual ustring tag_name() const;
 
   /// Writes the node and all below it to the writer's stream.
@@ -178,28 +175,28 @@ class xhtml_markup {
   /// The element's content flags.
   virtual std::uint32_t content_flags() const;
 
-  /// A deep copy on the heap, which the caller owns; null where there is none. Its
-  /// parent() is that of this node until it is inserted: don't write the copy, ask for
-  /// its parent or parse into it after that parent was deleted.
+  /// A deep copy on the heap, owned by the caller; null for kinds that can't be copied. Its
+  /// parent() is the parent of this node until it is inserted: don't write the copy, call its
+  /// parent() or parse into it after that parent was deleted.
   virtual xhtml_markup* clone() const;
 
   /// Whether this is an element that takes no content.
   virtual bool is_empty_element() const;
 
-  /// The text that closes the element, empty where none does. Throws
+  /// The text of the element's end tag; empty for an element without content. Throws
   /// std::domain_error ("pTag_trait invlaid") for an element without a record.
   virtual ustring end_tag_text() const;
 
-  /// The cell that leads to an element's rule record; null for other nodes.
+  /// The handle of an element's rule record; null for other nodes.
   virtual const Tag_trait_handle* tag_trait() const;
 
   /// Whether this is an end tag as the parser reads it.
   virtual bool is_end_tag() const;
 
-  /// How the node stands inside others: a value of `category` or category_text.
+  /// How the node may be placed in others: a value of `category`, or category_text.
   virtual std::uint32_t category_flags() const;
 
-  /// Cuts white space from the end of character data.
+  /// Removes white space from the end of character data.
   virtual void trim_trailing_space();
 
   /// Whether `node` may be a child of this one.
@@ -211,27 +208,27 @@ class xhtml_markup {
   markup_iterator end() { return markup_iterator(nullptr, this); }
   const_markup_iterator end() const { return const_markup_iterator(nullptr, this); }
 
-  /// The first and the last child, and the one after this node; null if there is none.
+  /// The first and the last child, and the next sibling; null if there is none.
   const xhtml_markup* first_child() const { return holds_text() ? nullptr : first_child_; }
   xhtml_markup* first_child() { return holds_text() ? nullptr : first_child_; }
   xhtml_markup* last_child();
   const xhtml_markup* next_sibling() const { return next_; }
 
-  /// The node that this one was inserted into, null if there was none. The copy of a
-  /// node, while it is in no tree, has the parent of the original.
+  /// The node that this one was inserted into; null if there was none. A copy that isn't
+  /// inserted yet has the parent of the original.
   const xhtml_markup* parent() const { return parent_; }
 
-  /// Which of our classes the node is, or is derived from. Derived classes may return
-  /// another number from node_kind().
+  /// Which of our classes this node has or derives from. Derived classes may return another
+  /// number from node_kind().
   node_type type() const { return type_; }
 
-  /// Whether the class of this node is exactly that of its type(). A pool holds no others.
-  /// Never so for node_type::none, which has nothing to take a short way with.
+  /// Whether the class of this node is exactly that of its type(). Nodes in a pool always are;
+  /// node_type::none never is, since there are no shortcuts for it.
   bool is_own_class() const noexcept {
     return in_pool_ || is_exactly(*this, *own_classes[static_cast<std::size_t>(type_)]);
   }
 
-  /// This node as the class that its type() names; null for other nodes.
+  /// This node as the class of its type(); null for other types.
   inline xhtml_element* as_element();
   inline const xhtml_element* as_element() const;
   inline text_leaf* as_text();
@@ -242,7 +239,7 @@ class xhtml_markup {
   friend class text_leaf;
   friend class xhtml_element;
 
-  // For the classes of nodes: a node at `where` that takes `bytes` of memory.
+  // For derived node classes: a node at `where` that occupies `bytes` of memory.
   xhtml_markup(node_type type, std::size_t bytes, const node_place& where = {});
 
   // A copy on the heap, of `bytes`, with the parent of `other` and without children.

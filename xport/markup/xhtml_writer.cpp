@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "xport/markup/containment.h"
-#include "xport/markup/text_leaf.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/find_any.h"
 
@@ -21,7 +21,7 @@ tag_id tag_of_parent(const xhtml_markup& node) {
   return node.parent() != nullptr ? tag_of(*node.parent()) : tag_id::invalid_tag;
 }
 
-// Of a node that is no element of the table. `kind` may be any number.
+// The layout of a node that isn't an element of the table. `kind` may be any number.
 std::uint32_t layout_of_kind(std::int32_t kind) {
   switch (kind) {
     case static_cast<std::int32_t>(node_type::comment):
@@ -34,8 +34,8 @@ std::uint32_t layout_of_kind(std::int32_t kind) {
   }
 }
 
-// What the tags of a derived element are made of, as its operations say, in the form of
-// a rule record. `name` keeps its name.
+// What a derived element's operations say about its tags, as a rule record. `name` holds
+// the record's name.
 Tag_trait asked_rules(const xhtml_element& element, ustring& name) {
   name = element.tag_name();
   Tag_trait rules{};
@@ -88,8 +88,8 @@ std::uint32_t xhtml_writer::asked_layout(const xhtml_markup& node) {
   return tag < layout_table.size() ? layout_table[tag] : layout_of_kind(node.node_kind());
 }
 
-// Brings a child to its place. The column grows by one level's blanks more than
-// are written where the parent isn't a block.
+// Puts the line break and the blanks before a child. If the parent isn't a block, the column
+// is increased by one level more than the blanks that are written.
 inline void xhtml_writer::write_lead_in(std::uint32_t parent_layout, std::uint32_t child_layout,
                                         bool at_line_start) {
   const bool on_own_line = (child_layout & layout_break_before_start) != 0;
@@ -100,9 +100,9 @@ inline void xhtml_writer::write_lead_in(std::uint32_t parent_layout, std::uint32
   }
 }
 
-// Walks the tree by its own links: all that a level needs when its child is done
-// follows from the two nodes. Only `top` and leaves may be of derived classes; a derived
-// element below `top` is a leaf here, which writes what is below it.
+// Walks the tree along its own links: the state of a level after its child follows from the
+// two nodes, so no stack is needed. Only `top` and leaves may be of derived classes: a derived
+// element below `top` counts as a leaf, which writes its own content.
 void xhtml_writer::write_tree(const xhtml_element& top) {
   ustring top_name;
   std::optional<Tag_trait> asked;
@@ -149,8 +149,7 @@ void xhtml_writer::write_tree(const xhtml_element& top) {
   }
 }
 
-// Returns whether the content starts on a line of its own. The document root has
-// no tags.
+// Returns whether the content starts on a line of its own. The document root has no tags.
 bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& rules,
                                std::uint32_t layout) {
   if (rules.id == tag_id::doc_root) {
@@ -188,8 +187,8 @@ void xhtml_writer::write_attributes(const xhtml_element& element) {
   }
 }
 
-// The column isn't kept evenly here: the opening quote isn't counted, and each
-// piece is counted with one unit too many. Where lines wrap depends on it.
+// The column is off on purpose: the opening quote isn't counted, and each piece counts one
+// unit too many. Where lines wrap depends on it.
 void xhtml_writer::write_style(const xhtml_element& element) {
   output_.put(u" style");
   put_equals_and_quote();
@@ -278,8 +277,8 @@ void xhtml_writer::write_leaf(const xhtml_markup& node) {
   }
 }
 
-// A run of white space becomes its first unit, with the indentation behind it once
-// for each line feed in the run.
+// A run of white space becomes its first unit, followed by the indentation once for each
+// line feed in the run.
 void xhtml_writer::write_comment(ustring_view text) {
   output_.put(u"<!-- ");
   column += 5;
@@ -301,8 +300,7 @@ void xhtml_writer::wrap(std::int64_t blanks) {
   indent(blanks);
 }
 
-// Text as it stands, with the indentation behind each line feed. The column
-// isn't changed.
+// Puts text unchanged, with the indentation after each line feed. Leaves the column alone.
 void xhtml_writer::put_lines(ustring_view text, std::int64_t blanks) {
   while (true) {
     const std::size_t line_feed = find_unit(text, u'\n');
@@ -314,9 +312,9 @@ void xhtml_writer::put_lines(ustring_view text, std::int64_t blanks) {
   output_.put(text);
 }
 
-// Text re-flowed into lines: each word is followed by one blank. A leading blank
-// stays and isn't counted in the column; the blank behind the last word goes,
-// unless the text ends in white space, and stays counted.
+// Puts text re-flowed into lines, with one blank after each word. A leading blank stays and
+// isn't counted in the column. The blank after the last word is removed, unless the text ends
+// in white space, but stays counted.
 void xhtml_writer::put_wrapped(ustring_view text, std::int64_t blanks) {
   const bool ends_in_word = !text.empty() && !classes_->is_space(text.back());
   if (text.starts_with(u' ')) {

@@ -3,7 +3,6 @@
 
 #include "xport/markup/containment.h"
 #include "xport/markup/leaf_nodes.h"
-#include "xport/markup/xhtml_end_tag.h"
 #include "xport/parser/xhtml_parser.h"
 
 namespace Xport {

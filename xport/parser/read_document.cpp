@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "xport/markup/null_codecvt.h"
 #include "xport/stream/byte_order.h"
 #include "xport/stream/file_input_stream.h"
+#include "xport/stream/null_codecvt.h"
 
 namespace Xport {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "xport/markup/xhtml_end_tag.h"
+#include "xport/markup/leaf_nodes.h"
 #include "xport/parser/start_tag.h"
 #include "xport/parser/take_until.h"
 #include "xport/parser/xhtml_parser.h"

@@ -1,5 +1,5 @@
-#ifndef XPORT_MARKUP_NULL_CODECVT_H
-#define XPORT_MARKUP_NULL_CODECVT_H
+#ifndef XPORT_STREAM_NULL_CODECVT_H
+#define XPORT_STREAM_NULL_CODECVT_H
 
 #include <algorithm>
 #include <cstddef>
@@ -11,9 +11,8 @@
 
 namespace Xport {
 
-/// The conversion between code units and bytes that converts nothing: it tells a
-/// stream that units pass unchanged. Make it with new and give it to a locale,
-/// which then owns it.
+/// A conversion between code units and bytes that converts nothing: it tells a stream that
+/// units pass unchanged. Create it with new and pass it to a locale, which then owns it.
 class NullCodecvt : public std::codecvt<char16, char, std::mbstate_t> {
  public:
   NullCodecvt() = default;
