@@ -7,8 +7,8 @@
 
 #include "tests/markup/content_model.h"
 #include "tests/markup/tree_text.h"
-#include "xport/markup/containment.h"
 #include "xport/markup/leaf_nodes.h"
+#include "xport/vocabulary/tag_table.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "tests/vocabulary/narrow.h"
-#include "xport/vocabulary/tag_names.h"
+#include "xport/vocabulary/tag_id.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace {

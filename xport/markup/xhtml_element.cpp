@@ -5,9 +5,9 @@
 #include <stdexcept>
 #include <vector>
 
-#include "xport/markup/containment.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_writer.h"
+#include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "xport/markup/containment.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/find_any.h"
+#include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
 

@@ -28,8 +28,8 @@ enum layout_flags : std::uint32_t {
   layout_preformatted = 32  ///< has no break bit, and its content stays untouched
 };
 
-/// Values of `layout_flags` by element number, 0 to 91.
-using layout_flags_table = std::array<std::uint32_t, 92>;
+/// Values of `layout_flags` by element number.
+using layout_flags_table = std::array<std::uint32_t, element_count>;
 
 /// The layout that every writer starts with: elements that flow in the text are
 /// inline, `br` breaks behind itself, `pre` is preformatted, all others, the

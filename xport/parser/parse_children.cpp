@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <typeinfo>
 
-#include "xport/markup/containment.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/parser/xhtml_parser.h"
+#include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
 

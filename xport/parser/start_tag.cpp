@@ -4,11 +4,11 @@
 #include <array>
 #include <span>
 
-#include "xport/markup/containment.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/parser/attribute_text.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/stylesheet/style_attribute.h"
+#include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
 

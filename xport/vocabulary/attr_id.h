@@ -1,261 +1,285 @@
 #ifndef XPORT_VOCABULARY_ATTR_ID_H
 #define XPORT_VOCABULARY_ATTR_ID_H
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
+
+#include "xport/vocabulary/name_row.h"
+
+// The attributes by number: first those of XHTML and of the browsers of its time, from 153
+// on the names of DOM events, from 163 on event handlers, from 241 on those of XML. The name
+// is given where it differs from the identifier. A new attribute is a row with the next
+// number at the end of this list; attribute_rules.h says which elements accept it.
+// clang-format off
+#define XPORT_ATTRIBUTES(row) \
+  row(0, abbr) \
+  row(1, above) \
+  row(2, accept) \
+  row(3, accept_charset, "accept-charset") \
+  row(4, accesskey) \
+  row(5, action) \
+  row(6, align) \
+  row(7, alink) \
+  row(8, alt) \
+  row(9, archive) \
+  row(10, autocomplete) \
+  row(11, axis) \
+  row(12, background) \
+  row(13, balance) \
+  row(14, behavior) \
+  row(15, below) \
+  row(16, bgcolor) \
+  row(17, bgproperties) \
+  row(18, border) \
+  row(19, border_color, "border-color") \
+  row(20, bordercolordark) \
+  row(21, bordercolorlight) \
+  row(22, bottommargin) \
+  row(23, cellpadding) \
+  row(24, cellspacing) \
+  row(25, challenge) \
+  row(26, char_attr, "char-attr") \
+  row(27, charoff) \
+  row(28, charset) \
+  row(29, checked) \
+  row(30, cite) \
+  row(31, class_, "class") \
+  row(32, classid) \
+  row(33, clear) \
+  row(34, clip) \
+  row(35, code) \
+  row(36, codebase) \
+  row(37, codetype) \
+  row(38, color) \
+  row(39, cols) \
+  row(40, colspan) \
+  row(41, compact) \
+  row(42, content) \
+  row(43, contenteditable) \
+  row(44, coords) \
+  row(45, data) \
+  row(46, datafld) \
+  row(47, dataformatas) \
+  row(48, datapagesize) \
+  row(49, datasrc) \
+  row(50, datetime) \
+  row(51, declare) \
+  row(52, defer) \
+  row(53, dir) \
+  row(54, direction) \
+  row(55, disabled) \
+  row(56, dynsrc) \
+  row(57, enctype) \
+  row(58, event) \
+  row(59, face) \
+  row(60, for_, "for") \
+  row(61, frame) \
+  row(62, frameborder) \
+  row(63, framespacing) \
+  row(64, galleryimg) \
+  row(65, gutter) \
+  row(66, headers) \
+  row(67, height) \
+  row(68, hidden) \
+  row(69, href) \
+  row(70, hreflang) \
+  row(71, hspace) \
+  row(72, http_equiv, "http-equiv") \
+  row(73, id) \
+  row(74, ismap) \
+  row(75, label) \
+  row(76, lang) \
+  row(77, language) \
+  row(78, left) \
+  row(79, left_margin, "left-margin") \
+  row(80, link) \
+  row(81, longdesc) \
+  row(82, loop) \
+  row(83, lowsrc) \
+  row(84, marginheight) \
+  row(85, marginwidth) \
+  row(86, maxlength) \
+  row(87, mayscript) \
+  row(88, media) \
+  row(89, method) \
+  row(90, methods) \
+  row(91, multiple) \
+  row(92, name) \
+  row(93, nohref) \
+  row(94, noresize) \
+  row(95, noshade) \
+  row(96, nowrap) \
+  row(97, object) \
+  row(98, pagex) \
+  row(99, pagey) \
+  row(100, pluginspage) \
+  row(101, pluginurl) \
+  row(102, point_size, "point-size") \
+  row(103, profile) \
+  row(104, prompt) \
+  row(105, rbspan) \
+  row(106, readonly) \
+  row(107, rel) \
+  row(108, rev) \
+  row(109, rightmargin) \
+  row(110, rows) \
+  row(111, rowspan) \
+  row(112, rules) \
+  row(113, scheme) \
+  row(114, scope) \
+  row(115, scroll) \
+  row(116, scrollamount) \
+  row(117, scrolldelay) \
+  row(118, scrolling) \
+  row(119, security) \
+  row(120, selected) \
+  row(121, shape) \
+  row(122, size) \
+  row(123, span) \
+  row(124, src) \
+  row(125, standby) \
+  row(126, start) \
+  row(127, style) \
+  row(128, summary) \
+  row(129, tabindex) \
+  row(130, target) \
+  row(131, text) \
+  row(132, title) \
+  row(133, top) \
+  row(134, topmargin) \
+  row(135, truespeed) \
+  row(136, type) \
+  row(137, units) \
+  row(138, unselectable) \
+  row(139, urn) \
+  row(140, usemap) \
+  row(141, valign) \
+  row(142, value) \
+  row(143, valuetype) \
+  row(144, version) \
+  row(145, visibility) \
+  row(146, vlink) \
+  row(147, volume) \
+  row(148, vspace) \
+  row(149, weight) \
+  row(150, width) \
+  row(151, wrap) \
+  row(152, z_index, "z-index") \
+  /* DOM events */ \
+  row(153, DOMActivate) \
+  row(154, DOMAttrModified) \
+  row(155, DOMCharacterDataModified) \
+  row(156, DOMFocusIn) \
+  row(157, DOMFocusOut) \
+  row(158, DOMNodeInserted) \
+  row(159, DOMNodeInsertedIntoDocument) \
+  row(160, DOMNodeRemoved) \
+  row(161, DOMNodeRemovedFromDocument) \
+  row(162, DOMSubtreeModified) \
+  /* event handlers */ \
+  row(163, onabort) \
+  row(164, onactivate) \
+  row(165, onafterprint) \
+  row(166, onafterupdate) \
+  row(167, onbeforeactivate) \
+  row(168, onbeforecopy) \
+  row(169, onbeforecut) \
+  row(170, onbeforedeactivate) \
+  row(171, onbeforeeditfocus) \
+  row(172, onbeforepaste) \
+  row(173, onbeforeprint) \
+  row(174, onbeforeunload) \
+  row(175, onbeforeupdate) \
+  row(176, onblur) \
+  row(177, onbounce) \
+  row(178, oncellchange) \
+  row(179, onchange) \
+  row(180, onclick) \
+  row(181, oncontextmenu) \
+  row(182, oncontrolselect) \
+  row(183, oncopy) \
+  row(184, oncut) \
+  row(185, ondataavailable) \
+  row(186, ondatasetchanged) \
+  row(187, ondatasetcomplete) \
+  row(188, ondblclick) \
+  row(189, ondeactivate) \
+  row(190, ondrag) \
+  row(191, ondragdrop) \
+  row(192, ondragend) \
+  row(193, ondragenter) \
+  row(194, ondragleave) \
+  row(195, ondragover) \
+  row(196, ondragstart) \
+  row(197, ondrop) \
+  row(198, onerror) \
+  row(199, onerrorupdate) \
+  row(200, onfilterchange) \
+  row(201, onfinish) \
+  row(202, onfocus) \
+  row(203, onfocusin) \
+  row(204, onfocusout) \
+  row(205, onhelp) \
+  row(206, onkeydown) \
+  row(207, onkeypress) \
+  row(208, onkeyup) \
+  row(209, onlayoutcomplete) \
+  row(210, onload) \
+  row(211, onlosecapture) \
+  row(212, onmousedown) \
+  row(213, onmouseenter) \
+  row(214, onmouseleave) \
+  row(215, onmousemove) \
+  row(216, onmouseout) \
+  row(217, onmouseover) \
+  row(218, onmouseup) \
+  row(219, onmousewheel) \
+  row(220, onmove) \
+  row(221, onmoveend) \
+  row(222, onmovestart) \
+  row(223, onpaste) \
+  row(224, onpropertychange) \
+  row(225, onreadystatechange) \
+  row(226, onreset) \
+  row(227, onresize) \
+  row(228, onresizeend) \
+  row(229, onresizestart) \
+  row(230, onrowenter) \
+  row(231, onrowexit) \
+  row(232, onrowsdelete) \
+  row(233, onrowsinserted) \
+  row(234, onscroll) \
+  row(235, onselect) \
+  row(236, onselectionchange) \
+  row(237, onselectstart) \
+  row(238, onstart) \
+  row(239, onsubmit) \
+  row(240, onunload) \
+  /* XML */ \
+  row(241, xml_lang, "xml:lang") \
+  row(242, xmlns) \
+  row(243, xmlspaceL)
+// clang-format on
 
 namespace Xport {
 
-/// The attributes by number: 0 to 152 those of XHTML and of the browsers of its time,
-/// 153 to 162 DOM event names, 163 to 240 event handlers, 241 to 243 those of XML.
-/// `not_found` is what every name outside the table resolves to.
-enum class attr_id : std::int32_t {
-  not_found = -1,
-  abbr = 0,
-  above = 1,
-  accept = 2,
-  accept_charset = 3,
-  accesskey = 4,
-  action = 5,
-  align = 6,
-  alink = 7,
-  alt = 8,
-  archive = 9,
-  autocomplete = 10,
-  axis = 11,
-  background = 12,
-  balance = 13,
-  behavior = 14,
-  below = 15,
-  bgcolor = 16,
-  bgproperties = 17,
-  border = 18,
-  border_color = 19,
-  bordercolordark = 20,
-  bordercolorlight = 21,
-  bottommargin = 22,
-  cellpadding = 23,
-  cellspacing = 24,
-  challenge = 25,
-  char_attr = 26,
-  charoff = 27,
-  charset = 28,
-  checked = 29,
-  cite = 30,
-  class_ = 31,
-  classid = 32,
-  clear = 33,
-  clip = 34,
-  code = 35,
-  codebase = 36,
-  codetype = 37,
-  color = 38,
-  cols = 39,
-  colspan = 40,
-  compact = 41,
-  content = 42,
-  contenteditable = 43,
-  coords = 44,
-  data = 45,
-  datafld = 46,
-  dataformatas = 47,
-  datapagesize = 48,
-  datasrc = 49,
-  datetime = 50,
-  declare = 51,
-  defer = 52,
-  dir = 53,
-  direction = 54,
-  disabled = 55,
-  dynsrc = 56,
-  enctype = 57,
-  event = 58,
-  face = 59,
-  for_ = 60,
-  frame = 61,
-  frameborder = 62,
-  framespacing = 63,
-  galleryimg = 64,
-  gutter = 65,
-  headers = 66,
-  height = 67,
-  hidden = 68,
-  href = 69,
-  hreflang = 70,
-  hspace = 71,
-  http_equiv = 72,
-  id = 73,
-  ismap = 74,
-  label = 75,
-  lang = 76,
-  language = 77,
-  left = 78,
-  left_margin = 79,
-  link = 80,
-  longdesc = 81,
-  loop = 82,
-  lowsrc = 83,
-  marginheight = 84,
-  marginwidth = 85,
-  maxlength = 86,
-  mayscript = 87,
-  media = 88,
-  method = 89,
-  methods = 90,
-  multiple = 91,
-  name = 92,
-  nohref = 93,
-  noresize = 94,
-  noshade = 95,
-  nowrap = 96,
-  object = 97,
-  pagex = 98,
-  pagey = 99,
-  pluginspage = 100,
-  pluginurl = 101,
-  point_size = 102,
-  profile = 103,
-  prompt = 104,
-  rbspan = 105,
-  readonly = 106,
-  rel = 107,
-  rev = 108,
-  rightmargin = 109,
-  rows = 110,
-  rowspan = 111,
-  rules = 112,
-  scheme = 113,
-  scope = 114,
-  scroll = 115,
-  scrollamount = 116,
-  scrolldelay = 117,
-  scrolling = 118,
-  security = 119,
-  selected = 120,
-  shape = 121,
-  size = 122,
-  span = 123,
-  src = 124,
-  standby = 125,
-  start = 126,
-  style = 127,
-  summary = 128,
-  tabindex = 129,
-  target = 130,
-  text = 131,
-  title = 132,
-  top = 133,
-  topmargin = 134,
-  truespeed = 135,
-  type = 136,
-  units = 137,
-  unselectable = 138,
-  urn = 139,
-  usemap = 140,
-  valign = 141,
-  value = 142,
-  valuetype = 143,
-  version = 144,
-  visibility = 145,
-  vlink = 146,
-  volume = 147,
-  vspace = 148,
-  weight = 149,
-  width = 150,
-  wrap = 151,
-  z_index = 152,
-  DOMActivate = 153,
-  DOMAttrModified = 154,
-  DOMCharacterDataModified = 155,
-  DOMFocusIn = 156,
-  DOMFocusOut = 157,
-  DOMNodeInserted = 158,
-  DOMNodeInsertedIntoDocument = 159,
-  DOMNodeRemoved = 160,
-  DOMNodeRemovedFromDocument = 161,
-  DOMSubtreeModified = 162,
-  onabort = 163,
-  onactivate = 164,
-  onafterprint = 165,
-  onafterupdate = 166,
-  onbeforeactivate = 167,
-  onbeforecopy = 168,
-  onbeforecut = 169,
-  onbeforedeactivate = 170,
-  onbeforeeditfocus = 171,
-  onbeforepaste = 172,
-  onbeforeprint = 173,
-  onbeforeunload = 174,
-  onbeforeupdate = 175,
-  onblur = 176,
-  onbounce = 177,
-  oncellchange = 178,
-  onchange = 179,
-  onclick = 180,
-  oncontextmenu = 181,
-  oncontrolselect = 182,
-  oncopy = 183,
-  oncut = 184,
-  ondataavailable = 185,
-  ondatasetchanged = 186,
-  ondatasetcomplete = 187,
-  ondblclick = 188,
-  ondeactivate = 189,
-  ondrag = 190,
-  ondragdrop = 191,
-  ondragend = 192,
-  ondragenter = 193,
-  ondragleave = 194,
-  ondragover = 195,
-  ondragstart = 196,
-  ondrop = 197,
-  onerror = 198,
-  onerrorupdate = 199,
-  onfilterchange = 200,
-  onfinish = 201,
-  onfocus = 202,
-  onfocusin = 203,
-  onfocusout = 204,
-  onhelp = 205,
-  onkeydown = 206,
-  onkeypress = 207,
-  onkeyup = 208,
-  onlayoutcomplete = 209,
-  onload = 210,
-  onlosecapture = 211,
-  onmousedown = 212,
-  onmouseenter = 213,
-  onmouseleave = 214,
-  onmousemove = 215,
-  onmouseout = 216,
-  onmouseover = 217,
-  onmouseup = 218,
-  onmousewheel = 219,
-  onmove = 220,
-  onmoveend = 221,
-  onmovestart = 222,
-  onpaste = 223,
-  onpropertychange = 224,
-  onreadystatechange = 225,
-  onreset = 226,
-  onresize = 227,
-  onresizeend = 228,
-  onresizestart = 229,
-  onrowenter = 230,
-  onrowexit = 231,
-  onrowsdelete = 232,
-  onrowsinserted = 233,
-  onscroll = 234,
-  onselect = 235,
-  onselectionchange = 236,
-  onselectstart = 237,
-  onstart = 238,
-  onsubmit = 239,
-  onunload = 240,
-  xml_lang = 241,
-  xmlns = 242,
-  xmlspaceL = 243,
-};
+/// The number of an attribute. `not_found` is what every name outside the table resolves to.
+enum class attr_id : std::int32_t { not_found = -1, XPORT_ATTRIBUTES(XPORT_ENUMERATOR) };
+
+namespace detail {
+
+/// The attribute names by number.
+inline constexpr name_row<attr_id> attribute_rows[] = {XPORT_ATTRIBUTES(XPORT_NAME_ROW)};
+static_assert(rows_in_order(attribute_rows));
+
+}  // namespace detail
+
+/// The number of attributes.
+inline constexpr std::size_t attribute_count = std::size(detail::attribute_rows);
 
 }  // namespace Xport
+
+#undef XPORT_ATTRIBUTES
 
 #endif

@@ -5,14 +5,14 @@
 
 namespace Xport::detail {
 
-/// The attributes of some elements: groups they share with many, and their own.
+/// The attributes of some elements: the groups that many elements share, and their own.
 struct attribute_rule {
   tag_set elements;
   attribute_set groups;
   attribute_set own;
 };
 
-/// What one element takes beyond its published list, and what it lacks of it.
+/// What one element accepts beyond its published list, and what it lacks from that list.
 struct attribute_departure {
   tag_id element;
   attribute_set additions;
@@ -29,7 +29,7 @@ constexpr attribute_set operator|(attribute_set left, const attribute_set& right
   return left;
 }
 
-// The groups have the names of the parameter entities of the published document type.
+// The groups are named after the parameter entities of the published document type.
 inline constexpr attribute_set no_group;
 inline constexpr attribute_set coreattrs{attr::id, attr::class_, attr::style, attr::title};
 inline constexpr attribute_set i18n{attr::lang, attr::xml_lang, attr::dir};
@@ -41,7 +41,7 @@ inline constexpr attribute_set focus{attr::accesskey, attr::tabindex, attr::onfo
 inline constexpr attribute_set cellhalign{attr::align, attr::char_attr, attr::charoff};
 inline constexpr attribute_set cellvalign{attr::valign};
 
-/// The attribute lists of XHTML 1.0 Strict, each element named once.
+/// The attribute lists of XHTML 1.0 Strict. Each element belongs to one rule.
 inline constexpr attribute_rule rules[] = {
     // The document and its head.
     {{tag::html}, i18n, {attr::id, attr::xmlns}},
@@ -125,7 +125,7 @@ inline constexpr attribute_rule rules[] = {
      {attr::abbr, attr::axis, attr::headers, attr::scope, attr::rowspan, attr::colspan}},
 };
 
-/// Where the records depart from the published lists.
+/// Where the records differ from the published lists.
 inline constexpr attribute_departure departures[] = {
     {tag::a, {attr::target}, {}},
     {tag::acronym, {}, {attr::dir}},

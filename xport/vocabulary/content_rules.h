@@ -7,7 +7,7 @@
 
 namespace Xport::detail {
 
-/// What may stand inside some elements, and how these may stand inside others.
+/// What some elements accept inside them, and how they may stand inside others.
 struct content_rule {
   tag_set elements;
   std::uint32_t category_flags;
@@ -22,14 +22,14 @@ using enum tag_id;
 
 inline constexpr std::uint32_t content_flow = content_block | content_inline;
 
-/// The membership of the content models of XHTML 1.0 Strict; order and number of children
-/// are no matter of these rules. They depart from the published models in this:
-/// - `ins` and `del` have no category, so they stand in `body` only, which names them;
-/// - `form` and `noscript` take inline elements and character data directly;
-/// - `address` takes `p` as well, `head` takes no `object` and `map` no `script`.
-/// The elements that Strict lacks are named by no rule.
+/// The content models of XHTML 1.0 Strict as membership: the order and the number of children
+/// don't matter here. They differ from the published models:
+/// - `ins` and `del` have no category, so only `body`, which names them, accepts them;
+/// - `form` and `noscript` accept inline elements and character data directly;
+/// - `address` accepts `p` too, `head` no `object`, and `map` no `script`.
+/// Each element belongs to one rule, except those that Strict lacks, which belong to none.
 inline constexpr content_rule rules[] = {
-    // Parts of other elements, admitted only where a parent names them.
+    // Parts of other elements, accepted only by a parent that names them.
     {{area, base, col, link, meta, param}, category_none, content_none, {}, {}},
     {{head}, category_none, content_none, {base, link, meta, script, style, title}, {}},
     {{html}, category_none, content_none, {body, head}, {}},

@@ -7,8 +7,8 @@
 
 namespace Xport {
 
-/// An ordered set of the numbers 0 to Count - 1 of an enumeration, kept as bits.
-/// Constant-initialised sets cost nothing at load and one shift to ask.
+/// An ordered set of the numbers 0 to Count - 1 of an enumeration, kept as bits. It can be
+/// built at compile time, and contains() costs one shift.
 template <class Id, std::size_t Count>
 class id_set {
  public:
@@ -20,7 +20,7 @@ class id_set {
   /// Adds `id`, which must lie in 0 to Count - 1.
   constexpr void insert(Id id) { words_[word(id)] |= bit(id); }
 
-  /// Takes `id`, which must lie in 0 to Count - 1, out again.
+  /// Removes `id`, which must lie in 0 to Count - 1.
   constexpr void erase(Id id) { words_[word(id)] &= ~bit(id); }
 
   /// Adds all of `other`.
@@ -28,7 +28,7 @@ class id_set {
     for (std::size_t i = 0; i < word_count; ++i) words_[i] |= other.words_[i];
   }
 
-  /// Takes all of `other` out again.
+  /// Removes all of `other`.
   constexpr void erase(const id_set& other) {
     for (std::size_t i = 0; i < word_count; ++i) words_[i] &= ~other.words_[i];
   }

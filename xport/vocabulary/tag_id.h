@@ -1,109 +1,137 @@
 #ifndef XPORT_VOCABULARY_TAG_ID_H
 #define XPORT_VOCABULARY_TAG_ID_H
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
+
+#include "xport/vocabulary/name_row.h"
+
+// The elements of XHTML 1.0 by number, including those of its Transitional and Frameset
+// forms. Row 0 is the pseudo-element above `html`. The name is given where it differs from
+// the identifier.
+//
+// To add an element, add
+// - a row with the next number at the end of this list,
+// - the element to a rule in content_rules.h, without which it can't be used,
+// - the element to a rule in attribute_rules.h.
+// All counts and tables follow. The writer lays it out as a block unless default_layout() in
+// xport/markup/xhtml_writer.h lists it.
+// clang-format off
+#define XPORT_ELEMENTS(row) \
+  row(0, doc_root, "doc root") \
+  row(1, a) \
+  row(2, abbr) \
+  row(3, acronym) \
+  row(4, address) \
+  row(5, applet) \
+  row(6, area) \
+  row(7, b) \
+  row(8, base) \
+  row(9, basefont) \
+  row(10, bdo) \
+  row(11, big) \
+  row(12, blockquote) \
+  row(13, body) \
+  row(14, br) \
+  row(15, button) \
+  row(16, caption) \
+  row(17, center) \
+  row(18, cite) \
+  row(19, code) \
+  row(20, col) \
+  row(21, colgroup) \
+  row(22, dd) \
+  row(23, del) \
+  row(24, dfn) \
+  row(25, dir) \
+  row(26, div) \
+  row(27, dl) \
+  row(28, dt) \
+  row(29, em) \
+  row(30, fieldset) \
+  row(31, font) \
+  row(32, form) \
+  row(33, frame) \
+  row(34, frameset) \
+  row(35, h1) \
+  row(36, h2) \
+  row(37, h3) \
+  row(38, h4) \
+  row(39, h5) \
+  row(40, h6) \
+  row(41, head) \
+  row(42, hr) \
+  row(43, html) \
+  row(44, i) \
+  row(45, iframe) \
+  row(46, img) \
+  row(47, input) \
+  row(48, ins) \
+  row(49, isindex) \
+  row(50, kbd) \
+  row(51, label) \
+  row(52, legend) \
+  row(53, li) \
+  row(54, link) \
+  row(55, map) \
+  row(56, menu) \
+  row(57, meta) \
+  row(58, noframes) \
+  row(59, noscript) \
+  row(60, object) \
+  row(61, ol) \
+  row(62, optgroup) \
+  row(63, option) \
+  row(64, p) \
+  row(65, param) \
+  row(66, pre) \
+  row(67, q) \
+  row(68, s) \
+  row(69, samp) \
+  row(70, script) \
+  row(71, select) \
+  row(72, small) \
+  row(73, span) \
+  row(74, strike) \
+  row(75, strong) \
+  row(76, style) \
+  row(77, sub) \
+  row(78, sup) \
+  row(79, table) \
+  row(80, tbody) \
+  row(81, td) \
+  row(82, textarea) \
+  row(83, tfoot) \
+  row(84, th) \
+  row(85, thead) \
+  row(86, title) \
+  row(87, tr) \
+  row(88, tt) \
+  row(89, u) \
+  row(90, ul) \
+  row(91, var)
+// clang-format on
 
 namespace Xport {
 
-/// The elements of XHTML 1.0 by number, those of its Transitional and Frameset forms
-/// included. Row 0 is the pseudo-element above `html`; `invalid_tag` is what every
-/// name outside the table resolves to.
-enum class tag_id : std::int32_t {
-  doc_root = 0,
-  a = 1,
-  abbr = 2,
-  acronym = 3,
-  address = 4,
-  applet = 5,
-  area = 6,
-  b = 7,
-  base = 8,
-  basefont = 9,
-  bdo = 10,
-  big = 11,
-  blockquote = 12,
-  body = 13,
-  br = 14,
-  button = 15,
-  caption = 16,
-  center = 17,
-  cite = 18,
-  code = 19,
-  col = 20,
-  colgroup = 21,
-  dd = 22,
-  del = 23,
-  dfn = 24,
-  dir = 25,
-  div = 26,
-  dl = 27,
-  dt = 28,
-  em = 29,
-  fieldset = 30,
-  font = 31,
-  form = 32,
-  frame = 33,
-  frameset = 34,
-  h1 = 35,
-  h2 = 36,
-  h3 = 37,
-  h4 = 38,
-  h5 = 39,
-  h6 = 40,
-  head = 41,
-  hr = 42,
-  html = 43,
-  i = 44,
-  iframe = 45,
-  img = 46,
-  input = 47,
-  ins = 48,
-  isindex = 49,
-  kbd = 50,
-  label = 51,
-  legend = 52,
-  li = 53,
-  link = 54,
-  map = 55,
-  menu = 56,
-  meta = 57,
-  noframes = 58,
-  noscript = 59,
-  object = 60,
-  ol = 61,
-  optgroup = 62,
-  option = 63,
-  p = 64,
-  param = 65,
-  pre = 66,
-  q = 67,
-  s = 68,
-  samp = 69,
-  script = 70,
-  select = 71,
-  small = 72,
-  span = 73,
-  strike = 74,
-  strong = 75,
-  style = 76,
-  sub = 77,
-  sup = 78,
-  table = 79,
-  tbody = 80,
-  td = 81,
-  textarea = 82,
-  tfoot = 83,
-  th = 84,
-  thead = 85,
-  title = 86,
-  tr = 87,
-  tt = 88,
-  u = 89,
-  ul = 90,
-  var = 91,
-  invalid_tag = 92
-};
+/// The number of an element. `invalid_tag`, the number after the last element, is what
+/// every name outside the table resolves to.
+enum class tag_id : std::int32_t { XPORT_ELEMENTS(XPORT_ENUMERATOR) invalid_tag };
+
+namespace detail {
+
+/// The element names by number. `invalid_tag` has no row.
+inline constexpr name_row<tag_id> tag_rows[] = {XPORT_ELEMENTS(XPORT_NAME_ROW)};
+static_assert(rows_in_order(tag_rows));
+
+}  // namespace detail
+
+/// The number of elements, including the pseudo-element and without `invalid_tag`.
+inline constexpr std::size_t element_count = std::size(detail::tag_rows);
 
 }  // namespace Xport
+
+#undef XPORT_ELEMENTS
 
 #endif

@@ -6,7 +6,6 @@
 
 #include "xport/vocabulary/attribute_rules.h"
 #include "xport/vocabulary/content_rules.h"
-#include "xport/vocabulary/tag_names.h"
 
 namespace Xport {
 
@@ -59,9 +58,9 @@ constexpr void set_attributes(rule_records& records) {
   }
 }
 
-/// Makes the rows of the elements that Strict lacks unusable: they report "invalid tag" as
-/// their id and have no name. Their two numbers are those of the row before, on which
-/// rests whether such an element is void; so rows are taken in ascending order.
+// Makes the rows of the elements that Strict lacks unusable: `invalid_tag` as id, no name and
+// empty sets. Each gets the two flags of the row before it, which decide whether such an
+// element is void. Rows are therefore handled in ascending order.
 constexpr void empty_unusable_rows(rule_records& records) {
   for (const auto& tag : detail::tag_rows)
     if (!has_content_rule(tag.id)) {

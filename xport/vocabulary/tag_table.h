@@ -10,13 +10,16 @@
 
 namespace Xport {
 
-using tag_set = id_set<tag_id, 93>;
-using attribute_set = id_set<attr_id, 244>;
+/// The number of rule records: one for each element and one for `invalid_tag`.
+inline constexpr std::size_t tag_record_count = element_count + 1;
+
+using tag_set = id_set<tag_id, tag_record_count>;
+using attribute_set = id_set<attr_id, attribute_count>;
 
 /// Values of Tag_trait::category_flags: how an element may stand inside others.
 enum category : std::uint32_t { category_none = 0, category_block = 1, category_inline = 2 };
 
-/// Bits of Tag_trait::content_flags: what an element takes freely.
+/// Bits of Tag_trait::content_flags: which kinds of content an element accepts.
 enum content : std::uint32_t {
   content_none = 0,
   content_block = 1,
@@ -26,23 +29,49 @@ enum content : std::uint32_t {
 
 /// The rule record of one kind of element, after XHTML 1.0 Strict.
 struct Tag_trait {
-  tag_id id;                     ///< its own row, 92 where the row can't be used
+  tag_id id;                     ///< its own number; `invalid_tag` where the row can't be used
   std::uint32_t category_flags;  ///< one value of `category`
   std::uint32_t content_flags;   ///< bits of `content`
   ustring_view name;             ///< as written in tags
-  tag_set allowed_children;      ///< admitted besides what content_flags admits
-  tag_set excluded_children;     ///< refused although content_flags admits them
+  tag_set allowed_children;      ///< accepted in addition to what content_flags accepts
+  tag_set excluded_children;     ///< refused although content_flags accepts them
   attribute_set allowed_attributes;
-  tag_set spare_ids;  ///< empty in every record, read by nothing
+  tag_set spare_ids;  ///< unused: empty in every record
 };
 
-/// The 93 rule records by number: row 0 the document root, rows 1 to 91 the
-/// elements, row 92 "invalid tag". Constant data, ready before any code runs.
+/// Whether an element with the rules `parent` accepts character data.
+constexpr bool takes_text(const Tag_trait& parent) {
+  return (parent.content_flags & (content_inline | content_text)) != 0;
+}
+
+/// Whether an element with the rules `parent` accepts no content at all.
+constexpr bool takes_nothing(const Tag_trait& parent) {
+  return parent.content_flags == content_none && parent.allowed_children.empty();
+}
+
+/// Whether an element with the rules `parent` accepts the element `child` of the category
+/// `category_flags`. If the category is accepted, all elements are but the excluded ones;
+/// otherwise only those allowed by name. `invalid_tag` is accepted nowhere.
+constexpr bool takes_element(const Tag_trait& parent, tag_id child, std::uint32_t category_flags) {
+  if (child == tag_id::invalid_tag) return false;
+  const bool by_category = (parent.content_flags & (content_block | content_inline)) != 0 &&
+                           (parent.content_flags & category_flags) != 0;
+  if (by_category) return !parent.excluded_children.contains(child);
+  return parent.allowed_children.contains(child);
+}
+
+/// Whether an element with the rules `parent` accepts one with the rules `child`.
+constexpr bool takes_element(const Tag_trait& parent, const Tag_trait& child) {
+  return takes_element(parent, child.id, child.category_flags);
+}
+
+/// The rule records by number: the document root, the elements, "invalid tag". Constant
+/// data, ready before any code runs.
 class Tag_table {
  public:
-  static constexpr std::size_t size() { return 93; }
+  static constexpr std::size_t size() { return tag_record_count; }
 
-  /// The record of a number, null for numbers below 0 and from 93 on.
+  /// The record of a number; null for numbers below 0 and from size() on.
   const Tag_trait* operator[](tag_id id) const {
     return static_cast<std::uint32_t>(id) < size() ? rows_ + static_cast<std::uint32_t>(id)
                                                    : nullptr;
@@ -56,8 +85,8 @@ class Tag_table {
 
 extern const Tag_table tag_table;
 
-/// An element's small cell that points to its shared rule record. Null for an
-/// element made with a number outside the table.
+/// An element's pointer to the rule record that it shares with all elements of its kind.
+/// Null for an element created with a number outside the table.
 class Tag_trait_handle {
  public:
   explicit Tag_trait_handle(const Tag_trait* record) : record_(record) {}
