@@ -10,7 +10,7 @@ namespace Xport {
 
 namespace {
 
-// Takes declarations from the front of a text.
+// Reads declarations one after another from a text.
 class declaration_reader {
  public:
   declaration_reader(ustring_view text, const character_classes& classes)
@@ -51,7 +51,7 @@ void parse_style_attribute(xhtml_element& element, ustring_view text,
                            const character_classes& classes) {
   if (element.tag_trait()->get() == nullptr) return;
   style_map& style = *element.style_properties();
-  // Stored a few at a time, as each change makes the map anew.
+  // Store a few at a time: each insertion rebuilds the map.
   std::array<style_map::value_type, 8> read;
   std::size_t count = 0;
   declaration_reader reader(text, classes);

@@ -8,18 +8,18 @@
 namespace Xport {
 
 /// Reads the value of a `style` attribute into the style of `element`. A property that
-/// has a value, from before or from an earlier place in `text`, keeps it. Names outside
-/// the table and names without a value are dropped. An element without a rule record
-/// stores nothing.
+/// already has a value, from before the call or from earlier in `text`, keeps it. Names
+/// outside the table and names without a value are dropped. An element without a rule
+/// record stores nothing.
 ///
-/// The rules are simpler than those of a stylesheet. A name goes up to white space or a
-/// ":", and what ends it is skipped. A value goes up to white space or a ";", so it
-/// holds no blank, and what ends it is not skipped. A ";" thus becomes part of the next
-/// name, which then isn't in the table: declarations are to be set apart by white space
-/// alone, and of `color: red; width: 2px` only the color is stored.
+/// The rules are simpler than those of a stylesheet. A name ends at white space or ":", and
+/// the unit that ends it is skipped. A value ends at white space or ";", so it contains no
+/// blank, and the unit that ends it is not skipped. A ";" therefore becomes part of the next
+/// name, which then isn't in the table. Declarations must be separated by white space alone:
+/// of `color: red; width: 2px` only the color is stored.
 ///
 /// Throws std::bad_alloc, and std::length_error for a value of 2^32 units or more; the
-/// style then holds part of what was read. `text` mustn't lie in the element's style.
+/// style then holds part of what was read. `text` must not point into the element's style.
 void parse_style_attribute(xhtml_element& element, ustring_view text,
                            const character_classes& classes = character_classes());
 

@@ -19,14 +19,15 @@ struct stylesheet_declaration {
   ustring value;
 };
 
-/// The numbers that xhtml_stylesheet_item::item_kind() answers with.
+/// The values that xhtml_stylesheet_item::item_kind() returns.
 enum class item_type : std::int32_t { none = 0, rule = 1, comment = 2, import = 3 };
 
-/// An item of a stylesheet, and a neutral one that does nothing. Only rules hold
-/// declarations: the other kinds answer every operation on them with the end.
+/// An item of a stylesheet. The class itself is a neutral item that does nothing. Only
+/// rules hold declarations: for the other kinds every operation on declarations returns
+/// the end.
 ///
-/// Positions that an operation takes must lie in this item's declarations. What
-/// stores a text throws std::bad_alloc.
+/// A position passed to an operation must lie in this item's declarations. Operations
+/// that store a text may throw std::bad_alloc.
 class xhtml_stylesheet_item {
  public:
   xhtml_stylesheet_item() = default;
@@ -34,21 +35,24 @@ class xhtml_stylesheet_item {
   xhtml_stylesheet_item& operator=(const xhtml_stylesheet_item&) = delete;
   virtual ~xhtml_stylesheet_item();
 
-  /// Inserts before `position` and gives the position of the new declaration.
+  /// Inserts before `position` and returns the position of the new declaration. Time linear
+  /// in the number of declarations after it.
   virtual stylesheet_rule_iterator insert_declaration(stylesheet_rule_iterator position,
                                                       const stylesheet_declaration& declaration);
 
-  /// Adds at the end, with the new declaration's position and without.
+  /// Add at the end; the first returns the position of the new declaration.
   virtual stylesheet_rule_iterator add_declaration(const stylesheet_declaration& declaration);
   virtual void push_declaration(const stylesheet_declaration& declaration);
 
   /// The end of the declarations.
   virtual stylesheet_rule_iterator declarations_end();
 
-  /// Removes one declaration; the result is the position of the one behind it.
+  /// Removes one declaration and returns the position of the next one. Time linear in the
+  /// number of declarations after it.
   virtual stylesheet_rule_iterator erase_declaration(stylesheet_rule_iterator position);
 
-  /// Removes the first declaration of that property, if there is one.
+  /// Removes the first declaration of that property, if any. Time linear in the number of
+  /// declarations.
   virtual void erase_property(css_property_id property);
 
   /// Writes the item in its text form.
@@ -63,10 +67,10 @@ class xhtml_stylesheet_item {
   /// The selector of a rule, the text of a comment, the URL of an import.
   virtual ustring item_text() const;
 
-  /// A deep copy, which the caller owns; null for a neutral item.
+  /// Returns a deep copy, which the caller owns; null for a neutral item.
   virtual xhtml_stylesheet_item* clone() const;
 
-  /// The first of the declarations; for a rule they go up to declarations_end().
+  /// The first declaration; the end if there is none.
   stylesheet_rule_iterator declarations_begin() {
     return stylesheet_rule_iterator(declarations_.begin());
   }
@@ -81,8 +85,8 @@ class xhtml_stylesheet_item {
   std::vector<stylesheet_declaration> declarations_;
 };
 
-/// A selector with its declarations in the order in which they were added. The
-/// selector is one text that nothing analyses.
+/// A selector with its declarations in order. The selector is a plain text that is never
+/// analysed.
 class xhtml_stylesheet_rule final : public xhtml_stylesheet_item {
  public:
   explicit xhtml_stylesheet_rule(ustring_view selector);
@@ -100,12 +104,12 @@ class xhtml_stylesheet_rule final : public xhtml_stylesheet_item {
   ustring item_text() const override { return selector_; }
   xhtml_stylesheet_item* clone() const override;
 
-  /// Removes the declarations from `first` up to `last`; the result is the
-  /// position of the one behind them.
+  /// Removes the declarations from `first` up to but not including `last`, and returns the
+  /// position of the next one. Time linear in the number of declarations from `first` on.
   stylesheet_rule_iterator erase_declarations(stylesheet_rule_iterator first,
                                               stylesheet_rule_iterator last);
 
-  /// Kept with the rule; the written indentation comes from the writer.
+  /// Copied with the rule and otherwise unused: the writer indents by its own options.
   std::int32_t indent = 3;
 
  private:
@@ -126,7 +130,7 @@ class xhtml_stylesheet_import final : public xhtml_stylesheet_item {
   ustring url_;
 };
 
-/// A comment. The text is without its delimiters.
+/// A comment. The text doesn't include the delimiters.
 class xhtml_stylesheet_comment final : public xhtml_stylesheet_item {
  public:
   explicit xhtml_stylesheet_comment(ustring_view text);

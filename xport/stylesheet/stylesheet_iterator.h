@@ -10,9 +10,9 @@
 
 namespace Xport {
 
-/// A random-access position in a vector of a stylesheet. `Position` is an
-/// iterator of the vector, `Value` what dereferencing gives. A position is valid
-/// as long as one of the vector would be: until it grows or shrinks.
+/// A random-access position in a vector of a stylesheet. `Position` is an iterator of the
+/// vector, and dereferencing returns a `Value&`. A position becomes invalid when `Position`
+/// does: when the vector grows or shrinks.
 template <class Position, class Value>
 class vector_position {
  public:
@@ -67,7 +67,7 @@ class vector_position {
     return a.position_ <=> b.position_;
   }
 
-  /// The position in the vector.
+  /// The iterator of the vector.
   const Position& base() const { return position_; }
 
  private:
@@ -84,7 +84,8 @@ using const_stylesheet_rule_iterator =
     vector_position<std::vector<stylesheet_declaration>::const_iterator,
                     const stylesheet_declaration>;
 
-/// A position among the items of a stylesheet. Dereferencing gives the item.
+/// A position among the items of a stylesheet. Dereferencing returns the item itself, not
+/// the pointer that the stylesheet holds.
 using stylesheet_iterator =
     vector_position<std::vector<std::unique_ptr<xhtml_stylesheet_item>>::const_iterator,
                     xhtml_stylesheet_item>;

@@ -57,7 +57,7 @@ void stylesheet_reader::read_items() {
   }
 }
 
-// Stands on a "/", which is lost if it begins no comment.
+// Starts at a "/", which is dropped if it begins no comment.
 void stylesheet_reader::read_comment() {
   input_.advance();
   if (input_.peek() != u'*') return;
@@ -79,12 +79,12 @@ void stylesheet_reader::read_import() {
   skip_space();
   const ustring word = read_word();
   if (word.size() < 9) return;
-  ustring_view url = ustring_view(word).substr(4);  // behind "url("
+  ustring_view url = ustring_view(word).substr(4);  // after "url("
   url = url.substr(0, url.find_last_not_of(u"\"); ") + 1);
   if (!url.empty()) items_.push_back(std::make_unique<xhtml_stylesheet_import>(url));
 }
 
-// The rule is stored when it is complete, behind the comments in it.
+// Appends the rule when it is complete, and so after the comments inside it.
 void stylesheet_reader::read_rule() {
   const ustring selector = read_selector();
   if (selector.empty()) return;
@@ -102,7 +102,7 @@ ustring stylesheet_reader::read_selector() {
         return ustring(trim(text));
       case u'/':
         read_comment();
-        input_.advance();  // whatever stands behind the comment, or behind a "/" alone
+        input_.advance();  // the unit after the comment or after a lone "/"
         break;
       default:
         return {};
@@ -110,7 +110,8 @@ ustring stylesheet_reader::read_selector() {
   }
 }
 
-// The end of the input ends nothing here: a rule that is open there never ends.
+// Never returns if the input ends inside the rule: reading doesn't set the stream's
+// end-of-file flag.
 void stylesheet_reader::read_declarations(xhtml_stylesheet_rule& rule) {
   while (!stream_.eof()) {
     const css_property_id property = read_property();
@@ -143,8 +144,8 @@ css_property_id stylesheet_reader::read_property() {
   }
 }
 
-// A text of one or two units, or of none, is no value yet: it takes in what follows,
-// but for one unit, across the end of the declaration and even of the rule.
+// A text of at most two units isn't accepted as a value: one unit is skipped and what follows is
+// appended, even past the end of the declaration or of the rule.
 ustring stylesheet_reader::read_value() {
   ustring text;
   while (true) {
@@ -160,8 +161,8 @@ ustring stylesheet_reader::read_value() {
   return text;
 }
 
-// Appends the units up to the first of `stops`, of which end_unit must be one, to
-// `text`, and gives the one that was found, which is still to be read.
+// Appends the units before the first of `stops` to `text`. Returns that stop without reading
+// past it. `stops` must include end_unit.
 char16 stylesheet_reader::collect(ustring& text, ustring_view stops) {
   for (ustring_view window = input_.window(); !window.empty(); window = input_.window()) {
     const std::size_t count = std::min(window.find_first_of(stops), window.size());

@@ -10,10 +10,10 @@
 
 namespace Xport {
 
-/// Reads stylesheet text from where the buffer of `stream` stands up to its end and
-/// appends what is found to `items`. What can't be used is dropped without a word;
-/// xhtml_stylesheet::parse says what comes out. White space is that of the stream's
-/// locale. The stream's state is looked at, for the end-of-file flag, and never changed.
+/// Reads stylesheet text from the current position of the buffer of `stream` to its end and
+/// appends the items found to `items`. Silently drops what it can't use; the rules are those
+/// of xhtml_stylesheet::parse. White space is that of the stream's locale. Checks the
+/// stream's end-of-file flag and never changes the stream's state.
 void read_stylesheet(std::basic_istream<char16>& stream,
                      std::vector<std::unique_ptr<xhtml_stylesheet_item>>& items);
 

@@ -20,10 +20,10 @@ ustring replace_in_one_pass(ustring_view text, ustring_view selector) {
   return replaced;
 }
 
-// Replaces from the beginning again after each replacement, so that a mark which
-// a selector makes up with its surroundings is replaced too. What is behind the
-// last replacement waits, turned round, to be looked at: time is linear in what
-// the replacements put in. As that need not come to an end, their number is bounded.
+// Also replaces a mark that a replacement forms with its surroundings. The text still to be
+// searched is kept in reverse order, so that replacing a mark means appending to it: time is
+// linear in the text that the replacements insert. As replacing might never end, the number
+// of replacements is limited.
 ustring replace_marks(const ustring& rule_comment, ustring_view selector) {
   if (selector.find(selector_mark) != selector.npos)
     return replace_in_one_pass(rule_comment, selector);

@@ -11,9 +11,9 @@ namespace Xport {
 
 class xhtml_stylesheet_rule;
 
-/// Writes the items of a stylesheet in their text form. Its options are the
-/// fields. Lines end in one line feed; nothing is escaped or checked. The stream
-/// isn't looked at: a failed one simply takes no text.
+/// Writes the items of a stylesheet in their text form. The fields are the options. Lines end
+/// in one line feed; nothing is escaped or checked. The state of the stream isn't checked
+/// either: a failed stream ignores the text.
 class stylesheet_writer {
  public:
   using stream_type = std::basic_ostream<char16>;
@@ -21,23 +21,23 @@ class stylesheet_writer {
   /// See `rule_comment`.
   static constexpr std::size_t most_replacements = 100'000;
 
-  /// A writer with the default options on `stream_to`, which must outlive it.
+  /// A writer with the default options. `stream_to` must outlive it.
   explicit stylesheet_writer(stream_type& stream_to) : stream(&stream_to) {}
 
-  /// A comment before each rule, where it isn't empty. "<s>" in it is replaced by
-  /// the rule's selector, again and again until none is left. That would not end
-  /// for a selector that holds "<s>" itself, nor for some that make up marks with
-  /// their surroundings: there, and where it takes more than `most_replacements`
-  /// beyond the template's length, each "<s>" of the template is replaced once.
+  /// The template of a comment before each rule; empty for none. Each "<s>" in it is replaced
+  /// by the rule's selector, and so is each "<s>" that a replacement forms with its
+  /// surroundings. That might never end. So each "<s>" of the template is replaced only once
+  /// if the selector itself holds "<s>", or if more replacements would be needed than
+  /// `most_replacements` plus the length of the template.
   ustring rule_comment;
-  std::int16_t spare = 0;             ///< read by nothing
-  bool selector_on_own_line = false;  ///< a line feed and not a space behind it
+  std::int16_t spare = 0;             ///< unused
+  bool selector_on_own_line = false;  ///< a line feed, not a space, after the selector
   std::int16_t rule_indent = 0;       ///< spaces before the selector and the braces
   std::int16_t declaration_indent = 3;
   stream_type* stream;
-  std::int32_t unused = 2;  ///< read by nothing
+  std::int32_t unused = 2;
 
-  /// What the `write` operations of the items call.
+  /// Called by the `write` operations of the items.
   void write_rule(const xhtml_stylesheet_rule& rule);
   void write_import(ustring_view url);
   void write_comment(ustring_view text);

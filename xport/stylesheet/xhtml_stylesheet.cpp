@@ -3,15 +3,18 @@
 #include <sstream>
 #include <utility>
 
+#include "xport/markup/xhtml_doc.h"
 #include "xport/stream/byte_order.h"
 #include "xport/stream/unit_input.h"
+#include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_reader.h"
+#include "xport/stylesheet/stylesheet_writer.h"
 
 namespace Xport {
 
 namespace {
 
-// A stream in whose place another one may be put.
+// Owns a stream that detect_byte_order() may replace by another one.
 struct owned_stream {
   explicit owned_stream(std::basic_istream<char16>* owned) : stream(owned) {}
   owned_stream(const owned_stream&) = delete;
@@ -44,6 +47,18 @@ bool xhtml_stylesheet::parse(std::unique_ptr<std::basic_istream<char16>> stream)
 bool xhtml_stylesheet::parse(std::basic_istream<char16>& stream) {
   return parse(
       std::make_unique<std::basic_istringstream<char16>>(take_rest(unit_input(stream.rdbuf()))));
+}
+
+// Defined here because xport/markup/ doesn't depend on stylesheets.
+markup_iterator xhtml_doc::add_stylesheet(const xhtml_stylesheet& sheet) {
+  if (head_ == nullptr) return root_.end();
+  xhtml_element style(tag_id::style, {}, {});
+  style.set_attribute(attr_id::type, u"text/css");
+  ustring_stream text;
+  stylesheet_writer writer(text);
+  for (const xhtml_stylesheet_item& item : sheet) item.write(writer);
+  style << text.str();
+  return head_->append_copy(style);
 }
 
 }  // namespace Xport

@@ -11,9 +11,9 @@
 
 namespace Xport {
 
-/// A list of rules, imports and comments in the order in which they are written.
-/// There is no merging and no matching: two rules with one selector stay two. A
-/// document takes a stylesheet's text (xhtml_doc::add_stylesheet) and doesn't
+/// A list of rules, imports and comments in the order in which they are written. Rules are
+/// neither merged nor matched: two rules with one selector stay two.
+/// xhtml_doc::add_stylesheet copies the text of a stylesheet into a document, which doesn't
 /// keep the stylesheet.
 class xhtml_stylesheet {
  public:
@@ -22,44 +22,45 @@ class xhtml_stylesheet {
   xhtml_stylesheet& operator=(const xhtml_stylesheet&) = delete;
   virtual ~xhtml_stylesheet();
 
-  /// Appends a copy of `item`, which stays with the caller, and gives the copy's
-  /// position. A neutral item can't be held: nothing is added, and the result is
-  /// the end.
+  /// Appends a copy of `item` and returns the position of the copy. A neutral item can't be
+  /// stored: nothing is added, and the end is returned. If an exception is thrown, the sheet
+  /// is unchanged.
   stylesheet_iterator add_item(const xhtml_stylesheet_item& item);
 
-  /// Replaces the content by what is read from the text of `stream`: rules, comments and
-  /// `@import` lines. Anything else is dropped without a word, and the result is always
-  /// true. The sheet is empty for a null pointer, and for a stream that has failed. A
-  /// byte-order mark is taken out of the text first (see detect_byte_order). U+FFFF
-  /// ends the text. Units come from the stream's buffer and leave the stream's state alone.
-  /// White space is what the locale of the stream (`getloc()`) classifies as `space` or
-  /// `blank`. After a big-endian mark the global locale decides instead.
+  /// Replaces all items by those read from the text of `stream`: rules, comments and
+  /// `@import` lines. Everything else is silently dropped, and the result is always true. A
+  /// null pointer or a failed stream leaves the sheet empty. A byte-order mark is removed
+  /// first (see detect_byte_order). U+FFFF ends the text. Units are read from the stream's
+  /// buffer without changing the stream's state. White space is what the stream's locale
+  /// (`getloc()`) classifies as `space` or `blank`; after a big-endian mark the global locale
+  /// decides instead.
   ///
   /// What is read isn't always what was written:
-  /// - A comment within a selector or a property name stands ahead of its rule. The unit
-  ///   behind it is lost, and likewise that behind a lone "/" there.
-  /// - A value of up to two units goes on behind its end, less one unit, up to the next
-  ///   ";" or "}": `margin: 0; padding: 1px;` gives `margin` the value `0padding: 1px`.
-  /// - A quote at the end of a longer value is lost, and one behind its end; one at its
-  ///   beginning stays.
-  /// - A property that isn't in the table is dropped with its value.
-  /// - An import is the next word without its first four units, and without double quotes,
-  ///   closing parentheses and semicolons at its end; a word below nine units is none.
+  /// - A comment inside a selector or a property name is stored before its rule. The unit
+  ///   after the comment is lost, and so is the unit after a lone "/" there.
+  /// - A value of at most two units continues past its end, without the next unit, up to the
+  ///   next ";" or "}": `margin: 0; padding: 1px;` sets `margin` to `0padding: 1px`.
+  /// - A quote at the end of a longer value is lost, and so is a quote after its end; a quote
+  ///   at its beginning stays.
+  /// - A property outside the table is dropped with its value.
+  /// - The URL of an import is the word after `@import` without its first four units and
+  ///   without the double quotes, closing parentheses and semicolons at its end. An import
+  ///   whose word has fewer than nine units is dropped.
   ///
-  /// parse() never returns from a text that ends within a rule, unless by an exception of
-  /// the stream's buffer; a last value of up to two units takes the end of its rule in. It
-  /// takes no more memory meanwhile. The stream's end-of-file flag,
-  /// which reading itself never sets, ends the declarations of a rule where they stand.
+  /// parse() never returns from a text that ends inside a rule unless the stream's buffer
+  /// throws; its memory doesn't grow meanwhile. A last value of at most two units swallows
+  /// the end of its rule. If the stream's end-of-file flag is set, which reading itself never
+  /// does, the declarations of a rule end at that point.
   ///
-  /// What the buffer throws and std::bad_alloc pass through; the sheet then holds the
-  /// items that were complete. An empty text, and what the buffer throws where the units
-  /// of a byte-order mark are looked for, are failures of the stream, which pass only if
-  /// the stream's exceptions() say so; the sheet is empty then.
+  /// Throws what the buffer throws, and std::bad_alloc; the sheet then holds the items that
+  /// were complete. Two cases are failures of the stream instead, which throw only if the
+  /// stream's exceptions() ask for it and leave the sheet empty: an empty text, and an
+  /// exception of the buffer during the search for a byte-order mark.
   bool parse(std::unique_ptr<std::basic_istream<char16>> stream);
 
-  /// Copies all that is left in the buffer of `stream`, whatever the stream's state, and
-  /// parses the copy. White space is that of the global locale, whatever the stream's. If
-  /// copying throws an exception, the sheet is as it was.
+  /// Copies the rest of the buffer of `stream`, whatever the stream's state, and parses the
+  /// copy. White space is that of the global locale, not of the stream's. If copying throws,
+  /// the sheet is unchanged.
   bool parse(std::basic_istream<char16>& stream);
 
   stylesheet_iterator begin() { return stylesheet_iterator(items_.begin()); }
