@@ -9,13 +9,13 @@
 #include <memory>
 #include <string>
 
-#include "platform/posix/output_file.h"
+#include "platform/posix/byte_file.h"
 
 namespace platform::posix {
 
 namespace {
 
-// Closes a descriptor whose close can't lose data.
+// Owns a descriptor whose close can't lose data, and closes it.
 class descriptor {
  public:
   explicit descriptor(int number) : number_(number) {}
@@ -35,7 +35,7 @@ constexpr std::size_t block_size = 128 * 1024;
 // The result of a copy that starts as an unnamed file.
 enum class outcome { copied, failed, unsupported };
 
-// Copies the rest of `from` and closes `to`. True if all of that succeeded.
+// Copies the rest of `from` and closes `to`. Returns whether all of that succeeded.
 bool copy_content(int from, output_file& to, char* block) {
   while (true) {
     const ssize_t got = ::read(from, block, block_size);
@@ -45,7 +45,7 @@ bool copy_content(int from, output_file& to, char* block) {
   }
 }
 
-// Whether the target is free, or a file that may be written and isn't the source.
+// Whether the target doesn't exist, or is a writable file other than the source.
 bool may_replace(const std::string& target, const struct stat& source) {
   struct stat status;
   if (::stat(target.c_str(), &status) != 0) return true;

@@ -11,9 +11,8 @@
 #include <string>
 #include <type_traits>
 
+#include "platform/posix/byte_file.h"
 #include "platform/posix/copy_file.h"
-#include "platform/posix/input_file.h"
-#include "platform/posix/output_file.h"
 #include "platform/posix/utf8.h"
 
 namespace platform {
@@ -68,7 +67,7 @@ class posix_file_system final : public file_system {
   }
 };
 
-// Never destroyed: hosts save pages even while their globals are destroyed.
+// Never destroyed: hosts may save pages from the destructors of their globals.
 constinit posix_file_system native_files;
 static_assert(std::is_trivially_destructible_v<posix_file_system>);
 

@@ -20,7 +20,7 @@ namespace platform {
 
 namespace {
 
-// How the handler is started: a session of its own, every signal at its default, none
+// Starts the handler in a session of its own, with every signal at its default and none
 // blocked.
 class handler_attributes {
  public:
@@ -51,7 +51,7 @@ class handler_attributes {
   bool usable_;
 };
 
-// The descriptors of the handler: the null device as standard streams, none of the host's.
+// Gives the handler the null device as standard streams, and no descriptor of the host.
 class handler_files {
  public:
   handler_files() : usable_(::posix_spawn_file_actions_init(&actions_) == 0) {}
@@ -86,8 +86,8 @@ class handler_files {
   bool usable_;
 };
 
-// Blocks all signals of the calling thread and its cancellation, which would leave a zombie;
-// restores both and errno.
+// Blocks all signals of the calling thread, and its cancellation, which would leave a zombie.
+// Restores both, and errno, on scope exit.
 class undisturbed_thread {
  public:
   undisturbed_thread() : error_(errno) {
@@ -110,12 +110,12 @@ class undisturbed_thread {
   sigset_t signals_;
 };
 
-// Starts a program from a child that exits once the program is loaded: process 1 adopts the
-// program, so nobody here has to wait for it and no zombie stays. The child borrows our memory
-// instead of copying it, and we stand still until it exits. Our signal handlers mustn't run in
-// the child, so the caller has blocked all signals. POSIX allows next to nothing after vfork();
-// the posix_spawnp() of glibc is safe there, since it runs its own child on a stack of that
-// child's own and frees all that it allocates.
+// Starts a program from a child that exits once the program is loaded. Process 1 then adopts
+// the program, so the host needn't wait for it and no zombie stays. vfork() shares our memory
+// with the child instead of copying it, and suspends this thread until the child exits. The
+// caller must have blocked all signals: our signal handlers mustn't run in the child. POSIX
+// allows next to nothing after vfork(), but glibc's posix_spawnp() is safe there: it runs its
+// child on a separate stack and frees all that it allocates.
 void start_orphan(char* const* arguments, const posix_spawn_file_actions_t* files,
                   const posix_spawnattr_t* attributes) {
   const pid_t child = ::vfork();
@@ -143,7 +143,7 @@ class xdg_opener final : public url_opener {
   }
 };
 
-// Never destroyed: hosts save pages even while their globals are destroyed.
+// Never destroyed: hosts may save pages from the destructors of their globals.
 constinit xdg_opener native_opener;
 static_assert(std::is_trivially_destructible_v<xdg_opener>);
 

@@ -8,11 +8,11 @@
 
 namespace platform::posix {
 
-/// `text` as UTF-8. Nothing if it can't be expressed in a system call: it has a
-/// lone surrogate or a unit 0 in it.
+/// Returns `text` as UTF-8, or nothing if a system call can't express it: if it contains a
+/// lone surrogate or a zero unit. Throws std::bad_alloc. Time is linear in the length.
 std::optional<std::string> to_utf8(Xport::ustring_view text);
 
-/// `path` as the system calls take it: UTF-8, with each backslash a slash.
+/// As to_utf8(), with each backslash replaced by a slash.
 std::optional<std::string> to_native_path(Xport::ustring_view path);
 
 }  // namespace platform::posix
