@@ -1,7 +1,7 @@
 #ifndef VELLOMARK_EXPORT_H
 #define VELLOMARK_EXPORT_H
 
-/// Marks what the shared library exports. Everything else stays hidden.
+/// Marks what the shared library exports. Everything else is hidden.
 #if defined(_WIN32)
 #if defined(VELLOMARK_BUILDING)
 #define VELLOMARK_API __declspec(dllexport)

@@ -9,26 +9,29 @@
 #include <zov_utils/czov_string.h>
 #include <zov_utils/zov_shared_array.h>
 
-/// One report: calls go in, an XHTML 1.0 Strict page comes out.
+/// One report: the host's calls are turned into one XHTML 1.0 Strict page.
 ///
-/// Get one from vellomark::CreateInstance. A fresh report has the title
-/// "Report", the default stylesheet and an empty body; nothing has to be called
-/// before content is added, and nothing is written before Save.
+/// Get a report from vellomark::CreateInstance. A new report has the title
+/// "Report", the default stylesheet and an empty body. Content can be added at
+/// once. Nothing is written to disk before Save.
 ///
 /// Text. Every text argument points to a zero-terminated array of 16-bit code
-/// units (UTF-16). It is copied before the call returns. Text is not escaped,
-/// decoded or converted: "<", "&" and every other unit reach the page as they
-/// stand. Where a null text has a meaning the operation says so; elsewhere a
-/// null text makes the call do nothing (and return false where it has a result).
+/// units (UTF-16), which is copied before the call returns. Text is not escaped,
+/// decoded or converted: "<", "&" and every other unit reach the page unchanged.
+/// An operation for which a null text has a meaning says so; any other does
+/// nothing when a text is null, and returns false if it has a result.
 ///
-/// Errors. Refusals are answers: the three bool results tell of them. No
-/// operation catches exceptions, so std::bad_alloc and std::length_error of the
-/// standard containers reach the caller, and CloseTable and Save may throw
-/// std::out_of_range as told there. After an exception the report can be used on;
-/// the heading, line, row or cell that was being added may be incomplete.
+/// Errors. The three bool results report refusals. No operation catches
+/// exceptions: std::bad_alloc and std::length_error of the standard containers
+/// reach the caller, and CloseTable and Save may throw std::out_of_range as
+/// described there. After an exception the report is still usable; the heading,
+/// line, row or cell that was being added may be incomplete.
 ///
-/// Threads. One report serves one thread at a time and takes no locks. Separate
-/// reports may be used from separate threads.
+/// Threads. A report must be used by one thread at a time; it takes no locks.
+/// Separate reports may be used from separate threads.
+///
+/// Cost. Unless an operation says otherwise, its time is linear in the length of
+/// its texts, whatever the size of the report.
 ///
 /// The order of the operations below is the order of the virtual table, on
 /// which compiled hosts depend. New operations can't be inserted.
@@ -39,163 +42,195 @@ class VELLOMARK_API IVellomark {
   IVellomark& operator=(const IVellomark& other);
 
   /// Writes the report to `folder` + "/Vellomark/" + name as UTF-16 little
-  /// endian with a byte-order mark. Creates `folder` (its last level only) and
-  /// the report folder where they are missing, and replaces a page of that name.
+  /// endian with a byte-order mark, and replaces an existing page of that name.
+  /// Creates `folder` (its last level only) and the report folder if they are
+  /// missing.
   ///
-  /// With `file_name` null the name is Report1.htm or the one with the next free
-  /// number (a path of 260 code units or more counts as free), and the page is
-  /// then opened with the user's default handler, without waiting and whether or
-  /// not it could be written.
+  /// If `file_name` is null, the name is Report1.htm or the one with the next
+  /// free number. (A path of 260 code units or more counts as free.) The page is
+  /// then opened with the user's default handler, even if it couldn't be written.
+  /// Save doesn't wait for the handler.
   ///
-  /// Before the page is written, it puts all sections on the page and moves their
-  /// pictures into the folder named after the page, up to its first full stop, with
-  /// "_files". There a picture has the name of its file with ".bmp" in place of the
-  /// last four code units, and takes the place of an older one of that name. A
-  /// picture that can't be copied stays where it is, and its path stays as text. A
-  /// line of fewer than four code units that names a file throws std::out_of_range
-  /// ("invalid string position"); what isn't on the page by then is still there for
-  /// another Save. The page's and the pictures' names go into the page as they are: a
-  /// browser finds no picture by a name with one of "'", "&", "<", "#", "?" or "%".
+  /// Before writing, Save moves all sections to the end of the page. Their
+  /// pictures are moved into a folder next to the page: its name is the name of
+  /// the page up to the first full stop, plus "_files". A picture is named after
+  /// its file, with ".bmp" instead of the last four code units, and replaces an
+  /// older picture of that name. A picture that can't be copied stays in its
+  /// place, and its path appears as text. A section line of fewer than four
+  /// code units that names a file throws std::out_of_range ("invalid string
+  /// position"); another Save continues with what isn't on the page yet. The names of the page
+  /// and of the pictures are not escaped in the page: a browser doesn't find a
+  /// picture if a name contains one of "'", "&", "<", "#", "?" or "%".
   ///
-  /// Returns true as soon as the page file was opened; an error in writing it
-  /// (a full disk) isn't reported. Returns false, without opening anything, if a
-  /// folder can't be made, and false if the page file can't be opened. The page
-  /// stays in the report and may be saved again; each call, whatever comes of it,
-  /// first places the next piece of a template and starts a new block.
+  /// Returns true once the page file was opened; a later write error (a full
+  /// disk) isn't reported. Returns false, and opens nothing, if a folder can't be
+  /// created; returns false if the page file can't be opened. The page stays in
+  /// the report and can be saved again. Every call whose `folder` isn't null,
+  /// even if it fails, first places the next piece of a template and starts a new
+  /// block.
+  ///
+  /// Time is linear in the size of the page, the sections and the pictures, plus
+  /// one look at the disk for each number that is tried. A picture is copied, even
+  /// within one file system.
   virtual bool Save(const char16_t* folder, const char16_t* file_name) = 0;
 
   /// Adds a line of text: to the current block of the page, as a cell to the
-  /// open table, or to the last section (`to_section`, or section mode without
-  /// direct links). In a cell each line feed becomes "<BR>"; elsewhere line feeds
-  /// stay. A null `text` adds the link that AddLink prepared last, in a table the
-  /// cell with the text in front of it; for a section it adds nothing. Without a
-  /// section, text for one is dropped.
+  /// open table, or to the last section (with `to_section`, or in section mode
+  /// without direct links). Each line feed in a cell becomes "<BR>"; elsewhere
+  /// line feeds are kept. A null `text` adds the link that AddLink prepared last;
+  /// in a table it adds that link's cell, with its text before the link; to a
+  /// section it adds nothing. Text for a section is dropped if there is none.
   ///
   /// A line of a section that is the path of an existing file is a picture: Save
-  /// moves the file into the page's folder of pictures and shows it. Paths have the
-  /// form that vellomark::PicturePath makes (<vellomark/picture_path.h>).
+  /// moves the file into the page's folder of pictures and shows it. Pass such
+  /// paths in the form that vellomark::PicturePath returns
+  /// (<vellomark/picture_path.h>).
   virtual void AddText(const char16_t* text, bool to_section) = 0;
 
-  /// Starts a new block, a `p`, at the end of the page. Later text goes there.
+  /// Starts a new block, a `p`, at the end of the page. Later text is added to
+  /// it. Constant time.
   virtual void NewParagraph() = 0;
 
-  /// Adds a heading at the end of the page and a new block behind it. Styles 1
-  /// to 4 give `h1` to `h4` with the class "Style1" to "Style4", 0 and below an
-  /// `h5` with an empty class. 5 and above add the text as a line of the page or a
-  /// cell of the open table, whatever the section mode.
+  /// Adds a heading at the end of the page, then a new block. Styles 1 to 4 make
+  /// an `h1` to `h4` with the class "Style1" to "Style4"; 0 and below make an
+  /// `h5` with an empty class. Styles from 5 on add the text as a line of the
+  /// page, or as a cell of the open table, whatever the section mode.
   virtual void AddHeading(const char16_t* text, std::int32_t style) = 0;
 
-  /// Opens a table at the end of the page, with `columns` cells in a row, and
-  /// returns true. Each AddText is then one cell; rows start by themselves. A
-  /// row takes its first two cells even where `columns` is 1 or less. In section
-  /// mode the table is kept aside until CloseTable hands it to the last section;
-  /// a table that is opened while another one is kept there empties that one. If an
-  /// exception is thrown, no table was opened and nothing has changed.
+  /// Opens a table with `columns` cells in a row at the end of the page and
+  /// returns true. Each AddText then adds one cell; a new row starts by itself
+  /// when a row is full. A row holds two cells if `columns` is 1 or less.
+  ///
+  /// In section mode the table is not on the page: CloseTable adds it to the last
+  /// section. Opening another table there before CloseTable empties the first
+  /// one.
+  ///
+  /// If an exception is thrown, no table was opened and nothing has changed.
+  /// Constant time, plus the deletion of the table that is emptied.
   virtual bool OpenTable(std::int32_t columns) = 0;
 
-  /// Closes the table and starts a new block. Without an open table it does just
-  /// the latter. In section mode no block is started; with no table opened in it
-  /// it throws std::out_of_range ("invalid vector subscript"). If an exception is
-  /// thrown, nothing has changed: a table that was open still is, with all its rows.
+  /// Closes the table and starts a new block; without an open table it only
+  /// starts the block. In section mode it starts no block, and throws
+  /// std::out_of_range ("invalid vector subscript") if no table was opened in
+  /// that mode. If an exception is thrown, nothing has changed: an open table
+  /// stays open with all its rows.
+  ///
+  /// Constant time; in section mode linear in the size of the table, which is
+  /// copied.
   virtual void CloseTable() = 0;
 
-  /// Lets the first cell of the next row span `rows` rows. The cells behind it
-  /// are stacked beside it, which is laid out correctly for two columns. 1 means
-  /// no span; 0 and below have no meaning and do no harm.
+  /// Lets the first cell of the next row span `rows` rows. The cells after it are
+  /// stacked beside it, which is laid out correctly for two columns. 1 means no
+  /// span; 0 and below have no meaning and do no harm. Constant time.
   virtual void SetFirstCellRows(std::int32_t rows) = 0;
 
-  /// Adds a link to the anchor `target` of this page; the visible text of the
-  /// link is the target. `text` appears in front of it in a table cell only.
-  /// Either may be null; with both null the prepared link is emptied and nothing
-  /// is added. With `target` null outside a table, an empty anchor with the target
-  /// of the last link is added and `text` is lost. In section mode without direct
-  /// links the link is prepared, but not added. A target of 254 code units or more
-  /// makes the call do nothing.
+  /// Adds a link to the anchor `target` of this page. The link shows the target;
+  /// `text` appears before it, and only in a table cell. Either may be null. If
+  /// both are null, the prepared link is emptied and nothing is added. If only
+  /// `target` is null, outside a table, an empty anchor with the target of the
+  /// last link is added and `text` is lost. In section mode without direct links
+  /// the link is prepared but not added. A target of 254 code units or more makes
+  /// the call do nothing.
   virtual void AddLink(const char16_t* text, const char16_t* target) = 0;
 
-  /// Sends later text and tables to the last section (true) or the page (false).
+  /// Directs later text and tables to the last section (true) or to the page
+  /// (false). Constant time.
   virtual void SetSectionMode(bool on) = 0;
 
-  /// Makes a deferred section, which Save puts on the page; its path is made of
-  /// the headings that AddSectionHeading has queued. The section takes what comes in
-  /// section mode, or through AddText with `to_section`, until the next one begins.
-  /// `name` becomes its own heading, with "#" and the name as its `id`; an empty
-  /// name makes none.
+  /// Creates a deferred section, which Save puts on the page. Its path consists
+  /// of the headings queued by AddSectionHeading. Until the next section begins,
+  /// it receives what is added in section mode or by AddText with `to_section`.
+  /// `name` becomes the section's own heading, whose `id` is "#" plus the name; an
+  /// empty name makes no heading.
   ///
-  /// With direct links on, the section is named `target`, and AddLink(name, target)
-  /// leaves a link on the page where it stands; in section mode with direct links
-  /// on, the call does nothing. (The "#" is part of the `id`, so a browser doesn't
-  /// find the heading by that link: put an anchor of your own into the section.)
+  /// With direct links on, the section is named `target` instead, and the call
+  /// AddLink(name, target) leaves a link at the current place of the page. With
+  /// direct links on in section mode, the call does nothing. (The "#" is part of
+  /// the `id`, so a browser doesn't find the heading by that link: put an anchor
+  /// of your own into the section.)
   ///
   /// A null `name` makes the call do nothing, and so does a null `target` with
   /// direct links on; otherwise `target` isn't read.
   virtual void BeginSection(const char16_t* name, const char16_t* target) = 0;
 
   /// Queues a heading for the path of the next section, outermost first, with a
-  /// style as AddHeading takes it. Sections with the same first headings come
-  /// together on the page, and each heading is written once.
+  /// style as in AddHeading. Sections with the same first headings stand together
+  /// on the page, and each of these headings is written once.
   virtual void AddSectionHeading(const char16_t* text, std::int32_t style) = 0;
 
   /// Reads the template page `path`, UTF-16 in either byte order, and empties the
-  /// body of the report's page. A marker is an element with the `id` "Template"; its
-  /// first child, as it is written, is the text of a field. The template's body is cut
-  /// at each `p` that stands in it directly and begins with a marker, and the pieces
-  /// wait to be placed on the page; the `p` vanishes, and so does what stands in the body
-  /// directly and is no element. Nothing else of the template is used. A page without a
-  /// body has fields, but no pieces; of several bodies the first is used.
+  /// body of the report's page.
   ///
-  /// A marker in any other place is a field without a cut, and keeps all cuts behind
-  /// it from being made: docs/templates.md tells where markers work. One without a
-  /// child is no field.
+  /// A marker is an element with the `id` "Template". The text of its first child,
+  /// as it is written, is a field. The template's body is cut at each `p` that is
+  /// a direct child of the body and begins with a marker, and the pieces wait to be
+  /// placed on the page. The `p` itself is dropped, and so are direct children of
+  /// the body that aren't elements. Nothing else of the template is used. A page
+  /// without a body has fields but no pieces; of several bodies the first is used.
   ///
-  /// Nothing tells whether the file is a template: look at the fields. A file that
-  /// can't be opened changes nothing, and neither does a null `path`; any other takes
-  /// the place of the template that was loaded before, and of its pieces. A table that
-  /// is open on the page is gone with it: until CloseTable its cells go nowhere.
-  /// Sections stay, and a table in one of them.
+  /// A marker in any other place is a field without a cut, and prevents all later
+  /// cuts: docs/templates.md explains where markers work. A marker without a child is
+  /// no field.
   ///
-  /// The call never returns from a template with style text that never ends
-  /// (docs/reading.md): load no pages from sources that you don't trust. If an
-  /// exception is thrown, the page is as it was and there may be no template.
+  /// The call doesn't report whether the file is a template: look at the fields. A
+  /// null `path`, or a file that can't be opened, changes nothing. Any other file
+  /// replaces the template that was loaded before, and its pieces. A table that is
+  /// open on the page is deleted: until CloseTable its cells are dropped. Sections
+  /// stay, and so does the table of a section.
+  ///
+  /// The call never returns if the template has style text that never ends
+  /// (docs/reading.md): don't load pages from sources that you don't trust. If an
+  /// exception is thrown, the page is unchanged, but no template may be left.
+  ///
+  /// Time is linear in the size of the template and of the body that is emptied,
+  /// and memory in the size of the template; markers inside markers cost the
+  /// square of their depth.
   virtual void LoadTemplate(const char16_t* path) = 0;
 
-  /// Tells whether the template has the field `name`, compared unit by unit. If it
-  /// has, and with `replace` and a `value` that isn't null, it also places the next
-  /// piece of the template on the page, whichever field is named, and starts a new
-  /// block behind it, where content goes on; when no piece is left it only does
-  /// the latter. `value` then takes the place of `name` in the list of fields; it isn't
-  /// put on the page. Of equal fields the first one is meant. A null `name` is no field.
+  /// Returns whether the template has the field `name`, compared unit by unit. A
+  /// null `name` is no field.
   ///
-  /// If an exception is thrown, the field keeps its text. The same call again places
-  /// what is left of the piece.
+  /// If there is such a field, `replace` is true and `value` isn't null, the call
+  /// also places the next piece of the template at the end of the page, whichever
+  /// field is named. It then starts a new block, which receives the text that
+  /// follows. If no piece is left, it only starts the block. `value` then replaces
+  /// `name` in the list of fields; it isn't added to the page. Of equal fields the
+  /// first is replaced.
+  ///
+  /// If an exception is thrown, the field keeps its text, and the same call again
+  /// places the rest of the piece.
+  ///
+  /// Time is logarithmic in the number of fields, plus linear in the size of the
+  /// piece.
   virtual bool SetTemplateField(const char16_t* name, bool replace, const char16_t* value) = 0;
 
   /// Empties `fields` and fills it with the texts of the template's fields in the
-  /// order of the page, values that were set among them. The array is the host's and
-  /// may outlive the report; other copies of it keep what they have. A text ends at
-  /// its first zero. After an exception it holds the first fields.
+  /// order of the page, including values that replaced a name. The host owns the
+  /// array, which may outlive the report; other copies of the array keep their
+  /// elements. A text ends at its first zero unit. After an exception the array
+  /// holds the first of the fields. Time is linear in the length of all texts.
   virtual void GetTemplateFields(zov_shared_array<CZovString>& fields) = 0;
 
-  /// Forgets the fields of the template: SetTemplateField then returns false. The
-  /// pieces stay, and Save places them.
+  /// Drops the fields of the template, so that SetTemplateField returns false. The
+  /// pieces stay, and Save places them. Time is linear in the number of fields.
   virtual void ClearTemplateFields() = 0;
 
-  /// Keeps AddText and AddLink on the page while section mode is on.
+  /// Lets AddText and AddLink add to the page even in section mode. Constant time.
   virtual void BeginDirectLinks() = 0;
 
-  /// Ends what BeginDirectLinks began.
+  /// Ends the effect of BeginDirectLinks. Constant time.
   virtual void EndDirectLinks() = 0;
 
  protected:
-  /// Reports are deleted by the pointer that CreateInstance returned.
+  /// Reports are deleted through the pointer that CreateInstance returned.
   virtual ~IVellomark();
 };
 
 namespace vellomark {
 
-/// Makes a new, independent report. The report lives as long as the last copy of
-/// the pointer; what no Save has written is then lost. Throws std::bad_alloc
-/// when memory runs out.
+/// Creates a new, independent report. It lives as long as the last copy of the
+/// pointer; content that wasn't saved is then lost. Throws std::bad_alloc when
+/// memory runs out. May be called from any thread. Constant time.
 VELLOMARK_API boost::shared_ptr<IVellomark> CreateInstance();
 
 }  // namespace vellomark
