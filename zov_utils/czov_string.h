@@ -4,19 +4,19 @@
 #include <cstddef>
 #include <string>
 
-/// A text of 16-bit code units. Stands in for the class of that name in the
-/// closed Zov_Utils library, of which only the construction from a
-/// zero-terminated text, the copy and the destruction are needed; the rest is
-/// here so that hosts can read what they are given. Header-only: the report
-/// library exports nothing of it.
+/// A text of 16-bit code units. Replaces the class of that name in the closed
+/// Zov_Utils library. The report library itself only constructs a text from
+/// zero-terminated units, copies it and destroys it; the other operations let
+/// hosts read a text. Header-only: the report library exports nothing of it.
 class CZovString {
  public:
-  /// Copies the zero-terminated `text`; a null `text` gives an empty string.
+  /// Copies the zero-terminated `text`; a null `text` makes an empty one. Throws
+  /// std::bad_alloc.
   explicit CZovString(const char16_t* text) {
     if (text) text_ = text;
   }
 
-  /// The text, zero-terminated, owned by this object.
+  /// The zero-terminated text, owned by this object.
   const char16_t* c_str() const { return text_.c_str(); }
 
   /// The number of code units.

@@ -14,11 +14,12 @@
 /// A growable array with shared ownership and copy on write.
 ///
 /// Copies share one storage until one of them is changed. The storage carries
-/// its own deleters, made where it was filled, so a copy may cross a library
-/// boundary and outlive the object that filled it. Counts are atomic, the array
-/// itself isn't: one copy serves one thread at a time.
+/// its own deleters, created by the code that filled it, so a copy may cross a
+/// library boundary and outlive the object that filled it. The reference counts
+/// are atomic, the array isn't: each copy must be used by one thread at a time.
 ///
-/// `T` needs a copy constructor that may throw and a destructor that doesn't.
+/// `T` needs a copy constructor, which may throw, and a destructor that doesn't
+/// throw. Operations take constant time unless they say otherwise.
 template <class T>
 class zov_shared_array {
  public:
@@ -35,14 +36,15 @@ class zov_shared_array {
         capacity_(other.capacity_),
         elements_(other.elements_) {}
 
-  /// Shares the storage of `other` and lets go of its own.
+  /// Shares the storage of `other` and releases its own. Time is linear in the
+  /// number of elements if no other copy shares the released storage.
   zov_shared_array& operator=(const zov_shared_array& other) {
     zov_shared_array copy(other);
     swap(copy);
     return *this;
   }
 
-  /// Exchanges the storages. Throws nothing.
+  /// Exchanges the storages. Doesn't throw.
   void swap(zov_shared_array& other) {
     storage_.swap(other.storage_);
     std::swap(size_, other.size_);
@@ -59,15 +61,16 @@ class zov_shared_array {
   /// Whether there are no elements.
   bool empty() const { return size_ == 0; }
 
-  /// The elements, contiguous; valid until the array is changed.
+  /// The elements are contiguous. Positions are valid until the array is changed.
   const_iterator begin() const { return address(storage_, 0); }
   const_iterator end() const { return begin() + size_; }
 
   /// The element at `index`, which must be below size().
   const T& operator[](std::size_t index) const { return begin()[index]; }
 
-  /// Makes the array empty. Storage shared with another copy is let go of and
-  /// left as it is; storage of its own loses its elements and is kept.
+  /// Empties the array. Storage shared with another copy is released unchanged.
+  /// Otherwise the storage is kept and its elements are destroyed, which takes
+  /// linear time.
   void clear() {
     if (shared()) {
       zov_shared_array().swap(*this);
@@ -77,9 +80,10 @@ class zov_shared_array {
     size_ = 0;
   }
 
-  /// Appends a copy of `value`, which may be an element of this array. Storage
-  /// that is shared or full is replaced by one of capacity size + 1 + size / 2.
-  /// When an exception is thrown the array is as it was.
+  /// Appends a copy of `value`, which may be an element of this array. Storage that
+  /// is shared or full is replaced by a new one with the capacity size + 1 + size / 2,
+  /// into which all elements are copied. If an exception is thrown, the array is
+  /// unchanged. Takes amortized constant time, or linear time if the storage is shared.
   void push_back(const T& value) {
     if (shared() || size_ == capacity_ || !can_disarm()) {
       zov_shared_array grown(size_ + 1 + size_ / 2);
@@ -114,16 +118,16 @@ class zov_shared_array {
 
   bool shared() const { return storage_.use_count() > 1; }
 
-  // A handle that was made across a library border may not be recognised here, for
-  // want of run-time type information. Its storage is then left as it is.
+  // Without run-time type information, a handle created on the other side of a library
+  // boundary may not be recognised here. Its storage is then replaced by a copy.
   bool can_disarm() const {
     return !elements_ || boost::get_deleter<element_deleter>(elements_) != 0;
   }
 
-  // Puts a copy of `value` behind the last element; there must be room. The
-  // handle on the elements is made anew with the larger count. It is armed only
-  // when nothing can fail any more, and the old one is disarmed first: letting
-  // go of it must not destroy elements that live on.
+  // Adds a copy of `value` after the last element; there must be room. Replaces the
+  // handle that destroys the elements by one with the larger count. The new handle is
+  // armed only when nothing can fail any more. The old one is disarmed before: its
+  // release must not destroy elements that are still in use.
   void append(const T& value) {
     boost::shared_ptr<T> grown(address(storage_, 0), element_deleter(&zov_shared_array::keep));
     element_deleter destroy_all(
@@ -139,7 +143,7 @@ class zov_shared_array {
   boost::shared_array<cell> storage_;
   std::size_t size_;
   std::size_t capacity_;
-  boost::shared_ptr<T> elements_;  // behind storage_: the elements go before their storage
+  boost::shared_ptr<T> elements_;  // declared after storage_: elements are destroyed before it
 };
 
 #endif
