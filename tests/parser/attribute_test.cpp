@@ -8,7 +8,7 @@
 #include "tests/parser/reader_kit.h"
 #include "tests/support/golden.h"
 #include "tests/support/tree_check.h"
-#include "xport/parser/attribute_text.h"
+#include "xport/parser/tag_reader.h"
 #include "xport/text/character_class.h"
 
 namespace {
