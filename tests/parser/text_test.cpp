@@ -10,7 +10,7 @@
 
 #include "tests/parser/reader_kit.h"
 #include "tests/support/golden.h"
-#include "xport/parser/text_space.h"
+#include "xport/parser/text_reader.h"
 #include "xport/text/character_class.h"
 
 namespace {

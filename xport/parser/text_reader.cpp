@@ -1,9 +1,10 @@
+#include "xport/parser/text_reader.h"
+
 #include <optional>
 #include <sstream>
 
 #include "xport/markup/leaf_nodes.h"
 #include "xport/parser/take_until.h"
-#include "xport/parser/text_space.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_writer.h"
@@ -14,7 +15,7 @@ namespace Xport {
 
 namespace {
 
-// A stylesheet as its own writer puts it.
+// `text`, a stylesheet, as stylesheet_writer lays it out.
 ustring rewritten_stylesheet(const ustring& text) {
   std::basic_istringstream<char16> source(text);
   xhtml_stylesheet sheet;
@@ -48,8 +49,8 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
   return nodes_->make_leaf<xhtml_pcdata>(text_);
 }
 
-// It stays a text even if nothing is left of it. A derived class may call other readers while
-// it rewrites the text, so that it gets one of its own.
+// The result is a text node even if nothing is left of `text`. That is a copy because a
+// derived class may call other readers, which use text_, while it rewrites the references.
 xhtml_markup* xhtml_parser::make_rewritten(ustring text) {
   normalize_references(text);
   last_tag = tag_id::invalid_tag;
@@ -76,9 +77,9 @@ bool xhtml_parser::skip_space() {
   return any && !newline;
 }
 
-// Most texts stand whole in the input's window, in one line, perhaps with white space
-// behind it. They needn't be gathered: the result is mostly a part of the window. No result,
-// and nothing taken, for all others.
+// Takes a text that stands whole in the input's window, in one line, perhaps with white space
+// after it. Most texts do, and needn't be gathered: the result is mostly a part of the
+// window. For all other texts there is no result and nothing is taken.
 std::optional<ustring_view> xhtml_parser::take_plain_text() {
   unit_input in = units();
   const ustring_view window = in.window();
@@ -103,8 +104,8 @@ std::optional<ustring_view> xhtml_parser::take_plain_text() {
   return text_ += u' ';
 }
 
-// Appends character data to text_, up to the "<" that ends it. A double quote hides
-// tags in every element, an apostrophe does so in `script`.
+// Appends character data to text_, up to the "<" that ends it. Between double quotes, and in
+// `script` between apostrophes too, a "<" ends nothing.
 void xhtml_parser::gather_text(tag_id parent) {
   enum class quote_state { none, single, double_ } quotes = quote_state::none;
   const bool script = parent == tag_id::script;
@@ -130,8 +131,8 @@ void xhtml_parser::gather_text(tag_id parent) {
   }
 }
 
-// A newline with the white space around it becomes a blank, or stays where newlines are
-// kept; the white space behind it goes in any case.
+// Folds a newline and the white space around it into a blank. Where newlines are kept, only
+// the white space after the newline is dropped.
 void xhtml_parser::gather_newline(bool script) {
   if (folds_newlines() && !script) {
     trim_right(text_, *classes_);
@@ -149,8 +150,7 @@ xhtml_markup* xhtml_parser::make_text(xhtml_markup* parent, ustring_view text) {
   return text.empty() ? read_next(parent) : nodes_->make_leaf<xhtml_pcdata>(text);
 }
 
-// The end tag is looked for by its text, and nothing else is markup. Newlines aren't
-// counted.
+// Only the text of the end tag is markup here. Newlines aren't counted.
 xhtml_markup* xhtml_parser::read_preformatted() {
   const operation_classes scope(classes_);
   constexpr ustring_view end_tag = u"</pre>";
@@ -170,6 +170,22 @@ xhtml_markup* xhtml_parser::read_preformatted() {
   if (matched == end_tag.size()) text_.resize(text_.size() - matched);
   last_tag = tag_id::doc_root;
   return nodes_->make_leaf<xhtml_pcdata>(text_);
+}
+
+trailing_space find_trailing_space(ustring_view text, const character_classes& classes) {
+  const std::size_t kept = classes.trim_right(text).size();
+  const std::size_t first = text.find_first_of(u" \n", kept);
+  return {kept, first != ustring_view::npos && text[first] == u' '};
+}
+
+void normalize_trailing_space(ustring& text, const character_classes& classes) {
+  const trailing_space end = find_trailing_space(text, classes);
+  text.resize(end.kept);
+  if (end.blank) text += u' ';
+}
+
+void trim_right(ustring& text, const character_classes& classes) {
+  text.resize(classes.trim_right(text).size());
 }
 
 }  // namespace Xport

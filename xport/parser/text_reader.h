@@ -1,5 +1,5 @@
-#ifndef XPORT_PARSER_TEXT_SPACE_H
-#define XPORT_PARSER_TEXT_SPACE_H
+#ifndef XPORT_PARSER_TEXT_READER_H
+#define XPORT_PARSER_TEXT_READER_H
 
 #include <cstddef>
 #include <cstdint>
@@ -11,11 +11,11 @@
 
 namespace Xport {
 
-/// The white space at the beginning of a text. A newline is white space whatever the locale
-/// says: a text that folds newlines would never end otherwise.
+/// The white space at the beginning of a text. A newline counts as white space in every
+/// locale: a text that folds newlines would never end otherwise.
 struct leading_space {
-  std::size_t count;       ///< all of it
-  std::uint32_t newlines;  ///< the units 10 in it
+  std::size_t count;       ///< its units
+  std::uint32_t newlines;  ///< the newlines among them
 };
 inline leading_space find_leading_space(ustring_view text, const character_classes& classes) {
   leading_space found{0, 0};
@@ -32,21 +32,21 @@ inline leading_space find_leading_space(ustring_view text, const character_class
   return found;
 }
 
-/// What becomes of a text's end: its first `kept` units stay, and one blank behind them
-/// if `blank`.
+/// What stays of a text whose trailing white space is removed: the first `kept` units,
+/// followed by one blank if `blank`.
 struct trailing_space {
   std::size_t kept;
   bool blank;
 };
 
-/// All white space at the end goes. A blank comes in its place where a blank stands
-/// further to the left in it than any newline.
+/// Finds the white space at the end of `text`. A blank replaces it if it holds a blank
+/// and no newline comes before that blank.
 trailing_space find_trailing_space(ustring_view text, const character_classes& classes);
 
 /// Applies find_trailing_space to `text` in place.
 void normalize_trailing_space(ustring& text, const character_classes& classes);
 
-/// Cuts white space from the end of `text`.
+/// Removes the white space at the end of `text`.
 void trim_right(ustring& text, const character_classes& classes);
 
 }  // namespace Xport
