@@ -1,11 +1,162 @@
 #include "xport/parser/xhtml_parser.h"
 
+#include <algorithm>
+#include <typeinfo>
+
+#include "xport/vocabulary/tag_table.h"
 #include "xport/markup/leaf_nodes.h"
 
 namespace Xport {
 
+namespace {
+
+bool takes_content(const xhtml_markup& node) {
+  if (node.is_own_class()) {
+    const xhtml_element* const element = node.as_element();
+    return element != nullptr && element->rules().id != tag_id::invalid_tag &&
+           !takes_nothing(element->rules());
+  }
+  return !node.is_empty_element() && node.tag() != tag_id::invalid_tag &&
+         node.category_flags() != category_text;
+}
+
+}  // namespace
+
 xhtml_parser::~xhtml_parser() {
   if (owns_input) delete input;
+}
+
+xhtml_markup* xhtml_parser::parse_children(xhtml_markup* parent) {
+  if (!takes_content(*parent)) return nullptr;
+  const operation_classes scope(classes_);
+  const bool own = is_exactly(*this, typeid(xhtml_parser)) && parent->is_own_class();
+  return own ? fill(*parent->as_element()) : fill_by_calls(*parent);
+}
+
+// Calls parse_children for each element that is adopted. `current` is the node that is to be
+// placed; while it is null, the next one has yet to be read.
+xhtml_markup* xhtml_parser::fill_by_calls(xhtml_markup& parent) {
+  held_node current(read_next(&parent));
+  while (current != nullptr) {
+    xhtml_markup* child = nullptr;
+    const bool finished =
+        current->is_end_tag() ? close(parent, current) : adopt(parent, current, child, false);
+    if (finished) break;
+    if (child != nullptr) current.reset(parse_children(child));
+    if (current == nullptr) current.reset(read_next(&parent));
+  }
+  return current.release();
+}
+
+// Does the same where nothing is overridden, but fills all open elements in one call, so that
+// a deep page takes no machine stack, and makes nodes in the tree's own memory. `parent` is
+// the innermost open element. Its parents up to `receiver` are the others, so the tree itself
+// is the stack.
+xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
+  const node_place content(receiver);
+  xhtml_element* parent = &receiver;
+  const auto go_up = [&parent] {
+    parent = const_cast<xhtml_element*>(parent->parent()->as_element());
+  };
+  const auto next_node = [&] {
+    const place_scope scope(*this, content);
+    return xhtml_parser::read_next(parent);
+  };
+  held_node current(next_node());
+  while (true) {
+    xhtml_markup* child = nullptr;
+    const bool finished =
+        current == nullptr ||
+        (current->type() == node_type::none && current->is_end_tag()
+             ? close(*parent, current)
+             : adopt(*parent, current, child, parent == &receiver && content.pool() != nullptr));
+    if (finished) {
+      if (parent == &receiver) return current.release();
+      go_up();
+    } else if (child != nullptr && takes_content(*child)) {
+      parent = child->as_element();
+    }
+    while (current == nullptr && parent != &receiver && take_plain_end_tag(*parent)) go_up();
+    if (current == nullptr) current.reset(next_node());
+  }
+}
+
+// Offers `current` to `parent`. If `parent` adopts it, `child` points to it. Returns true if
+// the node ends `parent`; the caller then offers it to the parent of `parent`. With
+// `leaves_pool`, such a node is moved to the heap before code outside the tree sees it.
+bool xhtml_parser::adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child,
+                         bool leaves_pool) {
+  if (reports(level_trace_elements) &&
+      current->node_kind() == static_cast<std::int32_t>(node_type::element))
+    report_encounter(*current, level_trace_elements);
+  xhtml_markup* const adopted = parent.adopt_child(current.get()).cell();
+  if (adopted != nullptr) current.release();
+  if (tag_of(parent) == tag_id::pre) {
+    // read_preformatted has consumed the end tag.
+    current.reset(new xhtml_end_tag(u"<pre>"));
+    return false;
+  }
+  child = adopted;
+  if (adopted != nullptr) return false;
+  bool passes_up = false;
+  if (current->tag() != tag_id::invalid_tag) {
+    const xhtml_markup* const above = parent.parent();
+    if (above != nullptr && leaves_pool) current.reset(node_place().make_copy(*current));
+    passes_up = above != nullptr && above->can_contain(*current);
+    report_refusal(parent, *current, passes_up);
+  }
+  if (!passes_up) current.reset();
+  return passes_up;
+}
+
+// Handles the end tag `current`. Returns true if it ends `parent`. `current` is then null if
+// it is the tag of `parent`, and stays if it is the tag of the parent above.
+bool xhtml_parser::close(xhtml_markup& parent, held_node& current) {
+  report_encounter(*current, level_trace_end_tags);
+  trim_last_text(parent);
+  if (is_matching_end_tag(&parent, current.get())) {
+    current.reset();
+    return true;
+  }
+  const xhtml_markup* const above = parent.parent();
+  const bool passes_up = above != nullptr && above->tag() == current->tag();
+  report_mismatch(parent, *current, passes_up);
+  if (!passes_up) current.reset();
+  return passes_up;
+}
+
+bool xhtml_parser::is_matching_end_tag(const xhtml_markup* parent, const xhtml_markup* node) {
+  return node->is_end_tag() && node->tag() == parent->tag();
+}
+
+// Takes the end tag of `parent` where it is next, spelled as the element's name is and
+// whole in the input's window. That is how most elements end; it spares a node. False,
+// with nothing taken, for all else.
+bool xhtml_parser::take_plain_end_tag(xhtml_element& parent) {
+  if (reports(level_trace_end_tags) || !input->good()) return false;
+  const Tag_trait& rules = parent.rules();
+  if (rules.id == tag_id::pre) return false;
+  unit_input in = units();
+  const ustring_view window = in.window();
+  const std::size_t length = rules.name.size() + 3;
+  if (window.size() < length || window[0] != u'<' || window[1] != u'/' ||
+      window[length - 1] != u'>' ||
+      !std::equal(rules.name.begin(), rules.name.end(), window.begin() + 2))
+    return false;
+  in.advance(length);
+  last_tag = rules.id;
+  trim_last_text(parent);
+  return true;
+}
+
+void xhtml_parser::trim_last_text(xhtml_markup& parent) {
+  xhtml_markup* const last = parent.last_child();
+  if (last == nullptr || tag_of(parent) == tag_id::style) return;
+  if (!last->is_own_class()) {
+    if (last->category_flags() == category_text) last->trim_trailing_space();
+  } else if (last->type() == node_type::pcdata) {
+    last->as_text()->trim_right(*classes_);
+  }
 }
 
 xhtml_markup* xhtml_parser::read_next(xhtml_markup* parent) {
@@ -14,36 +165,6 @@ xhtml_markup* xhtml_parser::read_next(xhtml_markup* parent) {
   if (unit == end_unit) return nullptr;
   if (unit == u'<' && tag_of(*parent) != tag_id::pre) return read_markup(parent);
   return read_pcdata(parent, {});
-}
-
-xhtml_markup* xhtml_parser::read_markup(xhtml_markup* parent) {
-  unit_input in = units();
-  in.advance();
-  switch (in.peek()) {
-    case end_unit:
-      report_message(u"Invalid end of document.", level_structure);
-      return new xhtml_markup;
-    case u'!':
-      in.advance();
-      if (in.peek() == u'-') return read_comment(parent);
-      read_declaration(u"<");
-      return nodes_->make_leaf<xhtml_doctype_declaration>({});
-    case u'?':
-      in.advance();
-      return read_processing_instruction();
-    case u'/':
-      return read_end_tag();
-    case u'\n':
-      ++line;
-      break;
-    default:
-      break;
-  }
-  return read_start_tag(parent);
-}
-
-bool xhtml_parser::is_matching_end_tag(const xhtml_markup* parent, const xhtml_markup* node) {
-  return node->is_end_tag() && node->tag() == parent->tag();
 }
 
 }  // namespace Xport

@@ -1,3 +1,6 @@
+// Whatever begins with "<": read_markup tells the kinds apart. Comments, instructions and
+// declarations are read here, tags in tag_reader.cpp.
+
 #include <algorithm>
 
 #include "xport/markup/leaf_nodes.h"
@@ -8,14 +11,40 @@ namespace Xport {
 
 namespace {
 
-// The next unit; at the end the one that was read last, which is how a comment or an
-// instruction that is cut off behind a sign of its end gets one too many of them.
+// The next unit, or `stale` at the end of the input. That is why a comment or an
+// instruction that is cut off within its end mark gets one unit of the mark too many.
 char16 next_or(unit_input in, char16 stale) {
   const char16 unit = in.peek();
   return unit != end_unit ? unit : stale;
 }
 
 }  // namespace
+
+xhtml_markup* xhtml_parser::read_markup(xhtml_markup* parent) {
+  unit_input in = units();
+  in.advance();
+  switch (in.peek()) {
+    case end_unit:
+      report_message(u"Invalid end of document.", level_structure);
+      return new xhtml_markup;
+    case u'!':
+      in.advance();
+      if (in.peek() == u'-') return read_comment(parent);
+      read_declaration(u"<");
+      return nodes_->make_leaf<xhtml_doctype_declaration>({});
+    case u'?':
+      in.advance();
+      return read_processing_instruction();
+    case u'/':
+      return read_end_tag();
+    case u'\n':
+      ++line;
+      break;
+    default:
+      break;
+  }
+  return read_start_tag(parent);
+}
 
 xhtml_markup* xhtml_parser::read_comment(xhtml_markup* parent) {
   const operation_classes scope(classes_);
