@@ -11,15 +11,15 @@ namespace Xport {
 
 class xhtml_parser;
 
-/// How a character is to be spelled in text.
+/// How a character is spelled in text.
 enum class reference_form : std::uint32_t {
-  form_none = 0,       ///< the entry takes no part in rewriting
+  form_none = 0,       ///< the entry is never used for rewriting
   form_character = 1,  ///< the plain character
   form_numeric = 2,    ///< "&#", the code in decimal, ";"
   form_named = 3       ///< "&", the name, ";"
 };
 
-/// A character that may be spelled in several ways, and the preferred one.
+/// A character that can be spelled in several ways, and the preferred spelling.
 struct character_reference {
   reference_form form;
   char16 character;
@@ -27,8 +27,8 @@ struct character_reference {
   std::int16_t code;  ///< the number of a numeric reference
 };
 
-/// Order entries by one of their fields. Names are compared unit by unit, with a
-/// shorter name in front of those that it begins.
+/// Order entries by one of their fields. Names are compared unit by unit; a name comes
+/// before the longer names that begin with it.
 struct character_order {
   using is_transparent = void;
   bool operator()(const character_reference& a, const character_reference& b) const {
@@ -54,32 +54,31 @@ struct name_order {
   bool operator()(ustring_view a, const character_reference& b) const { return a < b.name; }
 };
 
-/// Sets of entries with one entry at most for a key: an entry with a key that is
-/// there already isn't stored.
+/// Sets of entries, with at most one entry for each key: inserting an entry with a key
+/// that the set already holds changes nothing.
 using references_by_character = std::set<character_reference, character_order>;
 using references_by_code = std::set<character_reference, code_order>;
 using references_by_name = std::set<character_reference, name_order>;
 
-/// Inserts the 38 entries that every parser begins with: the named characters of
-/// XHTML 1.0 up to U+00BF without the soft hyphen, and the signs for multiplying and
-/// dividing. All are preferred by name, but for `nbsp`: it stands for a blank and takes
-/// no part.
+/// Inserts the 38 entries that every parser starts with: the named characters of
+/// XHTML 1.0 up to U+00BF except the soft hyphen, and the multiplication and division
+/// signs. Their preferred spelling is the name. The exception is `nbsp`, whose character
+/// is a blank and whose form is form_none, so it is never used for rewriting.
 void load_default_references(references_by_code& references);
 
-/// Fills the parser's three indexes anew from its master table, each with the
-/// entries for which its key isn't the preferred spelling; of entries with equal
-/// keys the one with the lowest code is taken. To be called after the table or a
-/// `form` in it was changed, for which the entry is taken out (`extract`) and put back.
+/// Rebuilds the parser's three indexes from its master table. Each index gets the entries
+/// for which its key isn't the preferred spelling; of entries with equal keys it gets the
+/// one with the lowest code. Call it after each change of the table. To change the `form`
+/// of an entry, extract() the entry and insert it again.
 void rebuild_reference_indexes(xhtml_parser& parser);
 
 /// Appends the preferred spelling of `entry` to `text`; nothing for form_none and for
-/// numbers outside the enumeration.
+/// values outside the enumeration.
 void append_spelling(ustring& text, const character_reference& entry);
 
-/// Puts the preferred spelling of `entry`, nothing for form_none, in the place of
-/// the `count` units of `text` from `position` on, which must be there. Returns the
-/// index of the last unit of the spelling (position - 1 for an empty one, which
-/// wraps at position 0).
+/// Replaces `count` units of `text` from `position` on, which must exist, by the preferred
+/// spelling of `entry`, which is empty for form_none. Returns the index of the spelling's
+/// last unit. For an empty spelling that is position - 1, which wraps at position 0.
 std::size_t apply_reference(ustring& text, std::size_t position, std::size_t count,
                             const character_reference& entry);
 
