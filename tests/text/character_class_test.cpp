@@ -144,25 +144,12 @@ TEST_F(CharacterClass, ACopyAnswersByTheSameLocale) {
   EXPECT_EQ(copy.to_lower(u'\u00C9'), u'\u00C9');
 }
 
-TEST_F(CharacterClass, PlainLettersAreCountedUpToTheFirstOtherUnit) {
-  const character_classes classes;
-  EXPECT_TRUE(classes.are_standard());
-  EXPECT_EQ(classes.count_plain_letters(u""), 0u);
-  EXPECT_EQ(classes.count_plain_letters(u"abcxyz"), 6u);
-  EXPECT_EQ(classes.count_plain_letters(u"ab1c"), 2u);
-  for (const char16 unit :
-       {u'\0', u'`', u'{', u'A', u'Z', u'0', u' ', u'\u00E9', u'\u0161', u'\uFF41'})
-    EXPECT_EQ(classes.count_plain_letters(Xport::ustring(u"az") + unit + u"a"), 2u)
-        << static_cast<unsigned>(unit);
+TEST_F(CharacterClass, ClassesOfAHostAreNotStandard) {
+  EXPECT_TRUE(character_classes().are_standard());
+  EXPECT_FALSE(character_classes(test::locale_with(L'x', std::ctype_base::space)).are_standard());
 }
 
-TEST_F(CharacterClass, NoLettersArePlainWhereTheClassesAreAHosts) {
-  const character_classes classes(test::locale_with(L'x', std::ctype_base::space));
-  EXPECT_FALSE(classes.are_standard());
-  EXPECT_EQ(classes.count_plain_letters(u"abc"), 0u);
-}
-
-TEST_F(CharacterClass, PlainLettersAreAlnumAndNoWhiteSpaceInEveryLocale) {
+TEST_F(CharacterClass, StandardClassesAgreeOnSmallLettersBlankAndNewline) {
   for (const char* const name : {"C", "C.UTF-8"}) {
     if (!use_locale(name)) continue;
     const character_classes classes;
@@ -170,6 +157,8 @@ TEST_F(CharacterClass, PlainLettersAreAlnumAndNoWhiteSpaceInEveryLocale) {
       EXPECT_TRUE(classes.is_alnum(unit)) << name;
       EXPECT_FALSE(classes.is_space_or_blank(unit)) << name;
     }
+    EXPECT_TRUE(classes.is_space(u' ')) << name;
+    EXPECT_TRUE(classes.is_space(u'\n')) << name;
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
+#include "xport/parser/shortcuts.h"
 #include "xport/parser/take_until.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/stylesheet/style_attribute.h"
@@ -22,7 +23,7 @@ namespace {
 struct start_tag_name {
   // `text` is what follows the "<". It may go on after the name.
   start_tag_name(ustring_view text, const character_classes& classes)
-      : length(classes.count_plain_letters(text)), tag(tag_id::invalid_tag), slash(false) {
+      : length(count_plain_letters(text, classes)), tag(tag_id::invalid_tag), slash(false) {
     while (length < text.size() && classes.is_alnum(text[length])) ++length;
     if (length == 0) return;
     tag = xhtml_strict::tag_from_name(text.substr(0, length));
@@ -56,7 +57,7 @@ xhtml_markup* xhtml_parser::read_start_tag(xhtml_markup* parent) {
   const operation_classes scope(classes_);
   unit_input in = units();
   const ustring_view text = take_until(in, gathered_, [this](ustring_view window) {
-    std::size_t at = classes_->count_plain_letters(window);
+    std::size_t at = count_plain_letters(window, *classes_);
     while (at < window.size() && window[at] != u'>' && window[at] != end_unit &&
            !classes_->is_space(window[at]))
       ++at;
@@ -140,7 +141,7 @@ void xhtml_element::parse_attributes(ustring_view text, const character_classes&
 std::pair<ustring_view, ustring_view> next_attribute(ustring_view& text,
                                                      const character_classes& classes) {
   skip_space(text, classes);
-  std::size_t length = classes.count_plain_letters(text);
+  std::size_t length = count_plain_letters(text, classes);
   while (length < text.size() && text[length] != u'=' && !classes.is_space(text[length])) ++length;
   const ustring_view name = text.substr(0, length);
   text.remove_prefix(length);

@@ -1,6 +1,5 @@
 #include "xport/parser/text_reader.h"
 
-#include <optional>
 #include <sstream>
 
 #include "xport/markup/leaf_nodes.h"
@@ -35,7 +34,7 @@ xhtml_markup* xhtml_parser::read_pcdata(xhtml_markup* parent, const ustring& pre
   const bool plain = tag != tag_id::script && tag != tag_id::style;
   const bool blank = prefix.empty() && skip_space();
   if (plain && !normalize_text && !blank && prefix.empty())
-    if (const std::optional<ustring_view> text = take_plain_text()) return make_text(parent, *text);
+    if (const auto text = take_plain_text()) return make_text(parent, *text);
   if (blank)
     text_ = u' ';
   else
@@ -75,33 +74,6 @@ bool xhtml_parser::skip_space() {
     if (space.count < window.size()) break;
   }
   return any && !newline;
-}
-
-// Takes a text that stands whole in the input's window, in one line, perhaps with white space
-// after it. Most texts do, and needn't be gathered: the result is mostly a part of the
-// window. For all other texts there is no result and nothing is taken.
-std::optional<ustring_view> xhtml_parser::take_plain_text() {
-  unit_input in = units();
-  const ustring_view window = in.window();
-  std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(window);
-  if (count == window.size()) return {};
-  const trailing_space end = find_trailing_space(window.substr(0, count), *classes_);
-  bool blank = end.blank;
-  if (window[count] == u'\n' && folds_newlines()) {
-    const leading_space space = find_leading_space(window.substr(count), *classes_);
-    count += space.count;
-    if (count == window.size() || window[count] != u'<') return {};
-    line += space.newlines;
-    blank = true;
-  } else if (window[count] != u'<') {
-    return {};
-  }
-  in.advance(count);
-  const ustring_view text = window.substr(0, end.kept);
-  if (!blank) return text;
-  if (end.kept < count && window[end.kept] == u' ') return window.substr(0, end.kept + 1);
-  text_ = text;
-  return text_ += u' ';
 }
 
 // Appends character data to text_, up to the "<" that ends it. Between double quotes, and in

@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "xport/parser/shortcuts.h"
 #include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
-#include "xport/text/find_any.h"
 
 namespace Xport {
 
@@ -21,13 +21,12 @@ inline leading_space find_leading_space(ustring_view text, const character_class
   leading_space found{0, 0};
   for (; found.count < text.size(); ++found.count) {
     const char16 unit = text[found.count];
-    if (unit == u' ' && classes.are_standard())  // indentation is a run of blanks
-      found.count +=
-          count_leading({text.data() + found.count, text.size() - found.count}, u' ') - 1;
-    else if (unit == u'\n')
+    if (unit == u'\n') {
       ++found.newlines;
-    else if (unit == end_unit || !classes.is_space(unit))
+      found.count += count_plain_blanks(text.substr(found.count + 1), classes);
+    } else if (unit == end_unit || !classes.is_space(unit)) {
       break;
+    }
   }
   return found;
 }

@@ -1,6 +1,5 @@
 #include "xport/parser/xhtml_parser.h"
 
-#include <algorithm>
 #include <typeinfo>
 
 #include "xport/vocabulary/tag_table.h"
@@ -76,7 +75,10 @@ xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
     } else if (child != nullptr && takes_content(*child)) {
       parent = child->as_element();
     }
-    while (current == nullptr && parent != &receiver && take_plain_end_tag(*parent)) go_up();
+    while (current == nullptr && parent != &receiver && take_plain_end_tag(parent->rules())) {
+      trim_last_text(*parent);
+      go_up();
+    }
     if (current == nullptr) current.reset(next_node());
   }
 }
@@ -127,26 +129,6 @@ bool xhtml_parser::close(xhtml_markup& parent, held_node& current) {
 
 bool xhtml_parser::is_matching_end_tag(const xhtml_markup* parent, const xhtml_markup* node) {
   return node->is_end_tag() && node->tag() == parent->tag();
-}
-
-// Takes the end tag of `parent` where it is next, spelled as the element's name is and
-// whole in the input's window. That is how most elements end; it spares a node. False,
-// with nothing taken, for all else.
-bool xhtml_parser::take_plain_end_tag(xhtml_element& parent) {
-  if (reports(level_trace_end_tags) || !input->good()) return false;
-  const Tag_trait& rules = parent.rules();
-  if (rules.id == tag_id::pre) return false;
-  unit_input in = units();
-  const ustring_view window = in.window();
-  const std::size_t length = rules.name.size() + 3;
-  if (window.size() < length || window[0] != u'<' || window[1] != u'/' ||
-      window[length - 1] != u'>' ||
-      !std::equal(rules.name.begin(), rules.name.end(), window.begin() + 2))
-    return false;
-  in.advance(length);
-  last_tag = rules.id;
-  trim_last_text(parent);
-  return true;
 }
 
 void xhtml_parser::trim_last_text(xhtml_markup& parent) {

@@ -146,7 +146,6 @@ class xhtml_parser {
   xhtml_markup* fill_by_calls(xhtml_markup& parent);
   bool adopt(xhtml_markup& parent, held_node& current, xhtml_markup*& child, bool leaves_pool);
   bool close(xhtml_markup& parent, held_node& current);
-  bool take_plain_end_tag(xhtml_element& parent);
   void trim_last_text(xhtml_markup& parent);
 
   static constexpr node_place on_heap_{};
@@ -156,11 +155,14 @@ class xhtml_parser {
 
   bool skip_space();
   void append_run(ustring_view run);
-  std::optional<ustring_view> take_plain_text();
   void gather_text(tag_id parent);
   void gather_newline(bool script);
   xhtml_markup* make_text(xhtml_markup* parent, ustring_view text);
   xhtml_markup* make_rewritten(ustring text);
+
+  // See shortcuts.h.
+  std::optional<ustring_view> take_plain_text();
+  bool take_plain_end_tag(const Tag_trait& rules);
 
   std::optional<character_classes> classes_;  // during the outermost call
   const node_place* nodes_ = &on_heap_;       // where readers make nodes: see place_scope

@@ -39,19 +39,10 @@ class character_classes {
   /// `unit` in lower case, by the same locale.
   char16 to_lower(char16 unit) const;
 
-  /// Whether the classes are the standard library's own. These have the small letters of
-  /// ASCII as `alnum` and not as white space, and the blank and the newline as white space,
-  /// in every locale. A facet of the host's has to be asked for each unit.
+  /// Whether the classes are the standard library's own. In every locale, these count the
+  /// small letters of ASCII as `alnum` and not as white space, and the blank and the newline
+  /// as white space. A facet of the host may classify any unit in any way.
   bool are_standard() const { return standard_; }
-
-  /// How many units at the beginning of `text` are small letters of ASCII; 0 where that
-  /// says nothing about their classes, which aren't standard then.
-  std::size_t count_plain_letters(ustring_view text) const {
-    if (!standard_) return 0;
-    std::size_t count = 0;
-    while (count < text.size() && text[count] >= u'a' && text[count] <= u'z') ++count;
-    return count;
-  }
 
   /// `text` without white space at its end.
   ustring_view trim_right(ustring_view text) const {

@@ -1,0 +1,50 @@
+// The shortcuts that are functions. All others are covered by the tests of the readers, which
+// pass with shortcuts and without.
+
+#include "xport/parser/shortcuts.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+
+#include "tests/support/locale.h"
+
+namespace {
+
+using Xport::char16;
+using Xport::character_classes;
+using Xport::count_plain_blanks;
+using Xport::count_plain_letters;
+using Xport::ustring;
+
+// Without shortcuts nothing is counted.
+constexpr std::size_t counted(std::size_t count) { return Xport::use_shortcuts ? count : 0; }
+
+TEST(Shortcuts, LettersAreCountedUpToTheFirstOtherUnit) {
+  const character_classes classes;
+  EXPECT_EQ(count_plain_letters(u"", classes), 0u);
+  EXPECT_EQ(count_plain_letters(u"abcxyz", classes), counted(6));
+  EXPECT_EQ(count_plain_letters(u"ab1c", classes), counted(2));
+  for (const char16 unit :
+       {u'\0', u'`', u'{', u'A', u'Z', u'0', u' ', u'\u00E9', u'\u0161', u'\uFF41'})
+    EXPECT_EQ(count_plain_letters(ustring(u"az") + unit + u"a", classes), counted(2))
+        << static_cast<unsigned>(unit);
+}
+
+TEST(Shortcuts, BlanksAreCountedUpToTheFirstOtherUnit) {
+  const character_classes classes;
+  EXPECT_EQ(count_plain_blanks(u"", classes), 0u);
+  EXPECT_EQ(count_plain_blanks(u"a ", classes), 0u);
+  for (const char16 unit : {u'\0', u'\t', u'\n', u'a', u'!', u'\u00A0', u'\u2003', u'\u2020'})
+    for (std::size_t count = 0; count < 20; ++count)
+      EXPECT_EQ(count_plain_blanks(ustring(count, u' ') + unit + u' ', classes), counted(count))
+          << static_cast<unsigned>(unit);
+}
+
+TEST(Shortcuts, NothingIsCountedWhereAHostHasItsOwnClasses) {
+  const character_classes classes(test::locale_with(L'x', std::ctype_base::space));
+  EXPECT_EQ(count_plain_letters(u"abc", classes), 0u);
+  EXPECT_EQ(count_plain_blanks(u"   ", classes), 0u);
+}
+
+}  // namespace

@@ -1,0 +1,55 @@
+#include "xport/parser/shortcuts.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "xport/parser/text_reader.h"
+#include "xport/parser/xhtml_parser.h"
+
+namespace Xport {
+
+// Takes a text that stands in one line of the input's window, perhaps with white space after
+// it, and no quotes. The result is a part of the window if it can be, else text_.
+std::optional<ustring_view> xhtml_parser::take_plain_text() {
+  if (!use_shortcuts) return {};
+  unit_input in = units();
+  const ustring_view window = in.window();
+  std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(window);
+  if (count == window.size()) return {};
+  const trailing_space end = find_trailing_space(window.substr(0, count), *classes_);
+  bool blank = end.blank;
+  if (window[count] == u'\n' && folds_newlines()) {
+    const leading_space space = find_leading_space(window.substr(count), *classes_);
+    count += space.count;
+    if (count == window.size() || window[count] != u'<') return {};
+    line += space.newlines;
+    blank = true;
+  } else if (window[count] != u'<') {
+    return {};
+  }
+  in.advance(count);
+  const ustring_view text = window.substr(0, end.kept);
+  if (!blank) return text;
+  if (end.kept < count && window[end.kept] == u' ') return window.substr(0, end.kept + 1);
+  text_ = text;
+  return text_ += u' ';
+}
+
+// Takes the end tag of the element with `rules` if it comes next, is spelled as the name in
+// `rules` and stands whole in the input's window.
+bool xhtml_parser::take_plain_end_tag(const Tag_trait& rules) {
+  if (!use_shortcuts || reports(level_trace_end_tags) || !input->good()) return false;
+  if (rules.id == tag_id::pre) return false;
+  unit_input in = units();
+  const ustring_view window = in.window();
+  const std::size_t length = rules.name.size() + 3;
+  if (window.size() < length || window[0] != u'<' || window[1] != u'/' ||
+      window[length - 1] != u'>' ||
+      !std::equal(rules.name.begin(), rules.name.end(), window.begin() + 2))
+    return false;
+  in.advance(length);
+  last_tag = rules.id;
+  return true;
+}
+
+}  // namespace Xport
