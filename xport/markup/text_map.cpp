@@ -112,7 +112,7 @@ text_map_base::block* text_map_base::make_block(std::size_t bytes) {
   return new (node_pool::allocate(source, bytes)) block{source, bytes};
 }
 
-// Copies the entries from `from` up to `to`.
+// Copies the entries from `from` up to, but not including, `to`. Returns the end of the copies.
 char* text_map_base::put_run(char* out, const entry_head* from, const entry_head* to) {
   const std::size_t bytes = bytes_between(from, to);
   if (bytes != 0) std::memcpy(out, from, bytes);
@@ -126,8 +126,8 @@ char* text_map_base::put_entry(char* out, std::int32_t key, ustring_view value) 
   return out + bytes_of(value.size());
 }
 
-// Makes a block with the entries from `from` up to `to` left out and, if there is
-// a key, an entry for it in their place.
+// Makes a block without the entries from `from` up to `to`. If `key` isn't null, an entry for
+// it takes their place.
 void text_map_base::replace(const entry_head* from, const entry_head* to, const std::int32_t* key,
                             ustring_view value) {
   const std::size_t entry = key != nullptr ? bytes_of(value.size()) : 0;

@@ -12,26 +12,26 @@
 
 namespace Xport {
 
-/// What text_map is made of, for keys of any enumeration.
+/// The part of text_map that doesn't depend on the type of its keys.
 ///
-/// An ordered map from numbers to texts, kept as one block of memory: the
-/// entries in ascending key, each a head and its code units. Empty maps share an
-/// empty block. Each change makes a new block, which is right for the few attributes
-/// that elements have, and safe where the new value is part of an old one.
+/// An ordered map from numbers to texts in one block of memory, which holds the entries in
+/// ascending order of their keys, each as a head and its code units. Empty maps share an
+/// empty block. Each change makes a new block: elements have few attributes, and a new value
+/// may be part of an old one.
 class text_map_base {
  public:
-  /// The different keys that one change can add. No table has as many rows.
-  static constexpr std::size_t most_additions = 256;
+  /// The number of different keys that one call of insert_missing() can add.
+  static constexpr std::size_t most_additions = 8;
 
   bool empty() const { return block_->bytes == 0; }
 
-  /// The number of entries. Linear in it.
+  /// The number of entries. Takes linear time.
   std::size_t size() const;
 
   /// Removes all entries.
   void clear() noexcept;
 
-  /// Where the memory comes from; null for the general heap.
+  /// The pool that the memory comes from; null for the heap.
   node_pool* pool() const { return block_->pool; }
 
  protected:
@@ -59,11 +59,12 @@ class text_map_base {
                                                          block_->bytes);
   }
 
-  /// The first entry whose key isn't below `key`.
+  /// The first entry whose key isn't less than `key`.
   const entry_head* lower_bound(std::int32_t key) const;
   const entry_head* find(std::int32_t key) const;
 
-  /// The new entries of one change in ascending key, the first of equal keys only.
+  /// The new entries of one change in ascending order of their keys. Of equal keys only the
+  /// first is kept.
   struct addition {
     std::int32_t key;
     const ustring_view* value;
@@ -79,7 +80,7 @@ class text_map_base {
   void add_missing(additions& added);
   bool erase(std::int32_t key);
 
-  /// A head and its units, padded so that the next head is aligned.
+  /// The bytes of a head and its `length` units, padded so that the next head is aligned.
   static constexpr std::size_t bytes_of(std::size_t length) {
     return sizeof(entry_head) + (length + length % 2) * sizeof(char16);
   }
@@ -95,10 +96,10 @@ class text_map_base {
   block* block_;  // never null
 };
 
-/// An ordered map from `Key`, an enumeration, to text. Iteration is in ascending
-/// key, which is the order of output. Texts that are handed out are valid until
-/// the map is changed. Changes throw std::bad_alloc, and std::length_error for a
-/// text of 2^32 units or more; the map is then as it was.
+/// An ordered map from `Key`, an enumeration, to text. Iterators visit the keys in ascending
+/// order, which is the order of output. A text that the map returns is valid until the map is
+/// changed. Operations that store throw std::bad_alloc, and std::length_error for a text of
+/// 2^32 units or more; the map is then unchanged.
 template <class Key>
 class text_map : public text_map_base {
  public:
@@ -127,13 +128,13 @@ class text_map : public text_map_base {
     const entry_head* entry_;
   };
 
-  /// An empty map whose memory comes from `pool`, or from the heap if it is null.
+  /// An empty map whose memory comes from `pool`, or from the heap if `pool` is null.
   explicit text_map(node_pool* pool = nullptr) : text_map_base(pool) {}
 
   /// A copy on the heap.
   text_map(const text_map& other) : text_map_base(other, nullptr) {}
 
-  /// A copy whose memory comes from `pool`, or from the heap if it is null.
+  /// A copy whose memory comes from `pool`, or from the heap if `pool` is null.
   text_map(const text_map& other, node_pool* pool) : text_map_base(other, pool) {}
 
   const_iterator begin() const { return const_iterator(first()); }
@@ -141,22 +142,21 @@ class text_map : public text_map_base {
 
   bool contains(Key key) const { return find(static_cast<std::int32_t>(key)) != nullptr; }
 
-  /// The text stored for `key`, empty if there is none. It is constant, so that an
-  /// assignment, which would change nothing in the map, doesn't compile.
+  /// The text stored for `key`, empty if there is none. The result is const, so that an
+  /// assignment to it, which wouldn't change the map, doesn't compile.
   const ustring_view operator[](Key key) const {
     const entry_head* const entry = find(static_cast<std::int32_t>(key));
     return entry != nullptr ? entry->value() : ustring_view();
   }
 
-  /// Stores `value`, in place of what is there.
+  /// Stores `value` for `key` and replaces a value that is already there.
   void insert_or_assign(Key key, ustring_view value) {
     assign(static_cast<std::int32_t>(key), value);
   }
 
-  /// Stores those of `entries` whose key isn't there, the first of equal keys. They
-  /// may stand in any order. However many they are, the map is made anew once, and not
-  /// at all where nothing is new. Throws std::length_error for more than `most_additions`
-  /// different keys too. Meant for few different keys: time grows with their square.
+  /// Stores those of `entries`, in any order, whose keys the map doesn't hold yet; of equal
+  /// keys it stores the first. Remakes the map once for all of them, and not at all if no
+  /// key is new. Also throws std::length_error for more than `most_additions` different keys.
   void insert_missing(std::span<const value_type> entries) {
     additions added;
     for (const value_type& entry : entries)
@@ -164,7 +164,7 @@ class text_map : public text_map_base {
     add_missing(added);
   }
 
-  /// Removes the entry; false if there is none.
+  /// Removes the entry for `key`. Returns false if there is none.
   bool erase(Key key) { return text_map_base::erase(static_cast<std::int32_t>(key)); }
 };
 

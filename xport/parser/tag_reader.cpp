@@ -118,7 +118,7 @@ void xhtml_element::parse_attributes(ustring_view text) {
 void xhtml_element::parse_attributes(ustring_view text, const character_classes& classes) {
   if (trait_.get() == nullptr) return;
   // Each change of the map remakes it, so attributes are stored several at a time.
-  std::array<attribute_map::value_type, 8> gathered;
+  std::array<attribute_map::value_type, attribute_map::most_additions> gathered;
   std::size_t count = 0;
   const auto store = [&] {
     attributes_.insert_missing(std::span(gathered).first(count));

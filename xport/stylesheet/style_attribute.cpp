@@ -52,7 +52,7 @@ void parse_style_attribute(xhtml_element& element, ustring_view text,
   if (element.tag_trait()->get() == nullptr) return;
   style_map& style = *element.style_properties();
   // Store a few at a time: each insertion rebuilds the map.
-  std::array<style_map::value_type, 8> read;
+  std::array<style_map::value_type, style_map::most_additions> read;
   std::size_t count = 0;
   declaration_reader reader(text, classes);
   while (reader.read(read[count])) {
