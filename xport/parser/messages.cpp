@@ -50,7 +50,7 @@ void xhtml_parser::report_mismatch(const xhtml_markup& parent, const xhtml_marku
   const ustring source = end_tag.tag_name();
   ustring text =
       u"Expecting end tag " + parent.end_tag_text() + u".  Encountered " + source + u"\n";
-  // The number of the element, and not its name.
+  // The element is reported by number, not by name.
   if (passes_up)
     text += u"Ending <" + to_ustring(static_cast<std::int32_t>(end_tag.tag())) + u"> element.\n";
   else

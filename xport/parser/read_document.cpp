@@ -10,8 +10,9 @@ namespace Xport {
 
 namespace {
 
-// Takes the byte-order mark out of the parser's input. A stream that this makes for a swapped
-// page is deleted with the object, unless the parser owns its input.
+// Consumes the byte-order mark of the parser's input. For a page in the other byte order, that
+// replaces the input by a stream that swaps bytes. Unless the parser owns its input, this
+// object deletes that stream and restores the input.
 class ordered_input {
  public:
   explicit ordered_input(xhtml_parser& parser) : parser_(parser), given_(parser.input) {
@@ -31,7 +32,7 @@ class ordered_input {
   std::unique_ptr<xhtml_parser::input_type> made_;
 };
 
-// Reindexes even if reading throws: a document must not know elements of its old tree.
+// Reindexes even if reading throws: the document must not refer to elements of its old tree.
 class reindexed_after {
  public:
   explicit reindexed_after(xhtml_doc& doc) : doc_(doc) {}

@@ -9,19 +9,18 @@
 
 namespace Xport {
 
-/// Reads the page behind `parser` into `receiver`, whose content it replaces: loads the
-/// parser's references and indexes them, goes to the start of the input, takes a
-/// byte-order mark out of it, and parses. If the stream is in a fail or bad state to
-/// begin with, or null, nothing is read and `receiver` keeps its content.
+/// Reads the page in the input of `parser` into `receiver` and replaces its content: loads
+/// and indexes the parser's references, rewinds the input, consumes a byte-order mark, and
+/// parses. If the input is null or has failed already, nothing is read and `receiver` keeps
+/// its content.
 ///
-/// `parser.input` leads to the same stream afterwards, unless the parser owns it.
+/// Afterwards `parser.input` is the same stream as before, unless the parser owns it.
 void parse_page(xhtml_parser& parser, xhtml_element& receiver);
 
-/// Reads a page of 16-bit units, in either byte order, from `file` into `doc`, silently
-/// and with the parser's default options, and makes the known elements of `doc`
-/// those of the page. False, with `doc` as it was, if `file` is null, the sign of a file
-/// that couldn't be opened. True otherwise, whatever the file holds: reading ends
-/// where it can't be read.
+/// Reads a page of 16-bit units, in either byte order, from `file` into `doc`, with the
+/// parser's default options and without messages, and reindexes `doc`. Returns false, with
+/// `doc` unchanged, if `file` is null because it couldn't be opened. Otherwise returns true,
+/// whatever the file holds: a read error ends the page.
 bool read_document(xhtml_doc& doc, std::unique_ptr<byte_input> file);
 
 }  // namespace Xport

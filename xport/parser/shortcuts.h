@@ -19,11 +19,11 @@ namespace Xport {
 /// | xhtml_parser::take_plain_text | gathering a text that stands whole in the input's window |
 /// | xhtml_parser::take_plain_end_tag | making a node for the end tag of the innermost element |
 ///
-/// A reader calls its shortcut first. If the shortcut doesn't apply, it has changed nothing,
-/// and the reader goes on by itself.
+/// A reader tries its shortcut first. If the shortcut doesn't apply, it has changed nothing,
+/// and the reader continues as if there were none.
 ///
-/// Trees, messages, line numbers and exceptions are the same without shortcuts. To check
-/// that, build with VELLOMARK_SHORTCUTS=OFF, which leaves them out, and run the tests.
+/// Trees, messages and line numbers are the same without shortcuts. To check that, build with
+/// VELLOMARK_SHORTCUTS=OFF, which leaves them out, and run the tests.
 #ifdef XPORT_NO_SHORTCUTS
 inline constexpr bool use_shortcuts = false;
 #else

@@ -9,14 +9,14 @@
 
 namespace Xport {
 
-/// find_any as something to hand over.
+/// find_any as a function object.
 template <char16... Stops>
 inline constexpr auto any_of = [](ustring_view text) { return find_any<Stops...>(text); };
 
-/// Moves over the units in front of the one that `find` looks for, and gives them: out
-/// of the input's window where they are whole in it, else gathered in `gathered`. `find`
-/// takes a window and returns the index of its find or the window's size; it must
-/// stop at end_unit. The result holds until units behind the found one are looked at.
+/// Takes the units before the first one that `find` looks for. The result is a part of the
+/// input's window if that unit is in it; otherwise the units are copied to `gathered`. `find`
+/// accepts a window and returns the index of the unit, or the size of the window; it must stop
+/// at end_unit too. The result is valid until units after the found one are looked at.
 template <class Find>
 ustring_view take_until(unit_input in, ustring& gathered, Find find) {
   ustring_view window = in.window();

@@ -17,114 +17,114 @@
 
 namespace Xport {
 
-/// Levels of messages: the bits of xhtml_parser::message_mask.
+/// The levels of messages, which are the bits of xhtml_parser::message_mask.
 enum message_level : std::uint32_t {
   level_structure = 1,       ///< refused nodes, invalid tags, a bad "/>", a cut-off document
   level_end_tag = 2,         ///< end tags that don't match
-  level_trace_elements = 4,  ///< each element that is read; no error
-  level_trace_end_tags = 8   ///< each end tag that is read; no error
+  level_trace_elements = 4,  ///< each element that is read; not an error
+  level_trace_end_tags = 8   ///< each end tag that is read; not an error
 };
 
-/// Reads a page into the children of a node. It never rejects one: what doesn't fit
-/// is repaired by local rules and costs a message at most, and only the end of the
-/// input stops it. The insertion rules of the tree decide the shape of the result.
+/// Reads a page into the children of a node. The parser never rejects a page: it repairs
+/// misplaced nodes by local rules, at most reports a message, and stops only at the end of
+/// the input. The insertion rules of the tree decide the shape of the result.
 ///
-/// Use: set the options, load and index the references, then parse_children; or
-/// let parse_page (read_document.h) do all steps in their order. A parser serves
-/// one page and one thread.
+/// Use: set the options, load and index the references, then call parse_children(). Or let
+/// parse_page() (read_document.h) perform all steps in order. A parser serves one page and
+/// one thread.
 ///
-/// The readers take units from the input's stream buffer, past the stream's state. Each
-/// leaves the cursor after what it used, and calls the others through the virtual
-/// table, so that a derived class can put one of its own in their place. Character classes
-/// are those of the global locale when the outermost call began; style text uses the
-/// global locale at the moment when it is read.
+/// The readers take units from the input's stream buffer and bypass the state of the stream.
+/// Each reader leaves the cursor after the units that it used. Readers call each other
+/// through the virtual table, so a derived class can replace any of them. Character classes
+/// are those of the global locale at the start of the outermost call; for style text they are
+/// those of the global locale at the time when it is read.
 ///
-/// The caller owns a node that a reader returned. The node has no parent; it may be
-/// deleted, and adopted by any element of any tree.
+/// The caller owns a node that a reader returns. The node has no parent; the caller may
+/// delete it or let any element of any tree adopt it.
 ///
-/// Depth. A parser of this class, filling an element of our own class, takes no machine
-/// stack by the depth of the page. A derived parser, or a receiver of a derived class,
-/// is used as its virtual operations say: parse_children() is called for each node that
-/// was adopted, and so takes some of the stack for each open element.
+/// Depth: if the parser is of this very class and the receiver is an element of our own
+/// class, the machine stack doesn't grow with the depth of the page. A derived parser, or a
+/// receiver of a derived class, is used through its virtual operations: parse_children() is
+/// called for each adopted node and uses some stack for each open element.
 ///
-/// The buffer of the input and the facets of a locale must not call the parser that uses them.
+/// The input's buffer and the facets of a locale must not call the parser that uses them.
 ///
-/// Exceptions: those of memory, of the stream buffer and of the message
-/// stream, and std::domain_error ("pTag_trait invlaid") where an element without a
-/// rule record is asked for its end tag. The tree then holds what was read so far.
+/// Throws what memory, the stream buffer and the message stream throw, and std::domain_error
+/// ("pTag_trait invlaid") when an element without a rule record is asked for its end tag. The
+/// tree then holds what was read so far.
 class xhtml_parser {
  public:
   using input_type = std::basic_istream<char16>;
   using messages_type = std::basic_ostream<char16>;
 
-  /// A parser of `stream`, which may be null, the same as an empty input.
+  /// A parser that reads `stream`. Null is the same as an empty input.
   explicit xhtml_parser(input_type* stream) : input(stream) {}
   xhtml_parser(const xhtml_parser&) = delete;
   xhtml_parser& operator=(const xhtml_parser&) = delete;
 
-  /// Deletes the stream behind `input` if `owns_input`.
+  /// Deletes `input` if `owns_input`.
   virtual ~xhtml_parser();
 
-  /// Fills `parent` from the input up to its end tag, or to the end of the input.
-  /// A result that isn't null is a node which `parent` couldn't use and its own parent
-  /// can; the caller owns it. That parent is asked, so it must be alive. Takes time linear
-  /// in the input.
+  /// Fills `parent` from the input, up to its end tag or to the end of the input. Returns
+  /// null, or a node that `parent` can't contain but the parent of `parent` can; the caller
+  /// owns it. The parent of `parent` is asked, so it must be alive. Takes time linear in the
+  /// input.
   virtual xhtml_markup* parse_children(xhtml_markup* parent);
 
-  /// Rewrites each spelling of a character in `text` to the preferred one, by the
-  /// three indexes. Keys of characters are cut to their low 8 bits. References that
-  /// aren't known or are broken stay.
+  /// Rewrites the spellings of characters in `text` to the preferred ones, by the three
+  /// indexes. Units are looked up in `by_character` by their low 8 bits. Unknown and broken
+  /// references stay.
   virtual void normalize_references(ustring& text);
 
-  /// A comment; the cursor is on the first "-" behind "<!". Null if the input ends
-  /// behind it. Text if no second "-" follows.
+  /// Reads a comment. The cursor is at the first "-" after "<!". Returns null if the input
+  /// ends after that "-", and text if no second "-" follows.
   virtual xhtml_markup* read_comment(xhtml_markup* parent);
 
-  /// An end tag; the cursor is on the "/". A node of no kind if the input ends
-  /// before ">".
+  /// Reads an end tag. The cursor is at the "/". Returns a node of no kind if the input ends
+  /// before the ">".
   virtual xhtml_markup* read_end_tag();
 
-  /// An element without its content; the cursor is behind "<". Text if the name is
-  /// unknown and white space follows it.
+  /// Reads a start tag and returns its element, without content. The cursor is after the
+  /// "<". Returns text if the name is unknown and white space follows it.
   virtual xhtml_markup* read_start_tag(xhtml_markup* parent);
 
-  /// The next node of any kind for `parent`; null at the end of the input.
+  /// Reads the next node of any kind for `parent`. Returns null at the end of the input.
   virtual xhtml_markup* read_next(xhtml_markup* parent);
 
-  /// Character data behind `prefix`, which was taken from the input already. If
-  /// nothing is left of it, the node behind it.
+  /// Reads character data. It begins with `prefix`, which was taken from the input before.
+  /// If no text is left, reads and returns the node after it.
   virtual xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix);
 
-  /// The whole content of a `pre`, through its end tag, as one text.
+  /// Reads the whole content of a `pre` as one text, and consumes its end tag.
   virtual xhtml_markup* read_preformatted();
 
-  /// An instruction; the cursor is behind "<?".
+  /// Reads a processing instruction. The cursor is after the "<?".
   virtual xhtml_markup* read_processing_instruction();
 
-  /// Whatever the "<" begins on which the cursor is.
+  /// Reads whatever begins with the "<" at the cursor.
   virtual xhtml_markup* read_markup(xhtml_markup* parent);
 
-  /// Whether `node` is an end tag and closes `parent`.
+  /// Whether `node` is an end tag that closes `parent`.
   virtual bool is_matching_end_tag(const xhtml_markup* parent, const xhtml_markup* node);
 
-  /// Writes the line number and `text` to `messages`, if there is such a stream and
-  /// `message_mask` has a bit of `level`; then flushes.
+  /// Writes the line number and `text` to `messages` and flushes it. Does nothing if
+  /// `messages` is null or `message_mask` has no bit of `level`.
   void report_message(ustring_view text, std::uint32_t level);
 
-  /// Moves over white space. True if there was some and no newline in it.
+  /// Skips white space. Returns true if there was some, without a newline in it.
   bool skip_leading_space();
 
-  /// `prefix` and the text from the cursor up to and with the next ">".
+  /// Returns `prefix` followed by the text from the cursor up to and including the next ">".
   ustring read_declaration(ustring_view prefix);
 
   bool normalize_text = false;         ///< text goes through normalize_references
-  std::uint32_t message_mask = 0;      ///< the levels that are reported
+  std::uint32_t message_mask = 0;      ///< the levels to report
   bool preserve_newlines = false;      ///< text keeps its newlines
   bool owns_input = false;             ///< the destructor deletes the stream `input`
-  std::uint32_t line = 1;              ///< the current line, as far as the readers count
-  tag_id last_tag = tag_id::doc_root;  ///< what the last reader stored
-  input_type* input;                   ///< what is read
-  messages_type* messages = nullptr;   ///< where messages go, not owned; null: nowhere
+  std::uint32_t line = 1;              ///< the current line; readers don't count all newlines
+  tag_id last_tag = tag_id::doc_root;  ///< stored by most readers; if `pre`, newlines stay
+  input_type* input;                   ///< the stream that is read
+  messages_type* messages = nullptr;   ///< receives messages, not owned; may be null
   references_by_character by_character;
   references_by_code by_code;
   references_by_name by_name;
@@ -150,7 +150,7 @@ class xhtml_parser {
 
   static constexpr node_place on_heap_{};
 
-  // Outside `script`, which keeps its newlines.
+  // Not asked in `script`, where newlines are always kept.
   bool folds_newlines() const { return !preserve_newlines && last_tag != tag_id::pre; }
 
   bool skip_space();
@@ -164,15 +164,15 @@ class xhtml_parser {
   std::optional<ustring_view> take_plain_text();
   bool take_plain_end_tag(const Tag_trait& rules);
 
-  std::optional<character_classes> classes_;  // during the outermost call
+  std::optional<character_classes> classes_;  // holds a value during the outermost call
   const node_place* nodes_ = &on_heap_;       // where readers make nodes: see place_scope
-  ustring gathered_;                          // what isn't whole in the input's window
-  ustring text_;                              // a text that is being read
+  ustring gathered_;                          // see take_until()
+  ustring text_;                              // the text that is being read
 };
 
-/// Lets readers make nodes at `where`, which must outlive it, in its lifetime. Nodes outside the
-/// heap are for fill() alone, which calls its readers in such a scope. The stream of the messages
-/// may call readers meanwhile; it gets nodes on the heap.
+/// Makes the readers make their nodes at `where`, which must outlive this object, until the end
+/// of the scope. Only fill() can handle nodes in a pool, so it calls its readers in such a scope.
+/// The message stream may call readers too; a scope of its own gives it nodes on the heap.
 class xhtml_parser::place_scope {
  public:
   place_scope(xhtml_parser& parser, const node_place& where)

@@ -6,15 +6,15 @@
 
 namespace Xport {
 
-/// A 16-bit code unit. The whole library works on units: nothing is decoded,
-/// escaped or converted, and a lone surrogate is a unit like any other.
+/// A 16-bit code unit. The whole library works on units. It never decodes, escapes or
+/// converts them, and a lone surrogate is a unit like any other.
 using char16 = char16_t;
 
 /// The text type of the library.
 using ustring = std::u16string;
 
-/// A borrowed run of code units. What operations take as text; a `ustring`
-/// converts to it.
+/// Text that somebody else owns: the parameter type of operations that accept text. A
+/// `ustring` converts to it.
 using ustring_view = std::u16string_view;
 
 }  // namespace Xport

@@ -11,17 +11,17 @@
 
 namespace Xport {
 
-/// Asks a C++ locale what class a code unit belongs to. Units are widened to
-/// `wchar_t` one by one, so halves of surrogate pairs are asked about on their own.
-/// Make one for each operation that looks at many units: finding the locale's facet
-/// is the costly step, and answers for the first 256 units are kept. One object
-/// serves one thread at a time.
+/// The character classes of a C++ locale. Each code unit is widened to `wchar_t` and looked up
+/// on its own, even if it is half of a surrogate pair. Make one object for each operation
+/// that classifies many units: the construction, which looks up the locale's facet, is the
+/// expensive part, and the results for the first 256 units are cached. An object serves one
+/// thread at a time.
 class character_classes {
  public:
-  /// Asks the locale that is the global one now.
+  /// Uses the current global locale.
   character_classes() : character_classes(std::locale()) {}
 
-  /// Asks `locale`, of which it keeps a copy.
+  /// Uses a copy of `locale`.
   explicit character_classes(const std::locale& locale);
 
   /// Whether `unit` is white space (`std::ctype_base::space`).
@@ -36,7 +36,7 @@ class character_classes {
   /// Whether `unit` is a decimal digit (`std::ctype_base::digit`).
   bool is_digit(char16 unit) const { return is(digit, unit); }
 
-  /// `unit` in lower case, by the same locale.
+  /// `unit` in lower case, by the rules of the same locale.
   char16 to_lower(char16 unit) const;
 
   /// Whether the classes are the standard library's own. In every locale, these count the
@@ -44,14 +44,14 @@ class character_classes {
   /// as white space. A facet of the host may classify any unit in any way.
   bool are_standard() const { return standard_; }
 
-  /// `text` without white space at its end.
+  /// `text` without the white space at its end.
   ustring_view trim_right(ustring_view text) const {
     std::size_t size = text.size();
     while (size != 0 && is_space(text[size - 1])) --size;
     return {text.data(), size};
   }
 
-  /// `text` without white space at both ends.
+  /// `text` without the white space at both ends.
   ustring_view trim(ustring_view text) const;
 
  private:
@@ -62,10 +62,10 @@ class character_classes {
     return ((kept != 0 ? kept : find(classes, unit)) & classes) != 0;
   }
 
-  // As ask(), with the answer kept if it can be.
+  // Returns what ask() returns, and caches it for the first 256 units.
   unsigned find(unsigned classes, char16 unit) const;
 
-  // Those of `classes` that the unit belongs to.
+  // Asks the facet to which of `classes` the unit belongs.
   unsigned ask(unsigned classes, char16 unit) const;
 
   std::locale locale_;
@@ -74,9 +74,9 @@ class character_classes {
   mutable std::array<std::uint8_t, 256> kept_{};
 };
 
-/// Fetches character classes for one operation: keeps those of the global locale in `place`
-/// from its construction to its destruction. Inside an operation, where `place` has them
-/// already, it does nothing.
+/// Holds the character classes of the global locale in `place` during one operation: stores
+/// them on construction and removes them on destruction. Does nothing if `place` holds some
+/// already, because an outer operation has stored them.
 class operation_classes {
  public:
   explicit operation_classes(std::optional<character_classes>& place)
@@ -93,7 +93,7 @@ class operation_classes {
   std::optional<character_classes>* place_;
 };
 
-/// `text` with every unit lower-cased by the C library's `towlower`.
+/// Returns `text` with each unit lower-cased by the C library's `towlower`.
 ustring to_lower(ustring_view text);
 
 }  // namespace Xport

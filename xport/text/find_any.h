@@ -16,7 +16,7 @@ namespace Xport {
 
 namespace detail {
 
-// Eight units in a vector, as g++ and clang++ offer them on every machine.
+// A vector of eight units. g++ and clang++ have this extension on every machine.
 using unit_vector __attribute__((vector_size(16))) = std::uint16_t;
 constexpr std::size_t vector_units = sizeof(unit_vector) / sizeof(char16);
 
@@ -26,8 +26,8 @@ inline unit_vector load_units(const char16* units) {
   return loaded;
 }
 
-// The index of the first unit that a comparison has marked by ones, vector_units or more
-// if none is.
+// The index of the first unit whose bits are ones in `marks`, the result of a comparison.
+// vector_units or more if there is none.
 template <class Marks>
 std::size_t first_marked(const Marks& marks) {
   static_assert(sizeof(Marks) == sizeof(unit_vector));
@@ -46,8 +46,8 @@ std::size_t first_marked(const Marks& marks) {
 #endif
 }
 
-// The index of the first unit that `is_found`, or the size of `text`. The condition is
-// asked of vectors and of single units.
+// The index of the first unit for which `is_found` holds, or the size of `text`. `is_found`
+// is called with vectors and with single units.
 template <class Condition>
 std::size_t find_if(ustring_view text, Condition is_found) {
   std::size_t at = 0;
@@ -61,22 +61,21 @@ std::size_t find_if(ustring_view text, Condition is_found) {
 
 }  // namespace detail
 
-/// The index of the first unit in `text` that is one of `Stops`, or its size. Like all
-/// functions here it looks at eight units at a time: most texts are long runs without
-/// what is looked for.
+/// The index of the first unit in `text` that is one of `Stops`, or the size of `text`. Like
+/// the other functions here, it compares eight units at a time.
 template <char16... Stops>
 std::size_t find_any(ustring_view text) {
   return detail::find_if(
       text, [](auto units) { return (... | (units == static_cast<std::uint16_t>(Stops))); });
 }
 
-/// The index of the first `unit` in `text`, or its size.
+/// The index of the first `unit` in `text`, or the size of `text`.
 inline std::size_t find_unit(ustring_view text, char16 unit) {
   return detail::find_if(text,
                          [unit](auto units) { return units == static_cast<std::uint16_t>(unit); });
 }
 
-/// How many units at the beginning of `text` are `unit`.
+/// The number of units at the beginning of `text` that are equal to `unit`.
 inline std::size_t count_leading(ustring_view text, char16 unit) {
   return detail::find_if(text,
                          [unit](auto units) { return units != static_cast<std::uint16_t>(unit); });

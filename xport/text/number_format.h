@@ -9,10 +9,10 @@
 
 namespace Xport {
 
-/// `number` in decimal, with a "-" in front where it is negative.
+/// Returns `number` in decimal, with a leading "-" if it is negative.
 template <std::integral Number>
 ustring to_ustring(Number number) {
-  char digits[std::numeric_limits<Number>::digits10 + 2];  // one more digit, and the sign
+  char digits[std::numeric_limits<Number>::digits10 + 2];  // the last digit and the sign
   char* const end = std::to_chars(digits, digits + sizeof(digits), number).ptr;
   return ustring(digits, end);
 }
