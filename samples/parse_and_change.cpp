@@ -1,8 +1,8 @@
 #include <vellomark/samples.h>
 
 #include "platform/file_system.h"
-#include "platform/string_resources.h"
 #include "samples/add_element.h"
+#include "samples/string_resources.h"
 #include "xport/markup/descendant_markup_iterator.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
@@ -43,7 +43,7 @@ bool ParseAndChangeSampleVellomark(const char16_t* source_path, const char16_t* 
   Xport::xhtml_doc doc(0);
   if (!Xport::read_document(doc, files.open_for_reading(source_path))) return false;
 
-  const Xport::ustring_view header = platform::string_resource(102);
+  const Xport::ustring_view header = samples::string_resource(102);
   bool complete = !header.empty();
   if (Xport::xhtml_markup* const body = doc.body())
     samples::add_text_element(*body, Xport::tag_id::h1, header);

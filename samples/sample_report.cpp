@@ -1,8 +1,8 @@
 #include <vellomark/samples.h>
 
 #include "platform/file_system.h"
-#include "platform/string_resources.h"
 #include "samples/add_element.h"
+#include "samples/string_resources.h"
 #include "xport/markup/xhtml_doc.h"
 
 using samples::add_element;
@@ -13,7 +13,7 @@ namespace vellomark {
 
 bool CreateSampleVellomark1(const char16_t* path) {
   if (path == nullptr) return false;
-  const Xport::ustring_view header = platform::string_resource(101);
+  const Xport::ustring_view header = samples::string_resource(101);
 
   Xport::xhtml_doc doc(1);
   doc.title()->append_text(u"Template Test");
