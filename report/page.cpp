@@ -37,7 +37,7 @@ heading heading_of(std::int32_t style) {
 
 void VellomarkObj::StartParagraph() {
   if (!doc) return;
-  cursor = append_element(*doc->body(), tag_id::p);
+  state.cursor = append_element(*doc->body(), tag_id::p);
   cursor_ready = true;
 }
 
@@ -46,8 +46,8 @@ void VellomarkObj::StartParagraph() {
 void VellomarkObj::ClearPage() {
   if (!doc) return;
   doc->body()->as_element()->clear_children();
-  cursor = table_pos = {};
-  if (row_pos.owner() != &section_table) row_pos = {};
+  state.cursor = table_pos = {};
+  if (state.row_pos.owner() != &section_table) state.row_pos = {};
   for (SavedTableState& saved : table_stack) saved.cursor = saved.row_pos = {};
 }
 
@@ -82,16 +82,16 @@ void VellomarkObj::AddText(const char16_t* text, bool to_section) {
 // deleted is replaced only for a line.
 void VellomarkObj::AppendPlainText(const char16_t* text) {
   if (!cursor_ready) StartParagraph();
-  if (in_table) {
+  if (state.in_table) {
     AppendCell(text, false);
     return;
   }
-  if (cursor.cell() == nullptr) StartParagraph();
+  if (state.cursor.cell() == nullptr) StartParagraph();
   if (text != nullptr)
-    append_element(*cursor, tag_id::a)->push_back_text(text);
+    append_element(*state.cursor, tag_id::a)->push_back_text(text);
   else
-    cursor->push_back_copy(link_anchor);
-  append_element(*cursor, tag_id::br);
+    state.cursor->push_back_copy(link_anchor);
+  append_element(*state.cursor, tag_id::br);
 }
 
 void VellomarkObj::AddLink(const char16_t* text, const char16_t* target) {

@@ -36,7 +36,7 @@ void VellomarkObj::BeginSection(const char16_t* name, const char16_t* target) {
 void VellomarkObj::AppendSectionText(const char16_t* text) {
   if (text == nullptr) return;
   if (!table_stack.empty()) {
-    if (in_table) AppendCell(text, true);
+    if (state.in_table) AppendCell(text, true);
     return;
   }
   if (sections.empty()) return;
@@ -118,6 +118,6 @@ void VellomarkObj::PlaceElement(std::list<xhtml_element>& elements, const ustrin
     return;
   }
   RelocatePicture(elements, picture_folder, picture_link);
-  cursor->push_back_copy(elements.front());
+  state.cursor->push_back_copy(elements.front());
   elements.pop_front();
 }

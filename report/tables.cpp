@@ -57,20 +57,19 @@ bool VellomarkObj::OpenTable(std::int32_t columns) {
 // a table that is open.
 bool VellomarkObj::OpenSectionTable(std::int32_t columns) {
   SetTableAttributes(section_table);
-  table_stack.push_back(
-      {cursor, in_table, span_rows, span_rows_left, table_columns, next_column, row_pos});
+  table_stack.push_back(state);
   section_table.clear_children();
-  if (row_pos.owner() == &section_table) table_stack.back().row_pos = row_pos = {};
+  if (state.row_pos.owner() == &section_table) table_stack.back().row_pos = state.row_pos = {};
   StartTable(columns);
   return true;
 }
 
 void VellomarkObj::StartTable(std::int32_t columns) noexcept {
-  table_columns = columns;
-  in_table = true;
-  span_rows = 0;
-  span_rows_left = 0;
-  next_column = 0;
+  state.table_columns = columns;
+  state.in_table = true;
+  state.span_rows = 0;
+  state.span_rows_left = 0;
+  state.next_column = 0;
 }
 
 // The block comes first: if it can't be made, the table stays open.
@@ -80,39 +79,32 @@ void VellomarkObj::CloseTable() {
     return;
   }
   StartParagraph();
-  in_table = false;
-  span_rows = 0;
-  span_rows_left = 0;
-  table_columns = 0;
+  state.in_table = false;
+  state.span_rows = 0;
+  state.span_rows_left = 0;
+  state.table_columns = 0;
 }
 
 // The section gets its copy first: if that fails, the table stays open and whole.
 void VellomarkObj::CloseSectionTable() {
   if (table_stack.empty()) throw std::out_of_range("invalid vector subscript");
   if (!sections.empty()) sections.back().elements.push_back(section_table);
-  const SavedTableState& saved = table_stack.back();
-  cursor = saved.cursor;
-  in_table = saved.in_table;
-  span_rows = saved.span_rows;
-  span_rows_left = saved.span_rows_left;
-  table_columns = saved.table_columns;
-  next_column = saved.next_column;
-  row_pos = saved.row_pos;
+  state = table_stack.back();
   table_stack.pop_back();
 }
 
 void VellomarkObj::SetFirstCellRows(std::int32_t rows) {
-  span_rows = wrapping_add(rows, -1);
-  span_rows_left = span_rows;
+  state.span_rows = wrapping_add(rows, -1);
+  state.span_rows_left = state.span_rows;
 }
 
 void VellomarkObj::AppendCell(const char16_t* text, bool in_section_table) {
-  const bool in_row = next_column != 0 && span_rows_left >= span_rows;
-  if (!in_row || row_pos.cell() == nullptr) {
+  const bool in_row = state.next_column != 0 && state.span_rows_left >= state.span_rows;
+  if (!in_row || state.row_pos.cell() == nullptr) {
     xhtml_markup& table = in_section_table ? section_table : *table_pos;
-    row_pos = append_element(table, tag_id::tr);
+    state.row_pos = append_element(table, tag_id::tr);
   }
-  xhtml_markup& row = *row_pos;
+  xhtml_markup& row = *state.row_pos;
   if (text == nullptr) {
     FinishCell(*row.append_copy(link_cell));
   } else {
@@ -129,18 +121,18 @@ void VellomarkObj::AppendCell(const char16_t* text, bool in_section_table) {
 // What every cell gets once it is in its row, and what it does to the counters.
 void VellomarkObj::FinishCell(xhtml_markup& cell) {
   cell.set_attribute(attr_id::valign, u"top");
-  if (next_column == 0 && span_rows_left != 0)
-    cell.set_attribute(attr_id::rowspan, Xport::to_ustring(wrapping_add(span_rows, 1)));
+  if (state.next_column == 0 && state.span_rows_left != 0)
+    cell.set_attribute(attr_id::rowspan, Xport::to_ustring(wrapping_add(state.span_rows, 1)));
 
-  if (next_column == 0) {
-    next_column = 1;
-  } else if (span_rows_left != 0) {
-    span_rows_left = wrapping_add(span_rows_left, -1);
+  if (state.next_column == 0) {
+    state.next_column = 1;
+  } else if (state.span_rows_left != 0) {
+    state.span_rows_left = wrapping_add(state.span_rows_left, -1);
   } else {
-    next_column = wrapping_add(next_column, 1);
-    if (next_column >= table_columns) {
-      next_column = 0;
-      span_rows = 0;
+    state.next_column = wrapping_add(state.next_column, 1);
+    if (state.next_column >= state.table_columns) {
+      state.next_column = 0;
+      state.span_rows = 0;
     }
   }
 }

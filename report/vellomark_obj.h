@@ -55,15 +55,16 @@ class VellomarkObj final : public IVellomark {
   void EndDirectLinks() override;
 
  private:
-  /// What OpenTable in section mode puts aside until CloseTable.
+  /// Where the next line or cell goes. OpenTable in section mode saves it on
+  /// `table_stack`, and CloseTable restores it.
   struct SavedTableState {
-    Xport::markup_iterator cursor;
-    bool in_table;
-    std::int32_t span_rows;
-    std::int32_t span_rows_left;
-    std::int32_t table_columns;
-    std::int32_t next_column;
-    Xport::markup_iterator row_pos;
+    Xport::markup_iterator cursor;    // the paragraph that receives the next line
+    bool in_table = false;            // text becomes cells
+    std::int32_t span_rows = 0;       // rows that the first cell spans, minus one
+    std::int32_t span_rows_left = 0;  // how many of them are not started yet
+    std::int32_t table_columns = 0;   // as passed to OpenTable
+    std::int32_t next_column = 0;     // 0 at the start of a row
+    Xport::markup_iterator row_pos;   // the row that receives the next cell
   };
 
   /// The headings of sections that the page has at this moment.
@@ -112,13 +113,7 @@ class VellomarkObj final : public IVellomark {
   std::unique_ptr<Xport::xhtml_doc> doc;  // the report page
   bool cursor_ready = false;              // whether `cursor` has been set
   Xport::markup_iterator table_pos;       // the open table on the page
-  Xport::markup_iterator cursor;          // the block that takes the next text
-  bool in_table = false;                  // a table is open
-  std::int32_t span_rows = 0;             // rows that the first cell spans, less one
-  std::int32_t span_rows_left = 0;        // how many of them are still to be started
-  std::int32_t table_columns = 0;         // as given to OpenTable
-  std::int32_t next_column = 0;           // 0 at the start of a row
-  Xport::markup_iterator row_pos;         // the row that takes the next cell
+  SavedTableState state;                  // the present state
   std::vector<SavedTableState> table_stack;
   Xport::xhtml_element section_table;    // the table being filled in section mode
   Xport::xhtml_element link_cell;        // the prepared cell of AddLink
