@@ -7,47 +7,50 @@
 
 #include "xport/text/char16.h"
 
-/// The texts of a template's fields in the order of its page. A text is looked up in a time
-/// that grows with the logarithm of their number, as a host does it for each field.
-class field_texts {
+namespace report {
+
+/// The texts of a template's fields in page order. Look-up and replacement are logarithmic
+/// in their number, because a host does both for each field.
+class FieldTexts {
  public:
   using const_iterator = std::vector<Xport::ustring>::const_iterator;
 
-  field_texts() = default;
-  explicit field_texts(std::vector<Xport::ustring> texts);
-  field_texts(const field_texts&) = delete;
-  field_texts& operator=(field_texts&&) noexcept = default;
-  ~field_texts() = default;
+  FieldTexts() = default;
+  explicit FieldTexts(std::vector<Xport::ustring> texts);
+  FieldTexts(const FieldTexts&) = delete;
+  FieldTexts& operator=(FieldTexts&&) noexcept = default;
+  ~FieldTexts() = default;
 
   const_iterator begin() const { return texts_.begin(); }
   const_iterator end() const { return texts_.end(); }
 
-  bool contains(Xport::ustring_view text) const { return find(text) != index_.end(); }
+  bool Contains(Xport::ustring_view text) const { return Find(text) != index_.end(); }
 
-  /// Puts `text` in place of the first field that equals `old`. Throws nothing; does nothing
-  /// if there is none.
-  void replace(Xport::ustring_view old, Xport::ustring text) noexcept;
+  /// Replaces the first field that equals `old` with `text`; does nothing if there is none.
+  void Replace(Xport::ustring_view old, Xport::ustring text) noexcept;
 
  private:
-  static int compare(Xport::ustring_view left, Xport::ustring_view right);
+  static int Compare(Xport::ustring_view left, Xport::ustring_view right);
 
-  // By size, units and, where texts are equal, their order on the page.
-  struct by_text_and_place {
+  // Orders by text, and equal texts by their place on the page.
+  struct ByTextAndPlace {
     using is_transparent = void;
     bool operator()(const Xport::ustring* left, const Xport::ustring* right) const {
-      const int order = compare(*left, *right);
+      const int order = Compare(*left, *right);
       return order != 0 ? order < 0 : std::less<>()(left, right);
     }
     bool operator()(const Xport::ustring* left, Xport::ustring_view right) const {
-      return compare(*left, right) < 0;
+      return Compare(*left, right) < 0;
     }
   };
-  using text_index = std::set<Xport::ustring*, by_text_and_place>;
+  using TextIndex = std::set<Xport::ustring*, ByTextAndPlace>;
 
-  text_index::const_iterator find(Xport::ustring_view text) const;
+  TextIndex::const_iterator Find(Xport::ustring_view text) const;
 
   std::vector<Xport::ustring> texts_;
-  text_index index_;  // into texts_, which never grows
+  TextIndex index_;  // points into texts_, which never grows
 };
+
+}  // namespace report
 
 #endif

@@ -9,16 +9,16 @@ using Xport::ustring_view;
 
 namespace {
 
-// The longest link target: "#" and the target have to fit a text of 254 units.
+// With its "#", a link is at most 254 units long.
 constexpr std::size_t longest_target = 253;
 
-struct heading {
+struct Heading {
   tag_id tag;
   ustring_view class_name;
 };
 
-// Styles 1 to 4; what is below is an `h5` whose class is there and empty.
-heading heading_of(std::int32_t style) {
+// Styles below 1 make an `h5` with a class that is present but empty.
+Heading HeadingOf(std::int32_t style) {
   switch (style) {
     case 1:
       return {tag_id::h1, u"Style1"};
@@ -41,8 +41,8 @@ void VellomarkObj::StartParagraph() {
   cursor_ready = true;
 }
 
-// The positions in the body go with it. A row of the section table stays, which is no part
-// of the page; none waits in the stack.
+// A row of the section table isn't part of the page, so its position stays valid. Saved
+// states never hold one: OpenSectionTable resets it.
 void VellomarkObj::ClearPage() {
   if (!doc) return;
   doc->body()->as_element()->clear_children();
@@ -60,9 +60,9 @@ void VellomarkObj::AddHeading(const char16_t* text, std::int32_t style) {
     return;
   }
   const ustring id = std::exchange(pending_id, ustring());
-  const heading kind = heading_of(style);
-  Xport::xhtml_markup& added = *append_element(*doc->body(), kind.tag);
-  added.set_attribute(attr_id::class_, kind.class_name);
+  const Heading heading = HeadingOf(style);
+  Xport::xhtml_markup& added = *append_element(*doc->body(), heading.tag);
+  added.set_attribute(attr_id::class_, heading.class_name);
   if (!id.empty()) added.set_attribute(attr_id::id, id);
   added.push_back_text(text);
   StartParagraph();
@@ -77,8 +77,8 @@ void VellomarkObj::AddText(const char16_t* text, bool to_section) {
     AppendPlainText(text);
 }
 
-// Each line is an anchor, with the text or the prepared link, and a line end. The first
-// text of a report starts a block even if it becomes a cell; a block that LoadTemplate
+// A line is an anchor, with the text or the prepared link, and a `br`. The first text of a
+// report starts a paragraph even if it becomes a cell; a paragraph that LoadTemplate
 // deleted is replaced only for a line.
 void VellomarkObj::AppendPlainText(const char16_t* text) {
   if (!cursor_ready) StartParagraph();

@@ -3,63 +3,66 @@
 #include <functional>
 #include <unordered_map>
 
-#include "xport/text/char16.h"
+namespace report {
 
 namespace {
 
-struct edge {
-  const section_index::node* from;
+struct Edge {
+  const SectionIndex::Node* from;
   Xport::ustring_view heading;
-  friend bool operator==(const edge&, const edge&) = default;
+  friend bool operator==(const Edge&, const Edge&) = default;
 };
 
-struct edge_hash {
-  std::size_t operator()(const edge& e) const {
-    return std::hash<const void*>()(e.from) * 31 + std::hash<Xport::ustring_view>()(e.heading);
+struct EdgeHash {
+  std::size_t operator()(const Edge& edge) const {
+    return std::hash<const void*>()(edge.from) * 31 +
+           std::hash<Xport::ustring_view>()(edge.heading);
   }
 };
 
 }  // namespace
 
-section_index::section_index(std::list<ReportSection>& sections) {
+SectionIndex::SectionIndex(std::list<ReportSection>& sections) {
   std::size_t headings = 0;
   for (const ReportSection& section : sections) headings += section.heading_texts.size();
-  std::unordered_map<edge, node*, edge_hash> children(headings);
+  std::unordered_map<Edge, Node*, EdgeHash> children(headings);
   entries_.reserve(sections.size());
   for (auto section = sections.begin(); section != sections.end(); ++section) {
     const std::size_t number = entries_.size();
-    node* at = &root_;
-    add(number, *at);
+    Node* at = &root_;
+    Add(number, *at);
     for (const Xport::ustring& heading : section->heading_texts) {
-      node*& child = children[{at, heading}];
-      if (child == nullptr) child = &nodes_.emplace_back(node{at, nullptr, nullptr});
+      Node*& child = children[{at, heading}];
+      if (child == nullptr) child = &nodes_.emplace_back(Node{at, nullptr, nullptr});
       at = child;
-      add(number, *at);
+      Add(number, *at);
     }
     entries_.push_back({section, at});
   }
   placed_.resize(entries_.size());
 }
 
-void section_index::add(std::size_t section, node& path) {
-  waiting* const added = &waiting_.emplace_back(waiting{section, nullptr});
+void SectionIndex::Add(std::size_t section, Node& path) {
+  Waiting* const added = &waiting_.emplace_back(Waiting{section, nullptr});
   (path.first != nullptr ? path.last->next : path.first) = added;
   path.last = added;
 }
 
-const section_index::entry* section_index::closest(node*& path) {
+const SectionIndex::Entry* SectionIndex::Closest(Node*& path) {
   for (; path->parent != nullptr; path = path->parent)
-    if (const entry* const found = first_at(*path)) return found;
+    if (const Entry* const found = FirstAt(*path)) return found;
   return nullptr;
 }
 
-void section_index::take(const entry& placed) {
+void SectionIndex::Take(const Entry& placed) {
   placed_[static_cast<std::size_t>(&placed - entries_.data())] = true;
 }
 
-// A section stands in the list of each node above it and is placed but once, so
-// those placed are dropped when they come to the front.
-const section_index::entry* section_index::first_at(node& path) {
+// A section is in the list of every node on its path. Take only marks it; each list drops
+// it here, when it reaches the front.
+const SectionIndex::Entry* SectionIndex::FirstAt(Node& path) {
   while (path.first != nullptr && placed_[path.first->section]) path.first = path.first->next;
   return path.first != nullptr ? &entries_[path.first->section] : nullptr;
 }
+
+}  // namespace report

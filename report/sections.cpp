@@ -3,9 +3,25 @@
 #include "report/section_index.h"
 #include "report/vellomark_obj.h"
 
+using report::PagePath;
+using report::ReportSection;
+using report::SectionIndex;
 using Xport::tag_id;
 using Xport::ustring;
 using Xport::xhtml_element;
+
+namespace {
+
+// The section that shares the most leading headings with `path`. If none shares any, empties
+// `path` and returns the first section that remains; null if there is none.
+const SectionIndex::Entry* NextSection(SectionIndex& index, PagePath& path) {
+  if (path.node != nullptr)
+    if (const SectionIndex::Entry* const closest = index.Closest(path.node)) return closest;
+  path = PagePath();
+  return index.First();
+}
+
+}  // namespace
 
 void VellomarkObj::SetSectionMode(bool on) { section_mode = on; }
 
@@ -31,8 +47,6 @@ void VellomarkObj::BeginSection(const char16_t* name, const char16_t* target) {
   if (direct_links) AddLink(name, target);
 }
 
-// Text for an open section table is a cell, other text a line of the last section.
-// Without a section there is nothing to take it.
 void VellomarkObj::AppendSectionText(const char16_t* text) {
   if (text == nullptr) return;
   if (!table_stack.empty()) {
@@ -47,20 +61,19 @@ void VellomarkObj::AppendSectionText(const char16_t* text) {
   elements.splice(elements.end(), line);
 }
 
-// Sections that share headings come together: next is the one that has most of
-// the page's last headings, and where none has any, the first one made. Content
-// that is on the page leaves the record, and the record leaves the list with the last
-// of it: another call completes what an exception interrupted.
-void VellomarkObj::WriteSections(ustring folder, ustring stem) {
-  stem += u"_files\\";  // now the folder of pictures as the page names it
-  folder += stem;       // and as the disk does
+// Content that is on the page leaves its section, and a section leaves the list after its
+// last element. The next call then completes what an exception interrupted.
+void VellomarkObj::WriteSections(const ustring& folder, const ustring& stem) {
   if (sections.empty()) return;
-  files.create_directory(folder);
+  const ustring picture_link = stem + u"_files\\";
+  const ustring picture_folder = folder + picture_link;
+  files.create_directory(picture_folder);
 
-  section_index index(sections);
+  SectionIndex index(sections);
   PagePath path;
-  while (const section_index::entry* const next = NextSection(index, path)) {
-    // From here on it is changed: the rest of it comes first in another call.
+  while (const SectionIndex::Entry* const next = NextSection(index, path)) {
+    // The section is about to change. If an exception interrupts it, the next call starts
+    // with the rest of it.
     sections.splice(sections.begin(), sections, next->section);
     PlaceHeadings(*next, path);
     StartParagraph();
@@ -70,22 +83,15 @@ void VellomarkObj::WriteSections(ustring folder, ustring stem) {
       AddHeading(section.name.c_str(), 4);
       section.name.clear();
     }
-    while (!section.elements.empty()) PlaceElement(section.elements, folder, stem);
-    index.take(*next);
+    while (!section.elements.empty()) PlaceElement(section.elements, picture_folder, picture_link);
+    index.Take(*next);
     sections.erase(next->section);
   }
 }
 
-const section_index::entry* VellomarkObj::NextSection(section_index& index, PagePath& path) {
-  if (path.node != nullptr)
-    if (const section_index::entry* const closest = index.closest(path.node)) return closest;
-  path = PagePath();
-  return index.first();
-}
-
-// Headings are compared place by place, so one may be left out although one above
-// it differs.
-void VellomarkObj::PlaceHeadings(const section_index::entry& next, PagePath& path) {
+// Headings are compared place by place, so one may be left out although one above it
+// differs.
+void VellomarkObj::PlaceHeadings(const SectionIndex::Entry& next, PagePath& path) {
   ReportSection& section = *next.section;
   bool added = false;
   auto style = section.heading_styles.begin();
@@ -106,8 +112,8 @@ void VellomarkObj::PlaceHeadings(const section_index::entry& next, PagePath& pat
   section.heading_styles.clear();
 }
 
-// Moves the first element to the page: a table between blocks, else into the
-// block, as a picture if it names one.
+// A table is a child of the body, between two paragraphs; other elements go into the current
+// paragraph.
 void VellomarkObj::PlaceElement(std::list<xhtml_element>& elements, const ustring& picture_folder,
                                 const ustring& picture_link) {
   if (elements.front().tag() == tag_id::table) {

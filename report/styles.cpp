@@ -7,17 +7,17 @@ using Xport::css_property_id;
 
 namespace {
 
-struct style_rule {
+struct StyleRule {
   Xport::ustring_view selector;
   std::initializer_list<Xport::stylesheet_declaration> declarations;
 };
 
 }  // namespace
 
-// The classes are those that AddHeading and OpenTable give their elements.
+// AddHeading and OpenTable set these classes.
 void VellomarkObj::InstallDefaultStyles() {
   if (!doc) return;
-  const std::initializer_list<style_rule> rules = {
+  const std::initializer_list<StyleRule> rules = {
       {u".Style1", {{css_property_id::text_align, u"center"}}},
       {u".Style2", {{css_property_id::text_align, u"left"}}},
       {u".Style3",
@@ -30,7 +30,7 @@ void VellomarkObj::InstallDefaultStyles() {
       {u".main td", {{css_property_id::width, u"10%"}}},
   };
   Xport::xhtml_stylesheet sheet;
-  for (const style_rule& rule : rules) {
+  for (const StyleRule& rule : rules) {
     const Xport::stylesheet_iterator added =
         sheet.add_item(Xport::xhtml_stylesheet_rule(rule.selector));
     for (const Xport::stylesheet_declaration& declaration : rule.declarations)

@@ -14,13 +14,13 @@ using Xport::xhtml_markup;
 
 namespace {
 
-// Row counts are taken as they come, so their arithmetic wraps.
-std::int32_t wrapping_add(std::int32_t a, std::int32_t b) {
+// Hosts may pass any count, so the arithmetic must be defined for all of them: it wraps.
+std::int32_t WrappingAdd(std::int32_t a, std::int32_t b) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
 }
 
-// Cells break their lines by markup, which the browser then sees.
-ustring with_line_breaks(ustring_view text) {
+// In a cell a line feed becomes a tag, because a browser shows it as a blank.
+ustring WithLineBreaks(ustring_view text) {
   ustring broken;
   broken.reserve(text.size() +
                  3 * static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n')));
@@ -51,10 +51,10 @@ bool VellomarkObj::OpenTable(std::int32_t columns) {
   return true;
 }
 
-// All section tables share one element: an outer table loses its rows, and with them the
-// position of its last row. (States saved earlier have lost theirs.) Only the first two
-// steps can fail. The attributes are always the same, so setting them changes nothing for
-// a table that is open.
+// All section tables share one element. Clearing it deletes the rows of an outer table, so
+// the position of its last row is reset. (States that were saved earlier have theirs
+// reset already.) Only the first two steps can throw. The attributes are always the same,
+// so setting them again doesn't change a table that is open.
 bool VellomarkObj::OpenSectionTable(std::int32_t columns) {
   SetTableAttributes(section_table);
   table_stack.push_back(state);
@@ -72,7 +72,7 @@ void VellomarkObj::StartTable(std::int32_t columns) noexcept {
   state.next_column = 0;
 }
 
-// The block comes first: if it can't be made, the table stays open.
+// Starts the paragraph first: if that throws, the table stays open.
 void VellomarkObj::CloseTable() {
   if (section_mode) {
     CloseSectionTable();
@@ -85,7 +85,8 @@ void VellomarkObj::CloseTable() {
   state.table_columns = 0;
 }
 
-// The section gets its copy first: if that fails, the table stays open and whole.
+// Copies the table to the section first: if that throws, the table stays open with all its
+// rows.
 void VellomarkObj::CloseSectionTable() {
   if (table_stack.empty()) throw std::out_of_range("invalid vector subscript");
   if (!sections.empty()) sections.back().elements.push_back(section_table);
@@ -94,7 +95,7 @@ void VellomarkObj::CloseSectionTable() {
 }
 
 void VellomarkObj::SetFirstCellRows(std::int32_t rows) {
-  state.span_rows = wrapping_add(rows, -1);
+  state.span_rows = WrappingAdd(rows, -1);
   state.span_rows_left = state.span_rows;
 }
 
@@ -113,23 +114,22 @@ void VellomarkObj::AppendCell(const char16_t* text, bool in_section_table) {
     if (Xport::find_unit(content, u'\n') == content.size())
       cell << content;
     else
-      cell << with_line_breaks(content);
+      cell << WithLineBreaks(content);
     FinishCell(cell);
   }
 }
 
-// What every cell gets once it is in its row, and what it does to the counters.
 void VellomarkObj::FinishCell(xhtml_markup& cell) {
   cell.set_attribute(attr_id::valign, u"top");
   if (state.next_column == 0 && state.span_rows_left != 0)
-    cell.set_attribute(attr_id::rowspan, Xport::to_ustring(wrapping_add(state.span_rows, 1)));
+    cell.set_attribute(attr_id::rowspan, Xport::to_ustring(WrappingAdd(state.span_rows, 1)));
 
   if (state.next_column == 0) {
     state.next_column = 1;
   } else if (state.span_rows_left != 0) {
-    state.span_rows_left = wrapping_add(state.span_rows_left, -1);
+    state.span_rows_left = WrappingAdd(state.span_rows_left, -1);
   } else {
-    state.next_column = wrapping_add(state.next_column, 1);
+    state.next_column = WrappingAdd(state.next_column, 1);
     if (state.next_column >= state.table_columns) {
       state.next_column = 0;
       state.span_rows = 0;

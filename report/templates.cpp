@@ -14,10 +14,10 @@ using Xport::xhtml_markup;
 
 namespace {
 
-using segment = std::vector<markup_iterator>;
+using Segment = std::vector<markup_iterator>;
 
-// The child that makes `node` a marker: what a writer makes of it is the field's text.
-// Null for a node that is none.
+// The first child of `node` if `node` is a marker, else null. The text of the field is that
+// child as it is written.
 const xhtml_markup* MarkerContent(const xhtml_markup& node) {
   const Xport::attribute_map* const attributes = node.attributes();
   const bool is_marker = attributes != nullptr && (*attributes)[attr_id::id] == u"Template";
@@ -26,12 +26,12 @@ const xhtml_markup* MarkerContent(const xhtml_markup& node) {
 
 void CollectTemplateField(const xhtml_markup& node, std::vector<ustring>& fields) {
   if (const xhtml_markup* const content = MarkerContent(node))
-    fields.push_back(WrittenText(*content));
+    fields.push_back(report::WrittenText(*content));
 }
 
 bool IsTemplateField(const xhtml_markup& node, const ustring& field) {
   const xhtml_markup* const content = MarkerContent(node);
-  return content != nullptr && WrittenText(*content) == field;
+  return content != nullptr && report::WrittenText(*content) == field;
 }
 
 std::vector<ustring> CollectTemplateFields(xhtml_doc& page) {
@@ -42,7 +42,7 @@ std::vector<ustring> CollectTemplateFields(xhtml_doc& page) {
   return fields;
 }
 
-// The first one of the page. Null if it has none.
+// The first body of the page; null if it has none.
 xhtml_markup* TemplateBody(xhtml_doc& page) {
   const descendant_markup_iterator end = page.descendant_end();
   for (descendant_markup_iterator at = page.descendant_begin(); at != end; ++at)
@@ -50,15 +50,15 @@ xhtml_markup* TemplateBody(xhtml_doc& page) {
   return nullptr;
 }
 
-// Cuts the body at the blocks whose first child is a marker. These go; so does all that
-// isn't an element. A marker is taken for the next field of the page only: where a field
-// stands elsewhere, the next one in its place isn't it, and nothing is cut from there on.
-std::list<segment> SplitTemplate(xhtml_doc& page, const std::vector<ustring>& fields) {
-  std::list<segment> segments;
+// Cuts the body at each `p` whose first child is the marker of the next field. That `p`
+// belongs to no segment, and neither does any child that isn't an element. A field whose
+// marker stands elsewhere is never matched, so nothing is cut from there on.
+std::list<Segment> SplitTemplate(xhtml_doc& page, const std::vector<ustring>& fields) {
+  std::list<Segment> segments;
   xhtml_markup* const body = TemplateBody(page);
   if (body == nullptr) return segments;
   auto field = fields.begin();
-  segment current;
+  Segment current;
   for (markup_iterator at = body->begin(); at != body->end(); ++at) {
     if (at->as_element() == nullptr) continue;
     if (at->tag() == tag_id::p && field != fields.end() && IsTemplateField(*at->begin(), *field)) {
@@ -75,8 +75,9 @@ std::list<segment> SplitTemplate(xhtml_doc& page, const std::vector<ustring>& fi
 
 }  // namespace
 
-// What is cleared takes the positions in it along, so nothing of the old template may
-// be left when the new one is read. The page is cleared when nothing can fail any more.
+// Fields and segments of the old template are dropped before the new page is read, because
+// reading deletes the nodes to which the segments point. The page is cleared last, after
+// the last step that can throw.
 void VellomarkObj::LoadTemplate(const char16_t* path) {
   if (path == nullptr) return;
   std::unique_ptr<Xport::byte_input> file = files.open_for_reading(path);
@@ -86,19 +87,19 @@ void VellomarkObj::LoadTemplate(const char16_t* path) {
   Xport::read_document(template_doc, std::move(file));
 
   std::vector<ustring> texts = CollectTemplateFields(template_doc);
-  std::list<segment> segments = SplitTemplate(template_doc, texts);
-  field_texts fields(std::move(texts));
+  std::list<Segment> segments = SplitTemplate(template_doc, texts);
+  report::FieldTexts fields(std::move(texts));
   ClearPage();
   template_fields = std::move(fields);
   template_segments.swap(segments);
 }
 
 bool VellomarkObj::SetTemplateField(const char16_t* name, bool replace, const char16_t* value) {
-  if (name == nullptr || !template_fields.contains(name)) return false;
+  if (name == nullptr || !template_fields.Contains(name)) return false;
   if (replace && value != nullptr) {
     ustring text(value);
     FlushTemplateSegment();
-    template_fields.replace(name, std::move(text));
+    template_fields.Replace(name, std::move(text));
   }
   return true;
 }
@@ -110,15 +111,14 @@ void VellomarkObj::GetTemplateFields(zov_shared_array<CZovString>& fields) {
 
 void VellomarkObj::ClearTemplateFields() { template_fields = {}; }
 
-// Puts the next piece of the template on the page; what follows goes into a new block
-// behind it. What is on the page has left the piece, and the piece goes last: another
-// call completes what an exception interrupted.
+// Copied nodes leave the segment even if copying a later one throws, and the segment is
+// removed last. The next call then completes what the exception interrupted.
 void VellomarkObj::FlushTemplateSegment() {
   if (!doc || template_segments.empty()) {
     StartParagraph();
     return;
   }
-  segment& next = template_segments.front();
+  Segment& next = template_segments.front();
   auto at = next.begin();
   try {
     for (; at != next.end(); ++at) doc->body()->append_copy(**at);

@@ -2,6 +2,22 @@
 
 using Xport::tag_id;
 
+IVellomark::IVellomark() = default;
+
+IVellomark::IVellomark(const IVellomark&) = default;
+
+IVellomark& IVellomark::operator=(const IVellomark&) = default;
+
+IVellomark::~IVellomark() = default;
+
+namespace vellomark {
+
+boost::shared_ptr<IVellomark> CreateInstance() {
+  return boost::shared_ptr<IVellomark>(new VellomarkObj);
+}
+
+}  // namespace vellomark
+
 VellomarkObj::VellomarkObj()
     : VellomarkObj(platform::file_system::native(), platform::url_opener::native()) {}
 

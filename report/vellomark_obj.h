@@ -11,22 +11,23 @@
 #include "platform/file_system.h"
 #include "platform/url_opener.h"
 #include "report/field_texts.h"
-#include "report/report_section.h"
 #include "report/section_index.h"
 #include "xport/markup/markup_iterator.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/char16.h"
 
-/// The report behind IVellomark; see there for what the operations do.
+/// The report behind IVellomark, which documents the public operations.
 ///
-/// The page is flat: headings, tables and blocks stand in the body, lines of
-/// text in the blocks. Positions into what this object holds are kept valid or
-/// made invalid with what they point to; an invalid position takes content that
-/// then goes nowhere, or is replaced by a new block or row.
+/// The page is flat: headings, tables and paragraphs are children of the body, and
+/// lines of text are children of a paragraph.
+///
+/// A position never dangles: whatever deletes a node also resets the positions that
+/// point to it. A reset paragraph or row is replaced by a new one when it is needed; a
+/// cell whose table is reset is dropped.
 class VellomarkObj final : public IVellomark {
  public:
-  /// A report that uses the operating system's services.
+  /// A report that uses the services of the operating system.
   VellomarkObj();
 
   /// A report that uses the given services, which must outlive it.
@@ -67,66 +68,93 @@ class VellomarkObj final : public IVellomark {
     Xport::markup_iterator row_pos;   // the row that receives the next cell
   };
 
-  /// The headings of sections that the page has at this moment.
-  struct PagePath {
-    std::vector<Xport::ustring> texts;
-    section_index::node* node = nullptr;  // null for an empty path
-  };
-
   // page.cpp
+
+  /// Appends a paragraph to the page and moves the cursor to it.
   void StartParagraph();
+
+  /// Empties the body and resets the positions in it.
   void ClearPage();
+
+  /// Appends a line to the page, or a cell to the open table. A null `text` appends the
+  /// prepared link.
   void AppendPlainText(const char16_t* text);
 
-  // tables.cpp
-  bool OpenSectionTable(std::int32_t columns);
-  void StartTable(std::int32_t columns) noexcept;
-  void CloseSectionTable();
-  void AppendCell(const char16_t* text, bool in_section_table);
-  void FinishCell(Xport::xhtml_markup& cell);
-
   // styles.cpp
+
+  /// Adds the stylesheet of every report to the page.
   void InstallDefaultStyles();
 
-  // saving.cpp
-  Xport::ustring UniqueReportName(const Xport::ustring& folder) const;
-  bool EnsureFolder(const Xport::ustring& path) const;
+  // tables.cpp
+
+  /// OpenTable and CloseTable in section mode.
+  bool OpenSectionTable(std::int32_t columns);
+  void CloseSectionTable();
+
+  /// Resets the counters for a table that was just opened.
+  void StartTable(std::int32_t columns) noexcept;
+
+  /// Appends a cell to the current row, after starting a new row if one is due. A null
+  /// `text` appends the prepared link cell.
+  void AppendCell(const char16_t* text, bool in_section_table);
+
+  /// Sets the attributes of a cell that is in its row, and advances the counters.
+  void FinishCell(Xport::xhtml_markup& cell);
 
   // sections.cpp
+
+  /// Appends a cell to the open section table, or else a line to the last section. Ignores
+  /// a null `text`, and a line if there is no section.
   void AppendSectionText(const char16_t* text);
-  void WriteSections(Xport::ustring folder, Xport::ustring stem);
-  static const section_index::entry* NextSection(section_index& index, PagePath& path);
-  void PlaceHeadings(const section_index::entry& next, PagePath& path);
+
+  /// Moves all sections to the page, in the order that brings shared headings together.
+  /// `folder` is the folder of the page with a final separator. The pictures go to the folder
+  /// `stem` + "_files" in it.
+  void WriteSections(const Xport::ustring& folder, const Xport::ustring& stem);
+
+  /// Adds those headings of the section that `path` lacks, and makes its path the new
+  /// `path` if it added any.
+  void PlaceHeadings(const report::SectionIndex::Entry& next, report::PagePath& path);
+
+  /// Moves the first of `elements` to the page. `picture_folder` is the folder of
+  /// pictures on the disk, `picture_link` the same folder relative to the page.
   void PlaceElement(std::list<Xport::xhtml_element>& elements, const Xport::ustring& picture_folder,
                     const Xport::ustring& picture_link);
 
   // pictures.cpp
+
+  /// If the text of the first element is the path of an existing file, moves that file to
+  /// `picture_folder` and replaces the element with an `img`. A file that can't be copied
+  /// stays where it is, and the element, with the path as its text, stays too.
   void RelocatePicture(std::list<Xport::xhtml_element>& elements,
                        const Xport::ustring& picture_folder, const Xport::ustring& picture_link);
 
   // templates.cpp
+
+  /// Appends the next segment of the template, if one is left, and a new paragraph.
   void FlushTemplateSegment();
 
   platform::file_system& files;
   platform::url_opener& browser;
 
-  std::unique_ptr<Xport::xhtml_doc> doc;  // the report page
-  bool cursor_ready = false;              // whether `cursor` has been set
-  Xport::markup_iterator table_pos;       // the open table on the page
-  SavedTableState state;                  // the present state
-  std::vector<SavedTableState> table_stack;
-  Xport::xhtml_element section_table;    // the table being filled in section mode
-  Xport::xhtml_element link_cell;        // the prepared cell of AddLink
-  Xport::xhtml_element link_anchor;      // the prepared anchor of AddLink
-  bool section_mode = false;             // content goes into the last section
-  bool direct_links = false;             // but text and links stay on the page
-  Xport::ustring pending_id;             // the `id` of the next heading, used once
-  std::list<Xport::ustring> path_texts;  // headings queued for the next section
-  std::list<std::int32_t> path_styles;
-  std::list<ReportSection> sections;  // in order of creation, but for one that Save began
-  field_texts template_fields;
-  std::list<std::vector<Xport::markup_iterator>> template_segments;  // wait for the page
-  Xport::xhtml_doc template_doc;                                     // the loaded template
+  std::unique_ptr<Xport::xhtml_doc> doc;      // the page
+  bool cursor_ready = false;                  // some paragraph has been started
+  Xport::markup_iterator table_pos;           // the open table of the page
+  SavedTableState state;                      // the present state
+  std::vector<SavedTableState> table_stack;   // one for each open section table
+  Xport::xhtml_element section_table;         // the open section table, whatever its depth
+  Xport::xhtml_element link_cell;             // the cell that AddLink prepared
+  Xport::xhtml_element link_anchor;           // the anchor that AddLink prepared
+  bool section_mode = false;                  // text and tables go to the last section,
+  bool direct_links = false;                  // but text and links stay on the page
+  Xport::ustring pending_id;                  // the `id` of the next heading only
+  std::list<Xport::ustring> path_texts;       // headings queued for the next section
+  std::list<std::int32_t> path_styles;        // their styles
+  std::list<report::ReportSection> sections;  // in order of creation; one that an exception
+                                              // interrupted in Save comes first
+  report::FieldTexts template_fields;
+  std::list<std::vector<Xport::markup_iterator>> template_segments;  // not yet on the page
+  Xport::xhtml_doc template_doc;  // the loaded template, into which the segments point
 };
 
 #endif

@@ -1,10 +1,19 @@
 #ifndef REPORT_WRITTEN_TEXT_H
 #define REPORT_WRITTEN_TEXT_H
 
+#include "xport/markup/xhtml_element.h"
 #include "xport/markup/xhtml_markup.h"
 #include "xport/text/char16.h"
 
-/// What a writer with the default options makes of `node` and all below it.
+namespace report {
+
+/// Returns `node` and its content as a writer with the default options writes them.
 Xport::ustring WrittenText(const Xport::xhtml_markup& node);
+
+/// Returns WrittenText of `element` with its tags cut out. References are not decoded. A
+/// ">" before the next "<" ends the cutting: the rest of the text stays unchanged.
+Xport::ustring ElementPlainText(const Xport::xhtml_element& element);
+
+}  // namespace report
 
 #endif

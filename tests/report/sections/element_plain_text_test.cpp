@@ -1,4 +1,4 @@
-#include "report/element_plain_text.h"
+#include "report/written_text.h"
 
 #include <random>
 #include <string>
@@ -12,6 +12,7 @@ namespace sections_test {
 
 namespace {
 
+using report::ElementPlainText;
 using Xport::tag_id;
 using Xport::ustring;
 using Xport::xhtml_element;

@@ -10,6 +10,8 @@ namespace sections_test {
 
 namespace {
 
+using report::ReportSection;
+using report::SectionIndex;
 using random_source = std::mt19937;
 
 std::size_t below(random_source& source, std::size_t end) { return source() % end; }
@@ -89,18 +91,18 @@ TEST(RandomOrder, IndexFindsWhatThePlainSearchFinds) {
     const std::size_t headings = 1 + below(source, 3);
     for (std::vector<ustring>& path : paths) path = random_path(source, headings);
     std::list<ReportSection> sections = with_paths(paths);
-    section_index index(sections);
+    SectionIndex index(sections);
 
-    std::vector<const section_index::entry*> entries(paths.size());
+    std::vector<const SectionIndex::Entry*> entries(paths.size());
     std::vector<bool> taken(paths.size());
-    const auto number_of = [&](const section_index::entry* entry) {
+    const auto number_of = [&](const SectionIndex::Entry* entry) {
       if (entry == nullptr) return paths.size();
       return static_cast<std::size_t>(std::distance(sections.begin(), entry->section));
     };
     for (std::size_t left = paths.size(); left != 0; --left) {
       std::size_t first = 0;
       while (taken[first]) ++first;
-      const section_index::entry* next = index.first();
+      const SectionIndex::Entry* next = index.First();
       ASSERT_EQ(number_of(next), first) << "seed " << seed;
       entries[first] = next;
 
@@ -114,21 +116,21 @@ TEST(RandomOrder, IndexFindsWhatThePlainSearchFinds) {
         most = shared_headings(paths[i], paths[from]);
         closest = i;
       }
-      section_index::node* path = entries[from]->path;
-      const section_index::entry* const found = index.closest(path);
+      SectionIndex::Node* path = entries[from]->path;
+      const SectionIndex::Entry* const found = index.Closest(path);
       ASSERT_EQ(number_of(found), closest) << "seed " << seed;
       if (found != nullptr && below(source, 4) != 0) next = found;
       entries[number_of(next)] = next;
       taken[number_of(next)] = true;
-      index.take(*next);
+      index.Take(*next);
     }
-    EXPECT_EQ(index.first(), nullptr);
+    EXPECT_EQ(index.First(), nullptr);
   }
 }
 
 TEST(RandomOrder, IndexOfNothingIsEmpty) {
   std::list<ReportSection> sections;
-  EXPECT_EQ(section_index(sections).first(), nullptr);
+  EXPECT_EQ(SectionIndex(sections).First(), nullptr);
 }
 
 }  // namespace

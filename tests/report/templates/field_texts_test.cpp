@@ -12,67 +12,68 @@
 
 namespace {
 
+using report::FieldTexts;
 using Xport::char16;
 using Xport::ustring;
 using texts = std::vector<ustring>;
 
-texts in_order(const field_texts& fields) { return {fields.begin(), fields.end()}; }
+texts in_order(const FieldTexts& fields) { return {fields.begin(), fields.end()}; }
 
 TEST(FieldTexts, AreEmptyAtFirst) {
-  field_texts fields;
+  FieldTexts fields;
   EXPECT_EQ(in_order(fields), texts{});
-  EXPECT_FALSE(fields.contains(u""));
-  fields.replace(u"", u"a");
+  EXPECT_FALSE(fields.Contains(u""));
+  fields.Replace(u"", u"a");
   EXPECT_EQ(in_order(fields), texts{});
 }
 
 TEST(FieldTexts, KeepTheirOrder) {
-  EXPECT_EQ(in_order(field_texts({u"b", u"", u"a", u"b"})), (texts{u"b", u"", u"a", u"b"}));
+  EXPECT_EQ(in_order(FieldTexts({u"b", u"", u"a", u"b"})), (texts{u"b", u"", u"a", u"b"}));
 }
 
 TEST(FieldTexts, AreComparedAsAWhole) {
   const ustring zero(u"a\0b", 3);
-  const field_texts fields({u"Total", zero, u""});
-  EXPECT_TRUE(fields.contains(u"Total"));
-  EXPECT_TRUE(fields.contains(u""));
-  EXPECT_TRUE(fields.contains(zero));
+  const FieldTexts fields({u"Total", zero, u""});
+  EXPECT_TRUE(fields.Contains(u"Total"));
+  EXPECT_TRUE(fields.Contains(u""));
+  EXPECT_TRUE(fields.Contains(zero));
   for (const ustring other : {u"total", u"Tota", u"Totals", u"a", u" "})
-    EXPECT_FALSE(fields.contains(other));
+    EXPECT_FALSE(fields.Contains(other));
 }
 
 TEST(FieldTexts, OfEqualOnesTheFirstIsReplaced) {
-  field_texts fields({u"a", u"b", u"a", u"a"});
-  fields.replace(u"a", u"c");
+  FieldTexts fields({u"a", u"b", u"a", u"a"});
+  fields.Replace(u"a", u"c");
   EXPECT_EQ(in_order(fields), (texts{u"c", u"b", u"a", u"a"}));
-  fields.replace(u"a", u"c");
+  fields.Replace(u"a", u"c");
   EXPECT_EQ(in_order(fields), (texts{u"c", u"b", u"c", u"a"}));
-  fields.replace(u"a", u"a");
+  fields.Replace(u"a", u"a");
   EXPECT_EQ(in_order(fields), (texts{u"c", u"b", u"c", u"a"}));
-  fields.replace(u"c", u"d");
+  fields.Replace(u"c", u"d");
   EXPECT_EQ(in_order(fields), (texts{u"d", u"b", u"c", u"a"}));
-  fields.replace(u"e", u"f");
+  fields.Replace(u"e", u"f");
   EXPECT_EQ(in_order(fields), (texts{u"d", u"b", u"c", u"a"}));
 }
 
 TEST(FieldTexts, AreToldApartByEachUnit) {
   const ustring text = u"Item 12";
-  const field_texts fields({text});
+  const FieldTexts fields({text});
   for (std::size_t at = 0; at < text.size(); ++at)
     for (const int step : {1, 0x100}) {
       ustring other = text;
       other[at] = static_cast<char16>(other[at] + step);
-      EXPECT_FALSE(fields.contains(other)) << at;
+      EXPECT_FALSE(fields.Contains(other)) << at;
     }
 }
 
 TEST(FieldTexts, AreMovedWithTheirOrder) {
-  field_texts fields({u"a", u"b"});
-  field_texts moved;
+  FieldTexts fields({u"a", u"b"});
+  FieldTexts moved;
   moved = std::move(fields);
   fields = {};
-  EXPECT_FALSE(fields.contains(u"a"));
-  moved.replace(u"b", u"a");
-  moved.replace(u"a", u"z");
+  EXPECT_FALSE(fields.Contains(u"a"));
+  moved.Replace(u"b", u"a");
+  moved.Replace(u"a", u"z");
   EXPECT_EQ(in_order(moved), (texts{u"z", u"a"}));
 }
 
@@ -83,14 +84,14 @@ TEST(FieldTexts, AnySequenceOfReplacements) {
   for (int round = 0; round < 200; ++round) {
     texts expected(random() % 8);
     std::generate(expected.begin(), expected.end(), text);
-    field_texts fields(expected);
+    FieldTexts fields(expected);
     for (int step = 0; step < 20; ++step) {
       const ustring old = text();
       const ustring value = text();
       const auto found = std::find(expected.begin(), expected.end(), old);
-      ASSERT_EQ(fields.contains(old), found != expected.end());
+      ASSERT_EQ(fields.Contains(old), found != expected.end());
       if (found != expected.end()) *found = value;
-      fields.replace(old, value);
+      fields.Replace(old, value);
       ASSERT_EQ(in_order(fields), expected);
     }
   }
