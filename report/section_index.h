@@ -78,7 +78,7 @@ class SectionIndex {
   std::vector<bool> placed_;
 };
 
-/// The headings under which the page stands at a moment of Save.
+/// The headings that apply where Save appends the next section.
 struct PagePath {
   std::vector<Xport::ustring> texts;
   SectionIndex::Node* node = nullptr;  ///< null for an empty path

@@ -145,9 +145,9 @@ class VellomarkObj final : public IVellomark {
   Xport::xhtml_element section_table;         // the open section table, whatever its depth
   Xport::xhtml_element link_cell;             // the cell that AddLink prepared
   Xport::xhtml_element link_anchor;           // the anchor that AddLink prepared
-  bool section_mode = false;                  // text and tables go to the last section,
-  bool direct_links = false;                  // but text and links stay on the page
-  Xport::ustring pending_id;                  // the `id` of the next heading only
+  bool section_mode = false;                  // text and tables go to the last section
+  bool direct_links = false;                  // text and links stay on the page even so
+  Xport::ustring pending_id;                  // the `id` of the next heading; used once
   std::list<Xport::ustring> path_texts;       // headings queued for the next section
   std::list<std::int32_t> path_styles;        // their styles
   std::list<report::ReportSection> sections;  // in order of creation; one that an exception
