@@ -2,8 +2,8 @@
 
 #include <typeinfo>
 
-#include "xport/vocabulary/tag_table.h"
 #include "xport/markup/leaf_nodes.h"
+#include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
 
