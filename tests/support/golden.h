@@ -5,14 +5,13 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <string>
 
 #include "tests/support/text.h"
+#include "tests/support/utf8.h"
 #include "xport/text/char16.h"
 
 namespace test {
@@ -38,51 +37,6 @@ inline testing::AssertionResult same_units(Xport::ustring_view actual,
          << actual.size() << " units for " << expected.size() << "\n--- expected\n"
          << surroundings(expected) << "\n--- actual\n"
          << surroundings(actual);
-}
-
-/// UTF-8 without lone surrogates as code units. Raises std::runtime_error where a
-/// sequence is broken.
-inline Xport::ustring from_utf8(const std::string& bytes) {
-  Xport::ustring text;
-  for (std::size_t i = 0; i < bytes.size();) {
-    const auto lead = static_cast<unsigned char>(bytes[i++]);
-    const int more = lead < 0x80 ? 0 : lead < 0xC0 ? -1 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    if (more < 0) throw std::runtime_error("broken UTF-8");
-    std::uint32_t code = more == 0 ? lead : lead & (0x3Fu >> more);
-    for (int k = 0; k < more; ++k) {
-      const auto next = static_cast<unsigned char>(i < bytes.size() ? bytes[i++] : 0);
-      if ((next & 0xC0) != 0x80) throw std::runtime_error("broken UTF-8");
-      code = code << 6 | (next & 0x3F);
-    }
-    if (code < 0x10000) {
-      text += static_cast<Xport::char16>(code);
-    } else {
-      text += static_cast<Xport::char16>(0xD7C0 + (code >> 10));
-      text += static_cast<Xport::char16>(0xDC00 + (code & 0x3FF));
-    }
-  }
-  return text;
-}
-
-/// Code units as UTF-8. Lone surrogates, which golden texts don't hold, become three
-/// bytes each.
-inline std::string to_utf8(Xport::ustring_view text) {
-  std::string bytes;
-  const auto put = [&bytes](std::uint32_t byte) { bytes += static_cast<char>(byte); };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    std::uint32_t code = text[i];
-    if (code >= 0xD800 && code < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
-        text[i + 1] < 0xE000)
-      code = 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00u);
-    if (code < 0x80) {
-      put(code);
-      continue;
-    }
-    const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-    put((0xFF00u >> (more + 1) & 0xFF) | code >> (6 * more));
-    for (int k = more - 1; k >= 0; --k) put(0x80 | (code >> (6 * k) & 0x3F));
-  }
-  return bytes;
 }
 
 /// Whether `text` is the file `name` of the folder tests/data, which holds it in UTF-8

@@ -8,18 +8,18 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <system_error>
-
-#include "xport/text/char16.h"
 
 namespace test {
 
-/// An empty folder of its own below the system's folder for temporary files,
-/// deleted with all that is in it at the end.
+/// A new, empty folder. The destructor deletes it with everything in it.
 class temp_folder {
  public:
-  temp_folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vellomark-test-XXXXXX").string();
+  /// Makes the folder in `parent`. Throws std::system_error if it can't.
+  explicit temp_folder(
+      const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+    std::string name = (parent / "vellomark-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr)
       throw std::system_error(errno, std::generic_category(), name);
     path_ = name;
@@ -33,9 +33,9 @@ class temp_folder {
 
   const std::filesystem::path& path() const { return path_; }
 
-  /// The folder's path, with `rest` behind it, as the library takes paths.
-  Xport::ustring text(Xport::ustring_view rest = {}) const {
-    return path_.u16string() + Xport::ustring(rest);
+  /// The folder's path followed by `rest`, in the form that the library accepts.
+  std::u16string text(std::u16string_view rest = {}) const {
+    return path_.u16string().append(rest);
   }
 
  private:
@@ -48,9 +48,13 @@ inline std::string bytes_of(const std::filesystem::path& file) {
   return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-/// Makes a file of these bytes.
-inline void make_file(const std::filesystem::path& file, const std::string& bytes) {
-  std::ofstream(file, std::ios::binary) << bytes;
+/// Makes or replaces a file. Throws std::ios_base::failure if it can't.
+inline void make_file(const std::filesystem::path& file, std::string_view bytes) {
+  std::ofstream out;
+  out.exceptions(std::ios::failbit | std::ios::badbit);
+  out.open(file, std::ios::binary);
+  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  out.close();
 }
 
 }  // namespace test
