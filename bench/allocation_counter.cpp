@@ -23,7 +23,7 @@ namespace {
 bool counting = false;
 bench::allocation_counts counts = {0, 0};
 
-/// What a block takes in the heap: the usable bytes and the word in front.
+/// The bytes of a block in the heap: the usable ones and the word before them.
 std::int64_t block_bytes(void* block) {
   return static_cast<std::int64_t>(malloc_usable_size(block) + sizeof(std::size_t));
 }
@@ -44,8 +44,7 @@ void given_back(void* block) {
 
 }  // namespace
 
-// These stand in front of the C library's functions of the same names for the
-// whole process.
+// These replace the C library's functions of the same names for the whole process.
 extern "C" {
 
 void* malloc(std::size_t size) noexcept { return taken(__libc_malloc(size)); }

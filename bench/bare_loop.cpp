@@ -35,7 +35,7 @@ class block_file {
     used_ += text.size();
   }
 
-  /// Writes what is left; false if anything failed.
+  /// Writes the rest; false if any write failed.
   bool finish() {
     flush();
     return good_;
@@ -64,7 +64,7 @@ class block_file {
   char16_t block_[block_units];
 };
 
-/// Everything in front of the heading's end, laid out as the library does it.
+/// Everything before the first table or line, laid out as the library does it.
 std::u16string page_front() {
   std::string sheet = page_stylesheet;
   for (std::size_t at = sheet.find('\n'); at != std::string::npos; at = sheet.find('\n', at + 1)) {
@@ -97,8 +97,8 @@ std::u16string page_front() {
 
 constexpr std::u16string_view empty_block = u"    <p>\n    </p>\n";
 
-/// No tree and no rules: the bytes of the page, as fast as a plain loop can
-/// produce them. The floor that everything else is compared with.
+/// No tree and no rules: writes the bytes of the page as fast as a plain loop can. The floor that
+/// everything else is compared with.
 class bare_loop : public contender {
  public:
   std::string name() const override { return bare_loop_name; }

@@ -3,20 +3,11 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "bench/page_file.h"
 #include "bench/workload.h"
 
 namespace bench {
-
-/// Where a page is written: `folder` + "/Vellomark/" + `name`, the place that
-/// the library chooses, for everybody. Both folders exist.
-struct page_target {
-  std::string folder;
-  std::string name;
-
-  std::string path() const { return folder + "/Vellomark/" + name; }
-};
 
 /// One way to make a page. The three phases are called once each, in order.
 class contender {
@@ -24,7 +15,7 @@ class contender {
   contender() = default;
   contender(const contender&) = delete;
   contender& operator=(const contender&) = delete;
-  virtual ~contender();
+  virtual ~contender() = default;
 
   /// Short name, as in the table and on the command line.
   virtual std::string name() const = 0;
@@ -35,7 +26,7 @@ class contender {
   /// Writes the page as UTF-16LE with a byte-order mark. False if that failed.
   virtual bool save(const workload& work, const page_target& target) = 0;
 
-  /// Gives the tree back.
+  /// Frees the tree.
   virtual void destroy() = 0;
 };
 
@@ -45,18 +36,15 @@ std::unique_ptr<contender> make_pugixml_tree();
 std::unique_ptr<contender> make_libxml2_tree();
 std::unique_ptr<contender> make_tinyxml2_tree();
 
-/// All of them, in the order of the table.
-std::vector<std::unique_ptr<contender>> all_contenders();
-
 /// The versions of the other libraries, for the foot of the table.
 std::string pugixml_version();
 std::string libxml2_version();
 std::string tinyxml2_version();
 
 // Names by which the table finds its units of measure.
-extern const char* const bare_loop_name;
-extern const char* const vellomark_name;
-extern const char* const pugixml_name;
+inline constexpr const char* bare_loop_name = "bare loop";
+inline constexpr const char* vellomark_name = "vellomark";
+inline constexpr const char* pugixml_name = "pugixml";
 
 }  // namespace bench
 

@@ -2,29 +2,41 @@
 #define BENCH_OPTIONS_H
 
 #include <cstddef>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 
-#include "bench/measure.h"
-#include "bench/workload.h"
+#include "bench/measuring.h"
 
 namespace bench {
 
-/// What the command line asks for.
+/// What every benchmark lets its user choose.
 struct options {
   bool quick = false;
-  std::size_t repeat = 0;  ///< repetitions of the largest page, at least one
+  std::size_t repeat = 0;  ///< repetitions, at least one; 3 in a quick run
   clock_kind clock = clock_kind::wall;
-  std::string folder;
-  std::string run_name;  ///< empty: the whole table
-  workload_plan run_plan = {page_kind::table, 0};
+  std::string folder;  ///< where pages are written: /dev/shm, or else $TMPDIR, or else /tmp
 };
 
-/// How the program is called, in a few lines.
-extern const char* const usage;
+/// A benchmark and its command line.
+struct program {
+  const char* name;
+  const char* usage;
+  std::size_t usual_repeat;
 
-/// Reads the arguments of main. Nothing if they can't be understood.
-std::optional<options> read_options(int count, char** words);
+  /// Reads an option of the program's own. The words begin with it; the result is the number of
+  /// words that belong to it, 0 if they can't be understood.
+  std::function<std::size_t(std::span<char* const> words)> read_option = {};
+};
+
+/// Reads the arguments of main and runs `work`. Returns the exit code: that of `work`, 1 after an
+/// exception, 2 for arguments that can't be understood, after printing the usage.
+int run_program(const program& what, int count, char** words,
+                const std::function<int(const options&)>& work);
+
+/// The number that `text` spells in decimal digits; nothing for 0 and for all other texts.
+std::optional<std::size_t> positive_number(const std::string& text);
 
 }  // namespace bench
 

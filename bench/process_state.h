@@ -17,8 +17,8 @@ write_counts written_so_far();
 std::uint64_t resident_bytes();
 std::uint64_t peak_resident_bytes();
 
-/// Bounds the address space of this process to 8 GiB, so that a run that goes astray takes
-/// itself down and not the machine. For child processes.
+/// Limits the address space of this process to 8 GiB, so that a run that goes astray ends itself
+/// and not the machine. For child processes.
 void limit_memory();
 
 /// "tmpfs" and the like: the kind of file system that `folder` is on, or its

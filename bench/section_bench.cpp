@@ -1,19 +1,30 @@
-// How the time that a deferred section takes grows with their number.
+// How the time that Save takes for a deferred section grows with the number of sections.
 #include <vellomark/vellomark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "bench/child_process.h"
+#include "bench/measuring.h"
+#include "bench/options.h"
+#include "bench/text_table.h"
+#include "bench/workload.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
+
+using namespace bench;
+
+constexpr const char* usage =
+    "usage: section_bench [--quick] [--repeat N] [--cpu-time] [--folder DIR]\n"
+    "\n"
+    "  --quick       few sections, 3 repetitions: shows that it works, measures little\n"
+    "  --repeat N    runs for each number of sections (5)\n"
+    "  --cpu-time    the clock counts processor time instead of time that passes\n"
+    "  --folder DIR  where pages are written for a moment (/dev/shm, or else $TMPDIR, /tmp)\n";
 
 // One way to number the headings above the sections.
 struct arrangement {
@@ -28,16 +39,13 @@ constexpr arrangement arrangements[] = {
     {"4 headings, 10 texts", 4, 10},
     {"4 headings, all different", 4, 0},
 };
-constexpr std::size_t counts[] = {1'000, 10'000, 100'000};
-constexpr int repetitions = 5;
 
 std::u16string text_of(const char* name, std::size_t number) {
-  const std::string narrow = std::string(name) + " " + std::to_string(number);
-  return std::u16string(narrow.begin(), narrow.end());
+  return widen(std::string(name) + " " + std::to_string(number));
 }
 
-// Every section meets the texts of its levels in another order than the one in
-// which sections are made, so that the next one is hardly ever the first left.
+// The texts of the levels come in random order, so that the section to write next is hardly ever
+// the first one left.
 void add_sections(IVellomark& report, const arrangement& how, std::size_t count) {
   report.SetSectionMode(true);
   std::uint64_t random = 1;
@@ -52,53 +60,46 @@ void add_sections(IVellomark& report, const arrangement& how, std::size_t count)
   }
 }
 
-// Seconds that Save takes.
-double time_of_save(const arrangement& how, std::size_t count, const std::u16string& folder) {
-  const boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
-  add_sections(*report, how, count);
-  const auto start = std::chrono::steady_clock::now();
-  const bool saved = report->Save(folder.c_str(), u"sections.htm");
-  const auto end = std::chrono::steady_clock::now();
-  return saved ? std::chrono::duration<double>(end - start).count() : -1;
+// Seconds that Save takes for a section, the median; nothing if Save failed.
+std::optional<double> time_per_section(const arrangement& how, std::size_t count,
+                                       const options& chosen, const std::u16string& folder) {
+  std::vector<outcome> library = {{how.name}};
+  measure_in_turns(library, chosen.repeat, [&](std::size_t) {
+    const boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
+    add_sections(*report, how, count);
+    return measure_phases(chosen.clock,
+                          {[&] { return report->Save(folder.c_str(), u"sections.htm"); }});
+  });
+  if (!library.front().failure.empty()) return std::nullopt;
+  return median_together(library.front()) / static_cast<double>(count);
 }
 
-std::optional<double> median_per_section(const arrangement& how, std::size_t count,
-                                         const std::u16string& folder) {
-  std::vector<double> times;
-  for (int run = 0; run < repetitions; ++run) {
-    const std::optional<double> time =
-        bench::in_child_process([&] { return time_of_save(how, count, folder); });
-    if (!time || *time < 0) return std::nullopt;
-    times.push_back(*time);
+int print_whole_table(const options& chosen) {
+  const test::temp_folder folder(chosen.folder);
+  std::vector<std::size_t> counts = {1'000, 10'000, 100'000};
+  if (chosen.quick) counts = {100, 1'000};
+  std::printf("Time of Save for each section, as a ratio to that at %zu sections\n\n", counts[0]);
+  std::vector<column> columns = {{"", "headings above a section", -28}};
+  for (const std::size_t sections : counts) columns.push_back({"", grouped(sections), 9});
+  const text_table table(columns);
+  table.print_head();
+  bool complete = true;
+  for (const arrangement& how : arrangements) {
+    std::vector<std::string> cells = {how.name};
+    std::optional<double> unit;
+    for (const std::size_t sections : counts) {
+      const std::optional<double> time = time_per_section(how, sections, chosen, folder.text());
+      if (!unit) unit = time;
+      complete = complete && time;
+      cells.push_back(time ? fixed(*time / *unit, 2) : "failed");
+    }
+    table.print_row(cells);
   }
-  std::sort(times.begin(), times.end());
-  return times[times.size() / 2] / static_cast<double>(count);
+  return complete ? 0 : 1;
 }
 
 }  // namespace
 
 int main(int count, char** words) {
-  const std::filesystem::path folder =
-      (count > 1 ? std::filesystem::path(words[1]) : std::filesystem::temp_directory_path()) /
-      "section_bench";
-  std::filesystem::create_directories(folder);
-  std::printf("Time of Save for each section, as a ratio to that at %zu sections\n\n", counts[0]);
-  std::printf("%-28s", "headings above a section");
-  for (const std::size_t sections : counts) std::printf("%10zu", sections);
-  std::printf("\n");
-  bool complete = true;
-  for (const arrangement& how : arrangements) {
-    std::printf("%-28s", how.name);
-    std::optional<double> unit;
-    for (const std::size_t sections : counts) {
-      const std::optional<double> time = median_per_section(how, sections, folder.u16string());
-      if (!unit) unit = time;
-      complete = complete && time;
-      std::printf("%10.2f", time && unit ? *time / *unit : -1.0);
-      std::fflush(stdout);
-    }
-    std::printf("\n");
-  }
-  std::filesystem::remove_all(folder);
-  return complete ? 0 : 1;
+  return run_program({"section_bench", usage, 5}, count, words, print_whole_table);
 }

@@ -1,5 +1,7 @@
 #include "bench/workload.h"
 
+#include "bench/text_table.h"
+
 namespace bench {
 
 namespace {
@@ -15,7 +17,7 @@ std::string item_text(page_kind kind, std::size_t item) {
   if (line.size() > longest_text) {
     line.resize(longest_text);
   }
-  // Reading a page cuts white space in front of an end tag, so a page with a blank there
+  // Reading a page removes white space before an end tag, so a page with a blank there
   // wouldn't be written as it was read.
   if (line.back() == ' ') {
     line.back() = '.';
@@ -45,18 +47,18 @@ std::string workload_plan::label() const {
 
 std::size_t workload_plan::nodes() const {
   // doctype, html, head, title and its text, style and its text, body, h1 and its
-  // text, the block behind the heading and the one that saving adds.
+  // text, the block after the heading and the one that saving adds.
   constexpr std::size_t fixed = 12;
   if (kind == page_kind::lines) {
     return fixed + 3 * items;  // a, its text, br
   }
   const std::size_t rows = (items + table_columns - 1) / table_columns;
-  return fixed + 2 + rows + 2 * items;  // the table, the block behind it
+  return fixed + 2 + rows + 2 * items;  // the table, the block after it
 }
 
 workload::workload(const workload_plan& plan) : plan_(plan) {
-  // Room for the longest texts is reserved at once: pointers into the buffers are
-  // handed out, and a buffer that grows would also leave a used heap behind.
+  // Room for the longest texts is reserved at once: there are pointers into the buffers, and a
+  // buffer that grows would leave a used heap.
   wide_units_.reserve(plan.items * (longest_text + 1));
   narrow_units_.reserve(plan.items * (longest_text + 1));
   wide_.reserve(plan.items);
@@ -71,13 +73,5 @@ workload::workload(const workload_plan& plan) : plan_(plan) {
 }
 
 std::u16string widen(const std::string& text) { return {text.begin(), text.end()}; }
-
-std::string grouped(std::size_t number) {
-  std::string digits = std::to_string(number);
-  for (std::size_t place = digits.size(); place > 3; place -= 3) {
-    digits.insert(place - 3, 1, ',');
-  }
-  return digits;
-}
 
 }  // namespace bench

@@ -43,8 +43,8 @@ extern const char* const page_title;
 extern const char* const page_stylesheet;
 extern const char* const page_heading;
 
-/// The texts of one page, prepared ahead in both forms that contenders take.
-/// Making them costs nobody anything while the clock runs.
+/// The texts of one page, prepared ahead in both forms that contenders take, so that the clock
+/// doesn't count the making of them.
 class workload {
  public:
   explicit workload(const workload_plan& plan);
@@ -70,9 +70,6 @@ class workload {
 
 /// `text`, which must be ASCII, as UTF-16.
 std::u16string widen(const std::string& text);
-
-/// "1,000,000".
-std::string grouped(std::size_t number);
 
 }  // namespace bench
 

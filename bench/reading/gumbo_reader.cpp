@@ -1,8 +1,7 @@
 #include <gumbo.h>
 
-#include "bench/reading/narrow_page.h"
+#include "bench/reading/page_blocks.h"
 #include "bench/reading/page_reader.h"
-#include "bench/reading/tree_walk.h"
 
 namespace bench {
 
@@ -33,11 +32,24 @@ struct links {
     return child_at(of->parent, of->index_within_parent + 1);
   }
   const GumboNode* parent(const GumboNode* of) const { return of->parent; }
-};
 
-bool is_element(const GumboNode* node) {
-  return node->type == GUMBO_NODE_ELEMENT || node->type == GUMBO_NODE_TEMPLATE;
-}
+  bool is_element(const GumboNode* node) const {
+    return node->type == GUMBO_NODE_ELEMENT || node->type == GUMBO_NODE_TEMPLATE;
+  }
+  void enter(const GumboNode* node, tree_summarizer& sum) const {
+    if (is_element(node)) {
+      sum.open(std::string_view(gumbo_normalized_tagname(node->v.element.tag)));
+      const GumboVector& attributes = node->v.element.attributes;
+      for (unsigned at = 0; at < attributes.length; ++at) {
+        const auto* const attribute = static_cast<const GumboAttribute*>(attributes.data[at]);
+        sum.attribute(std::string_view(attribute->name), std::string_view(attribute->value));
+      }
+    } else if (node->type == GUMBO_NODE_TEXT || node->type == GUMBO_NODE_WHITESPACE ||
+               node->type == GUMBO_NODE_CDATA) {
+      sum.text(std::string_view(node->v.text.text));
+    }
+  }
+};
 
 class gumbo_reader : public page_reader {
  public:
@@ -60,25 +72,7 @@ class gumbo_reader : public page_reader {
   }
 
   tree_summary summarize() const override {
-    tree_summarizer sum;
-    const auto enter = [&sum](const GumboNode* node) {
-      if (is_element(node)) {
-        sum.open(std::string_view(gumbo_normalized_tagname(node->v.element.tag)));
-        const GumboVector& attributes = node->v.element.attributes;
-        for (unsigned at = 0; at < attributes.length; ++at) {
-          const auto* const attribute = static_cast<const GumboAttribute*>(attributes.data[at]);
-          sum.attribute(std::string_view(attribute->name), std::string_view(attribute->value));
-        }
-      } else if (node->type == GUMBO_NODE_TEXT || node->type == GUMBO_NODE_WHITESPACE ||
-                 node->type == GUMBO_NODE_CDATA) {
-        sum.text(std::string_view(node->v.text.text));
-      }
-    };
-    const auto leave = [&sum](const GumboNode* node) {
-      if (is_element(node)) sum.close();
-    };
-    walk_below<const GumboNode*>(output_->document, links{}, enter, leave);
-    return sum.result();
+    return summarize_below<const GumboNode*>(output_->document, links{});
   }
 
   void destroy() override {

@@ -3,7 +3,6 @@
 #include <libxml/tree.h>
 
 #include "bench/reading/page_reader.h"
-#include "bench/reading/tree_walk.h"
 
 namespace bench {
 
@@ -14,26 +13,29 @@ std::string_view view(const xmlChar* text) {
                          : std::string_view();
 }
 
-// Entities aren't replaced, and their nodes' children lie elsewhere.
 struct links {
+  // Entities aren't replaced, and the children of their nodes lie elsewhere.
   xmlNodePtr first_child(xmlNodePtr of) const {
     return of->type == XML_ENTITY_REF_NODE || of->type == XML_DTD_NODE ? nullptr : of->children;
   }
   xmlNodePtr next(xmlNodePtr of) const { return of->next; }
   xmlNodePtr parent(xmlNodePtr of) const { return of->parent; }
-};
 
-void enter_element(xmlNodePtr node, tree_summarizer& sum) {
-  sum.open(view(node->name));
-  for (const xmlNs* space = node->nsDef; space != nullptr; space = space->next) {
-    sum.attribute(std::string_view("xmlns"), view(space->href));
+  bool is_element(xmlNodePtr node) const { return node->type == XML_ELEMENT_NODE; }
+  void enter(xmlNodePtr node, tree_summarizer& sum) const {
+    if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE)
+      sum.text(view(node->content));
+    if (!is_element(node)) return;
+    sum.open(view(node->name));
+    for (const xmlNs* space = node->nsDef; space != nullptr; space = space->next)
+      sum.attribute(std::string_view("xmlns"), view(space->href));
+    for (const xmlAttr* attribute = node->properties; attribute != nullptr;
+         attribute = attribute->next) {
+      const xmlNode* const value = attribute->children;
+      sum.attribute(view(attribute->name), view(value != nullptr ? value->content : nullptr));
+    }
   }
-  for (const xmlAttr* attribute = node->properties; attribute != nullptr;
-       attribute = attribute->next) {
-    const xmlNode* const value = attribute->children;
-    sum.attribute(view(attribute->name), view(value != nullptr ? value->content : nullptr));
-  }
-}
+};
 
 /// What the two readers have in common.
 class libxml2_reader : public page_reader {
@@ -41,19 +43,7 @@ class libxml2_reader : public page_reader {
   ~libxml2_reader() override { xmlFreeDoc(document_); }
 
   tree_summary summarize() const override {
-    tree_summarizer sum;
-    const auto enter = [&sum](xmlNodePtr node) {
-      if (node->type == XML_ELEMENT_NODE) {
-        enter_element(node, sum);
-      } else if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
-        sum.text(view(node->content));
-      }
-    };
-    const auto leave = [&sum](xmlNodePtr node) {
-      if (node->type == XML_ELEMENT_NODE) sum.close();
-    };
-    walk_below(reinterpret_cast<xmlNodePtr>(document_), links{}, enter, leave);
-    return sum.result();
+    return summarize_below(reinterpret_cast<xmlNodePtr>(document_), links{});
   }
 
   void destroy() override {
@@ -88,8 +78,8 @@ class libxml2_html_reader : public libxml2_reader {
     if (context == nullptr) {
       return false;
     }
-    // This version has no option of its own against the limit of 256 levels, but heeds that
-    // of the XML parser.
+    // This version of the HTML parser has no option that lifts the limit of 256 levels, but it
+    // obeys that of the XML parser.
     context->options |= XML_PARSE_HUGE;
     document_ = htmlCtxtReadFile(
         context, path.c_str(), nullptr,

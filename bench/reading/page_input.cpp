@@ -1,7 +1,7 @@
 #include "bench/reading/page_input.h"
 
-#include "bench/page_file.h"
-#include "bench/tag_soup.h"
+#include "bench/reading/tag_soup.h"
+#include "bench/text_table.h"
 
 namespace bench {
 

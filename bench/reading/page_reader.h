@@ -15,7 +15,7 @@ class page_reader {
   page_reader() = default;
   page_reader(const page_reader&) = delete;
   page_reader& operator=(const page_reader&) = delete;
-  virtual ~page_reader();
+  virtual ~page_reader() = default;
 
   /// Short name, as in the table and on the command line.
   virtual std::string name() const = 0;
@@ -29,11 +29,10 @@ class page_reader {
   /// Sums the tree up. For the bare read, which has none, all is 0.
   virtual tree_summary summarize() const = 0;
 
-  /// Gives the tree back.
+  /// Frees the tree.
   virtual void destroy() = 0;
 };
 
-std::unique_ptr<page_reader> make_bare_reader();
 std::unique_ptr<page_reader> make_vellomark_reader();
 std::unique_ptr<page_reader> make_pugixml_reader();
 std::unique_ptr<page_reader> make_libxml2_xml_reader();
@@ -41,20 +40,19 @@ std::unique_ptr<page_reader> make_libxml2_html_reader();
 std::unique_ptr<page_reader> make_gumbo_reader();
 std::unique_ptr<page_reader> make_tidy_reader();
 
-/// All of them, in the order of the table.
+/// All of them and the bare read, in the order of the table.
 std::vector<std::unique_ptr<page_reader>> all_readers();
 
-/// Reads a page with the library and writes the tree to another file. False if either
-/// failed.
+/// Reads a page with the library and writes the tree to another file. False if either failed.
 bool rewrite_page(const std::string& from, const std::string& to);
 
 /// The versions of the other libraries, for the foot of the table.
 std::string peer_versions();
 
-// Names by which the table finds its units of measure.
-extern const char* const bare_reader_name;
-extern const char* const vellomark_reader_name;
-extern const char* const pugixml_reader_name;
+// Names by which the tables find their units of measure.
+inline constexpr const char* bare_reader_name = "bare read";
+inline constexpr const char* vellomark_reader_name = "vellomark";
+inline constexpr const char* pugixml_reader_name = "pugixml";
 
 }  // namespace bench
 

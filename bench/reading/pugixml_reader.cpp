@@ -2,7 +2,6 @@
 #include <pugixml.hpp>
 
 #include "bench/reading/page_reader.h"
-#include "bench/reading/tree_walk.h"
 
 namespace bench {
 
@@ -12,6 +11,18 @@ struct links {
   pugi::xml_node first_child(pugi::xml_node of) const { return of.first_child(); }
   pugi::xml_node next(pugi::xml_node of) const { return of.next_sibling(); }
   pugi::xml_node parent(pugi::xml_node of) const { return of.parent(); }
+
+  bool is_element(pugi::xml_node node) const { return node.type() == pugi::node_element; }
+  void enter(pugi::xml_node node, tree_summarizer& sum) const {
+    if (is_element(node)) {
+      sum.open(std::string_view(node.name()));
+      for (const pugi::xml_attribute attribute : node.attributes()) {
+        sum.attribute(std::string_view(attribute.name()), std::string_view(attribute.value()));
+      }
+    } else if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
+      sum.text(std::string_view(node.value()));
+    }
+  }
 };
 
 class pugixml_reader : public page_reader {
@@ -25,22 +36,7 @@ class pugixml_reader : public page_reader {
   }
 
   tree_summary summarize() const override {
-    tree_summarizer sum;
-    const auto enter = [&sum](pugi::xml_node node) {
-      if (node.type() == pugi::node_element) {
-        sum.open(std::string_view(node.name()));
-        for (const pugi::xml_attribute attribute : node.attributes()) {
-          sum.attribute(std::string_view(attribute.name()), std::string_view(attribute.value()));
-        }
-      } else if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
-        sum.text(std::string_view(node.value()));
-      }
-    };
-    const auto leave = [&sum](pugi::xml_node node) {
-      if (node.type() == pugi::node_element) sum.close();
-    };
-    walk_below<pugi::xml_node>(*document_, links{}, enter, leave);
-    return sum.result();
+    return summarize_below<pugi::xml_node>(*document_, links{});
   }
 
   void destroy() override { document_.reset(); }

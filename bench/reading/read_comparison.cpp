@@ -4,138 +4,132 @@
 
 #include <cstdio>
 
-#include "bench/child_process.h"
-#include "bench/page_check.h"
+#include "bench/allocation_counter.h"
 #include "bench/process_state.h"
+#include "bench/reading/page_reader.h"
 
 namespace bench {
 
 namespace {
 
-constexpr unsigned seconds_for_a_run = 120;
-constexpr double seconds_for_all_runs = 60;
-constexpr std::size_t least_runs = 3;
+constexpr turn_limits limits = {test::time_limit(120), 60, 3};
+
+/// What doesn't depend on the clock, from a run of its own.
+struct counting {
+  bool done;
+  std::uint64_t allocations;
+  std::int64_t live_bytes;
+  tree_summary tree;
+};
+
+counting count(page_reader& subject, const std::string& path) {
+  limit_memory();
+  start_counting_allocations();
+  const bool done = subject.read(path);
+  const allocation_counts finished = counted_allocations();
+  const tree_summary tree = done ? subject.summarize() : tree_summary{};
+  const allocation_counts before = counted_allocations();
+  subject.destroy();
+  const allocation_counts end = counted_allocations();
+  return {done, finished.allocations + (end.allocations - before.allocations), finished.live_bytes,
+          tree};
+}
+
+/// Reads a page and destroys the tree in this process, by the clock. The page at `warm_up_path` is
+/// read first, so that libraries have bound their symbols, read their code and filled their tables.
+timing measure(page_reader& subject, const std::string& path, const std::string& warm_up_path,
+               clock_kind clock) {
+  limit_memory();
+  subject.read(warm_up_path);
+  subject.destroy();
+  return measure_phases(clock, {[&] { return subject.read(path); },
+                                [&] {
+                                  subject.destroy();
+                                  return true;
+                                }});
+}
 
 void complain(const page_input& input, const std::string& name, const char* what) {
   std::fprintf(stderr, "read_bench: %s: %s: %s\n", input.label().c_str(), name.c_str(), what);
 }
 
-/// Counts for one reader, or notes why that can't be done.
-read_outcome count(page_reader& subject, const std::string& path) {
-  const auto counted = run_in_child(
-      [&] {
-        limit_memory();
-        return measure_read_counts(subject, path);
-      },
-      seconds_for_a_run);
-  read_outcome of = {subject.name(), counted.failure, {}, counted.made.value_or(read_counting{})};
-  if (of.failure.empty() && !of.counts.done) of.failure = "failed";
-  return of;
-}
-
-/// One run by the clock, for who hasn't failed and has time left.
-void take_turn(page_reader& subject, const std::string& path, const std::string& warm_up_path,
-               clock_kind clock, read_outcome& of, double& spent) {
-  if (!of.failure.empty() || (spent > seconds_for_all_runs && of.timings.size() >= least_runs)) {
-    return;
-  }
-  const double start = seconds_now(clock_kind::wall);
-  const auto time = run_in_child(
-      [&] {
-        limit_memory();
-        return measure_read_time(subject, path, warm_up_path, clock);
-      },
-      seconds_for_a_run);
-  spent += seconds_now(clock_kind::wall) - start;
-  if (time.made && time.made->done) {
-    of.timings.push_back(*time.made);
-  } else {
-    of.failure = time.made ? "failed" : time.failure;
-  }
-}
-
-/// Whether all trees of an XML page are the library's. Says what differs.
-bool check_trees(const input_outcome& page,
+/// Whether all trees of an XML page are the library's. Says which are not.
+bool check_trees(const read_outcome& page,
                  const std::vector<std::unique_ptr<page_reader>>& readers) {
-  const tree_summary* ours = nullptr;
-  for (const read_outcome& of : page.readers) {
-    if (of.name == vellomark_reader_name) ours = &of.counts.tree;
+  std::uint64_t ours = 0;
+  for (std::size_t at = 0; at < readers.size(); ++at) {
+    if (readers[at]->name() == vellomark_reader_name) ours = page.trees[at].fingerprint;
   }
   bool all_right = true;
-  for (const read_outcome& of : page.readers) {
-    for (const auto& reader : readers) {
-      const bool compared = reader->name() == of.name && reader->needs_well_formed();
-      if (compared && of.failure.empty() && of.counts.tree.fingerprint != ours->fingerprint) {
-        complain(page.input, of.name, "the tree isn't that of the library");
-        all_right = false;
-      }
+  for (std::size_t at = 0; at < readers.size(); ++at) {
+    const bool compared = readers[at]->needs_well_formed() && page.readers[at].failure.empty();
+    if (compared && page.trees[at].fingerprint != ours) {
+      complain(page.input, readers[at]->name(), "the tree isn't that of the library");
+      all_right = false;
     }
   }
   return all_right;
 }
 
 /// Whether the library writes what it read. For pages that the library saved.
-bool check_rewriting(const page_input& input, const page_target& page, const std::string& folder) {
-  const page_target copy = {folder, "rewritten.htm"};
-  const std::optional<bool> equal = in_child_process([&] {
-    return rewrite_page(page.path(), copy.path()) && same_bytes(page.path(), copy.path());
-  });
-  unlink(copy.path().c_str());
-  if (!equal.value_or(false)) {
-    complain(input, vellomark_reader_name, "the page that was read isn't the one that is written");
-  }
-  return equal.value_or(false);
+bool check_rewriting(const page_input& input, const std::string& page, const std::string& copy) {
+  const auto equal =
+      test::run_in_child([&] { return rewrite_page(page, copy) && same_bytes(page, copy); });
+  unlink(copy.c_str());
+  if (equal.made.value_or(false)) return true;
+  complain(input, vellomark_reader_name, "the page that was read isn't the one that is written");
+  return false;
 }
 
-/// Whether those could be measured without which there is no table.
-bool check_failures(const input_outcome& page) {
+/// Whether those were measured without which there is no table. Says who failed.
+bool check_failures(const read_outcome& page) {
   bool all_right = true;
-  for (const read_outcome& of : page.readers) {
-    if (!of.failure.empty()) {
-      complain(page.input, of.name, of.failure.c_str());
-      all_right = all_right && of.name != vellomark_reader_name && of.name != pugixml_reader_name &&
-                  of.name != bare_reader_name;
-    }
+  for (const outcome& of : page.readers) {
+    if (of.failure.empty()) continue;
+    complain(page.input, of.name, of.failure.c_str());
+    all_right = all_right && of.name != vellomark_reader_name && of.name != pugixml_reader_name &&
+                of.name != bare_reader_name;
   }
   return all_right;
 }
 
 }  // namespace
 
-std::optional<input_outcome> compare_reading(const page_input& input, std::size_t repetitions,
-                                             clock_kind clock, const std::string& folder) {
-  const page_target page_file = {folder, "page.htm"};
-  const page_target small_file = {folder, "small.htm"};
+std::optional<read_outcome> compare_readers(const page_input& input, std::size_t repetitions,
+                                            clock_kind clock, const page_folder& folder) {
+  const page_target page_file = folder.page("page.htm");
+  const page_target small_file = folder.page("small.htm");
   const std::string path = page_file.path();
   const std::string warm_up_path = small_file.path();
-  const std::optional<bool> made = in_child_process(
+  const auto made = test::run_in_child(
       [&] { return make_input(input, page_file) && make_input(input.small(), small_file); });
-  if (!made.value_or(false)) {
+  if (!made.made.value_or(false)) {
     complain(input, path, "can't be made");
     return std::nullopt;
   }
   auto readers = all_readers();
-  if (!input.well_formed()) {
+  if (!input.well_formed())
     std::erase_if(readers, [](const auto& reader) { return reader->needs_well_formed(); });
-  }
-  input_outcome page = {input, {}};
+  read_outcome page = {input, {}, {}};
   for (const auto& reader : readers) {
-    page.readers.push_back(count(*reader, path));
+    const auto counted = test::run_in_child([&] { return count(*reader, path); }, limits.run);
+    const counting counts = counted.made.value_or(counting{});
+    const std::string failure = counted.made && !counts.done ? "failed" : counted.failure;
+    page.readers.push_back({reader->name(), failure, {}, counts.allocations, counts.live_bytes});
+    page.trees.push_back(counts.tree);
   }
   bool all_right = check_trees(page, readers);
-  if (input.well_formed()) all_right = check_rewriting(input, page_file, folder) && all_right;
-  std::vector<double> spent(readers.size());
-  for (std::size_t repetition = 0; repetition < repetitions && all_right; ++repetition) {
-    for (std::size_t turn = 0; turn < readers.size(); ++turn) {
-      const std::size_t at = (repetition + turn) % readers.size();
-      take_turn(*readers[at], path, warm_up_path, clock, page.readers[at], spent[at]);
-    }
+  if (input.well_formed())
+    all_right = check_rewriting(input, path, folder.page("rewritten.htm").path()) && all_right;
+  if (all_right) {
+    const auto run = [&](std::size_t at) {
+      return measure(*readers[at], path, warm_up_path, clock);
+    };
+    measure_in_turns(page.readers, repetitions, run, limits);
   }
   unlink(path.c_str());
   unlink(warm_up_path.c_str());
-  if (!check_failures(page) || !all_right) {
-    return std::nullopt;
-  }
+  if (!check_failures(page) || !all_right) return std::nullopt;
   return page;
 }
 

@@ -1,25 +1,36 @@
 #include <tidy/tidy.h>
 #include <tidy/tidybuffio.h>
 
-#include "bench/reading/narrow_page.h"
+#include "bench/reading/page_blocks.h"
 #include "bench/reading/page_reader.h"
-#include "bench/reading/tree_walk.h"
 
 namespace bench {
 
 namespace {
 
+std::string_view view(ctmbstr text) { return text != nullptr ? text : ""; }
+
 struct links {
   TidyNode first_child(TidyNode of) const { return tidyGetChild(of); }
   TidyNode next(TidyNode of) const { return tidyGetNext(of); }
   TidyNode parent(TidyNode of) const { return tidyGetParent(of); }
+
+  bool is_element(TidyNode node) const {
+    return tidyNodeGetType(node) == TidyNode_Start || tidyNodeGetType(node) == TidyNode_StartEnd;
+  }
+  void enter(TidyNode node, tree_summarizer& sum) const {
+    if (is_element(node)) {
+      sum.open(view(tidyNodeGetName(node)));
+      for (TidyAttr attribute = tidyAttrFirst(node); attribute != nullptr;
+           attribute = tidyAttrNext(attribute)) {
+        sum.attribute(view(tidyAttrName(attribute)), view(tidyAttrValue(attribute)));
+      }
+    } else if (tidyNodeGetType(node) == TidyNode_Text || tidyNodeGetType(node) == TidyNode_CDATA) {
+      // The public interface returns texts only as they are printed, so they are just counted.
+      sum.text(std::string_view());
+    }
+  }
 };
-
-bool is_element(TidyNode node) {
-  return tidyNodeGetType(node) == TidyNode_Start || tidyNodeGetType(node) == TidyNode_StartEnd;
-}
-
-std::string_view view(ctmbstr text) { return text != nullptr ? text : ""; }
 
 Bool TIDY_CALL say_nothing(TidyDoc, TidyReportLevel, uint, uint, ctmbstr) { return no; }
 
@@ -40,7 +51,7 @@ class tidy_reader : public page_reader {
     tidyOptSetBool(document_, TidyQuiet, yes);
     tidyOptSetBool(document_, TidyShowWarnings, no);
     tidyOptSetInt(document_, TidyShowErrors, 0);
-    // Empty elements would be taken out again.
+    // Otherwise empty elements are removed.
     tidyOptSetBool(document_, TidyDropEmptyElems, no);
     tidyOptSetBool(document_, TidyDropEmptyParas, no);
     tidySetInCharEncoding(document_, "utf8");
@@ -49,30 +60,12 @@ class tidy_reader : public page_reader {
     tidyBufAttach(&input, reinterpret_cast<byte*>(page.bytes.get()), static_cast<uint>(page.size));
     const int status = tidyParseBuffer(document_, &input);
     tidyBufDetach(&input);
-    // 2 stands for errors in the page, below 0 for those of the machine.
+    // 2 means errors in the page, a negative number one of the machine.
     return status >= 0;
   }
 
-  // The public interface doesn't hand texts out but printed, so they are counted only.
   tree_summary summarize() const override {
-    tree_summarizer sum;
-    const auto enter = [&sum](TidyNode node) {
-      if (is_element(node)) {
-        sum.open(view(tidyNodeGetName(node)));
-        for (TidyAttr attribute = tidyAttrFirst(node); attribute != nullptr;
-             attribute = tidyAttrNext(attribute)) {
-          sum.attribute(view(tidyAttrName(attribute)), view(tidyAttrValue(attribute)));
-        }
-      } else if (tidyNodeGetType(node) == TidyNode_Text ||
-                 tidyNodeGetType(node) == TidyNode_CDATA) {
-        sum.text(std::string_view());
-      }
-    };
-    const auto leave = [&sum](TidyNode node) {
-      if (is_element(node)) sum.close();
-    };
-    walk_below(tidyGetRoot(document_), links{}, enter, leave);
-    return sum.result();
+    return summarize_below(tidyGetRoot(document_), links{});
   }
 
   void destroy() override {

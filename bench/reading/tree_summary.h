@@ -20,7 +20,7 @@ struct tree_summary {
   std::uint64_t nodes() const { return elements + texts; }
 };
 
-/// Is told of a tree, from the front to the back, and sums it up.
+/// Sums up a tree whose nodes it is told in document order.
 class tree_summarizer {
  public:
   template <typename unit>
@@ -64,7 +64,7 @@ class tree_summarizer {
     return hash;
   }
 
-  /// Takes in one thing, and in front of it the attributes since the last one.
+  /// Adds the attributes since the last thing, then `thing`.
   void mix(std::uint64_t thing) {
     summary_.fingerprint = (summary_.fingerprint ^ attributes_) * prime;
     summary_.fingerprint = (summary_.fingerprint ^ thing) * prime;
@@ -74,6 +74,28 @@ class tree_summarizer {
   tree_summary summary_ = {0, 0, 14695981039346656037u};
   std::uint64_t attributes_ = 0;
 };
+
+/// Sums up all nodes below `root`, without recursion. `tree` knows the nodes: first_child, next and
+/// parent return a node, or one that is false where there is none; enter(node, summarizer) tells of
+/// an element's start or of a leaf.
+template <typename node, typename links>
+tree_summary summarize_below(node root, const links& tree) {
+  tree_summarizer sum;
+  node at = tree.first_child(root);
+  while (at) {
+    tree.enter(at, sum);
+    node following = tree.first_child(at);
+    while (!following) {
+      if (tree.is_element(at)) sum.close();
+      following = tree.next(at);
+      if (following) break;
+      at = tree.parent(at);
+      if (at == root) return sum.result();
+    }
+    at = following;
+  }
+  return sum.result();
+}
 
 }  // namespace bench
 

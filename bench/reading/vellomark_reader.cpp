@@ -2,7 +2,6 @@
 #include <optional>
 
 #include "bench/reading/page_reader.h"
-#include "bench/reading/tree_walk.h"
 #include "platform/file_system.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
@@ -22,17 +21,19 @@ struct links {
     return (++position).cell();
   }
   node_pointer parent(node_pointer of) const { return of->parent(); }
-};
 
-bool is_element(node_pointer node) { return node->type() == Xport::node_type::element; }
-
-void enter_element(const Xport::xhtml_markup& element, tree_summarizer& sum) {
-  const Xport::ustring name = element.tag_name();
-  sum.open(Xport::ustring_view(name));
-  for (const auto& [attribute, value] : *element.attributes()) {
-    sum.attribute(Xport::xhtml_strict::attribute_name(attribute), value);
+  bool is_element(node_pointer node) const { return node->type() == Xport::node_type::element; }
+  void enter(node_pointer node, tree_summarizer& sum) const {
+    if (is_element(node)) {
+      const Xport::ustring name = node->tag_name();
+      sum.open(Xport::ustring_view(name));
+      for (const auto& [attribute, value] : *node->attributes())
+        sum.attribute(Xport::xhtml_strict::attribute_name(attribute), value);
+    } else if (node->type() == Xport::node_type::pcdata) {
+      sum.text(node->as_text()->text());
+    }
   }
-}
+};
 
 bool read_page(Xport::xhtml_doc& document, const std::string& path) {
   return Xport::read_document(document, platform::file_system::native().open_for_reading(
@@ -52,19 +53,7 @@ class vellomark_reader : public page_reader {
   }
 
   tree_summary summarize() const override {
-    tree_summarizer sum;
-    const auto enter = [&sum](node_pointer node) {
-      if (is_element(node)) {
-        enter_element(*node, sum);
-      } else if (node->type() == Xport::node_type::pcdata) {
-        sum.text(node->as_text()->text());
-      }
-    };
-    const auto leave = [&sum](node_pointer node) {
-      if (is_element(node)) sum.close();
-    };
-    walk_below<node_pointer>(document_->root(), links{}, enter, leave);
-    return sum.result();
+    return summarize_below<node_pointer>(document_->root(), links{});
   }
 
   void destroy() override { document_.reset(); }

@@ -1,31 +1,29 @@
 // Fills template pages with the library and with XML parsers, and prints how long it takes.
-#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "bench/child_process.h"
-#include "bench/clock.h"
-#include "bench/command_line.h"
-#include "bench/page_check.h"
+#include "bench/measuring.h"
+#include "bench/options.h"
 #include "bench/page_file.h"
-#include "bench/scratch_folder.h"
-#include "bench/statistics.h"
-#include "bench/templates/template_filler.h"
-#include "bench/templates/template_page.h"
+#include "bench/templates/fillers.h"
+#include "bench/text_table.h"
+#include "bench/workload.h"
 
 namespace {
 
 using namespace bench;
 
 constexpr const char* usage =
-    "usage: template_bench [--quick] [--repeat N] [--folder DIR]\n"
+    "usage: template_bench [--quick] [--repeat N] [--cpu-time] [--folder DIR]\n"
     "       template_bench --once FIELDS [--folder DIR]\n"
     "\n"
     "  --quick       small pages: shows that it works, measures little\n"
     "  --repeat N    runs of each contender on each page (15)\n"
+    "  --cpu-time    the clock counts processor time instead of time that passes\n"
     "  --folder DIR  where pages are written for a moment (/dev/shm, or else $TMPDIR, /tmp)\n"
     "  --once        the library fills one page in this process, for a profiler\n";
 
@@ -35,133 +33,107 @@ struct filler {
 };
 
 // The second is the unit of the table.
-constexpr std::array<filler, 3> fillers = {{{"vellomark", fill_with_vellomark},
-                                            {"pugixml", fill_with_pugixml},
-                                            {"libxml2", fill_with_libxml2}}};
+constexpr filler fillers[] = {{"vellomark", fill_with_vellomark},
+                              {"pugixml", fill_with_pugixml},
+                              {"libxml2", fill_with_libxml2}};
 constexpr std::size_t unit = 1;
 
-struct filled {
-  bool done;
-  double seconds;
-};
-
-// A small page first, so that symbols are bound and code is read.
-std::optional<double> fill_once(const filler& by, const std::string& path,
-                                const std::string& small_path, const page_target& target) {
-  const auto run = in_child_process([&] {
-    by.fill(small_path, target);
-    const double start = seconds_now(clock_kind::wall);
-    const bool done = by.fill(path, target);
-    return filled{done, seconds_now(clock_kind::wall) - start};
-  });
-  if (!run || !run->done) return std::nullopt;
-  return run->seconds;
+// A template page with `fields` markers. Before each stand a heading, a block of text with inline
+// elements and a list, about 450 units in all. Its head is that of a report, so that all pages made
+// of it can be equal.
+std::u16string make_template(std::size_t fields) {
+  std::string page = std::string("<!DOCTYPE ") + doctype_name + " PUBLIC '" + doctype_public_id +
+                     "' '" + doctype_system_id + "'>\n<html xmlns='" + xml_namespace +
+                     "'>\n<head>\n<title>" + page_title + "</title>\n<style type='text/css'>" +
+                     page_stylesheet + "</style>\n</head>\n<body>\n";
+  for (std::size_t field = 0; field < fields; ++field) {
+    const std::string number = std::to_string(field);
+    page += "<h2 class='chapter'>Chapter " + number +
+            "</h2>\n"
+            "<p>What stands in front of the field, with <b>a word in bold</b>, another <i>in "
+            "italics</i>\nand a <a href='#c" +
+            number +
+            "'>link</a> to something else on the same page, and some more words.</p>\n"
+            "<ul>\n<li class='first'>a first entry of the list</li>\n<li>a second one, which is "
+            "a bit longer</li>\n<li>and a third</li>\n</ul>\n"
+            "<p><span id='Template'>Field " +
+            number + "</span></p>\n";
+  }
+  return widen(page + "<p>The end</p>\n</body>\n</html>\n");
 }
 
-class template_table {
- public:
-  template_table(std::string folder, std::size_t repeat)
-      : folder_(std::move(folder)), repeat_(repeat) {}
+std::string write_template(std::size_t fields, const page_folder& folder) {
+  const std::string path = folder.page("template" + std::to_string(fields) + ".htm").path();
+  if (!write_page(make_template(fields), path)) throw std::runtime_error(path + " can't be made");
+  return path;
+}
 
-  bool print(const std::vector<std::size_t>& sizes) {
-    if (!make_page(small_fields)) return false;
-    std::printf("Templates read, filled and saved: ratios of medians over %zu runs\n\n%-11s",
-                repeat_, "fields");
-    for (const filler& by : fillers) std::printf(" %12s", by.name);
-    std::printf(" %12s\n", "growth");
-    double first = 0;
-    for (const std::size_t fields : sizes) {
-      const std::optional<std::vector<double>> medians = measure(fields);
-      if (!medians) return false;
-      const double per_field = medians->front() / static_cast<double>(fields);
-      if (first == 0) first = per_field;
-      std::printf("%-11s", grouped(fields).c_str());
-      for (const double seconds : *medians) std::printf(" %12.3f", seconds / (*medians)[unit]);
-      std::printf(" %12.2f\n", per_field / first);
-      std::fflush(stdout);
-    }
-    std::printf("\nThe last column is the library's time for a field, 1 on the first page.\n");
-    return true;
+// Measures all on a page of that many fields. Throws std::runtime_error if one of them fails or
+// fills another page.
+std::vector<outcome> compare(std::size_t fields, const options& chosen, const page_folder& folder) {
+  const std::string path = write_template(fields, folder);
+  const std::string small_path = write_template(3, folder);
+  std::vector<outcome> contenders;
+  std::vector<page_target> targets;
+  for (const filler& by : fillers) {
+    contenders.push_back({by.name});
+    targets.push_back(folder.page(std::string(by.name) + ".htm"));
   }
-
- private:
-  static constexpr std::size_t small_fields = 3;
-
-  std::string path_of(std::size_t fields) const {
-    return folder_ + "/template" + std::to_string(fields) + ".htm";
+  measure_in_turns(contenders, chosen.repeat, [&](std::size_t at) {
+    // A small page first, so that symbols are bound and code is read.
+    fillers[at].fill(small_path, targets[at]);
+    return measure_phases(chosen.clock, {[&] { return fillers[at].fill(path, targets[at]); }});
+  });
+  const std::uint64_t page = tree_fingerprint(targets[unit].path());
+  for (std::size_t at = 0; at < contenders.size(); ++at) {
+    const outcome& of = contenders[at];
+    if (!of.failure.empty()) throw std::runtime_error(of.name + ": " + of.failure);
+    if (page == 0 || tree_fingerprint(targets[at].path()) != page)
+      throw std::runtime_error(of.name + " has filled another page");
   }
+  return contenders;
+}
 
-  bool make_page(std::size_t fields) const {
-    return write_page(make_template(fields), path_of(fields));
+int print_whole_table(const options& chosen) {
+  const page_folder folder(chosen.folder);
+  std::vector<std::size_t> sizes = {10, 1'000, 10'000};
+  if (chosen.quick) sizes = {3, 30};
+  std::printf("Templates read, filled and saved: ratios of medians over %zu runs\n\n",
+              chosen.repeat);
+  std::vector<column> columns = {{"", "fields", -11}};
+  for (const filler& by : fillers) columns.push_back({"", by.name, 12});
+  columns.push_back({"", "growth", 12});
+  const text_table table(columns);
+  table.print_head();
+  double first = 0;
+  for (const std::size_t fields : sizes) {
+    const std::vector<outcome> contenders = compare(fields, chosen, folder);
+    const double per_field = median_together(contenders.front()) / static_cast<double>(fields);
+    if (first == 0) first = per_field;
+    std::vector<std::string> cells = {grouped(fields)};
+    for (const outcome& of : contenders)
+      cells.push_back(fixed(median_together(of) / median_together(contenders[unit]), 3));
+    cells.push_back(fixed(per_field / first, 2));
+    table.print_row(cells);
   }
-
-  // The medians in the order of the contenders, who take turns; nothing if one of them fails
-  // or makes another page.
-  std::optional<std::vector<double>> measure(std::size_t fields) const {
-    if (!make_page(fields)) return std::nullopt;
-    std::array<std::vector<double>, fillers.size()> times;
-    for (std::size_t run = 0; run < repeat_; ++run) {
-      for (std::size_t turn = 0; turn < fillers.size(); ++turn) {
-        const std::size_t at = (run + turn) % fillers.size();
-        const std::optional<double> seconds =
-            fill_once(fillers[at], path_of(fields), path_of(small_fields), target_of(at));
-        if (!seconds) return std::nullopt;
-        times[at].push_back(*seconds);
-      }
-    }
-    std::vector<double> medians;
-    for (std::size_t at = 0; at < fillers.size(); ++at) {
-      const std::uint64_t page = tree_fingerprint(target_of(at).path());
-      if (page == 0 || page != tree_fingerprint(target_of(unit).path())) return std::nullopt;
-      medians.push_back(median(times[at]));
-    }
-    return medians;
-  }
-
-  page_target target_of(std::size_t at) const {
-    return {folder_, std::string(fillers[at].name) + ".htm"};
-  }
-
-  std::string folder_;
-  std::size_t repeat_;
-};
+  std::printf("\nThe last column is the library's time for a field, 1 on the first page.\n");
+  return 0;
+}
 
 }  // namespace
 
 int main(int count, char** words) {
-  std::vector<std::size_t> sizes = {10, 1'000, 10'000};
-  std::size_t repeat = 15;
   std::optional<std::size_t> once;
-  std::string parent = default_folder();
-  for (int at = 1; at < count; ++at) {
-    const std::string word = words[at];
-    const std::optional<std::size_t> number =
-        at + 1 < count ? positive_number(words[at + 1]) : std::nullopt;
-    if (word == "--quick") {
-      sizes = {3, 30};
-      repeat = 3;
-    } else if (word == "--repeat" && number) {
-      repeat = *number;
-      ++at;
-    } else if (word == "--once" && number) {
-      once = number;
-      ++at;
-    } else if (word == "--folder" && at + 1 < count) {
-      parent = words[++at];
-    } else {
-      std::fputs(usage, stderr);
-      return 2;
-    }
-  }
-  const scratch_folder folder(parent, "template_bench");
-  bool done = folder.made();
-  if (done && once) {
-    const std::string path = folder.path() + "/template.htm";
-    done = write_page(make_template(*once), path) &&
-           fill_with_vellomark(path, {folder.path(), "page.htm"});
-  } else if (done) {
-    done = template_table(folder.path(), repeat).print(sizes);
-  }
-  if (!done) std::fprintf(stderr, "template_bench: somebody failed, or filled another page\n");
-  return done ? 0 : 1;
+  const auto read_once = [&once](std::span<char* const> of) -> std::size_t {
+    if (of.size() < 2 || of[0] != std::string("--once")) return 0;
+    once = positive_number(of[1]);
+    return once ? 2 : 0;
+  };
+  return run_program({"template_bench", usage, 15, read_once}, count, words,
+                     [&once](const options& chosen) {
+                       if (!once) return print_whole_table(chosen);
+                       const page_folder folder(chosen.folder);
+                       const std::string path = write_template(*once, folder);
+                       return fill_with_vellomark(path, folder.page("page.htm")) ? 0 : 1;
+                     });
 }

@@ -5,20 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/utf8.h"
 #include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 
 namespace test {
-
-/// `text` as the bytes of a file, the least significant one of each unit first.
-inline std::string file_bytes(Xport::ustring_view text) {
-  std::string bytes;
-  for (const unsigned unit : text) {
-    bytes += static_cast<char>(unit & 0xFF);
-    bytes += static_cast<char>(unit >> 8);
-  }
-  return bytes;
-}
 
 /// What a fake_input gives, what it was asked for, and what it is to refuse. Outlives
 /// the file.

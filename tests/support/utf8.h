@@ -77,6 +77,29 @@ inline std::string to_utf8(std::u16string_view text) {
   return bytes;
 }
 
+/// The bytes of a file that holds `text`, the low byte of each unit first.
+inline std::string file_bytes(std::u16string_view text) {
+  std::string bytes;
+  bytes.reserve(2 * text.size());
+  for (const unsigned unit : text) {
+    bytes += static_cast<char>(unit & 0xFF);
+    bytes += static_cast<char>(unit >> 8);
+  }
+  return bytes;
+}
+
+/// The units of such a file. An odd last byte is ignored.
+inline std::u16string file_units(std::string_view bytes) {
+  std::u16string text;
+  text.reserve(bytes.size() / 2);
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    const unsigned low = static_cast<unsigned char>(bytes[at]);
+    const unsigned high = static_cast<unsigned char>(bytes[at + 1]);
+    text += static_cast<char16_t>(high << 8 | low);
+  }
+  return text;
+}
+
 }  // namespace test
 
 #endif

@@ -1,6 +1,12 @@
-#include "bench/reading/narrow_page.h"
+#include "bench/reading/page_blocks.h"
 
-#include "bench/reading/block_input.h"
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <utility>
+
+#include "tests/support/utf8.h"
 
 namespace bench {
 
@@ -9,24 +15,7 @@ namespace {
 /// Most bytes that one unit becomes.
 constexpr std::size_t growth = 3;
 
-char* put_code_point(char* out, char32_t point) {
-  const auto byte = [](char32_t bits) { return static_cast<char>(static_cast<unsigned>(bits)); };
-  if (point < 0x800) {
-    *out++ = byte(0xC0 | point >> 6);
-  } else {
-    if (point < 0x10000) {
-      *out++ = byte(0xE0 | point >> 12);
-    } else {
-      *out++ = byte(0xF0 | point >> 18);
-      *out++ = byte(0x80 | (point >> 12 & 0x3F));
-    }
-    *out++ = byte(0x80 | (point >> 6 & 0x3F));
-  }
-  *out++ = byte(0x80 | (point & 0x3F));
-  return out;
-}
-
-/// Converts blocks, with a pair of surrogates that is cut between two of them.
+/// Converts blocks. A pair of surrogates may be cut between two of them.
 class narrowing {
  public:
   explicit narrowing(char* out) : out_(out) {}
@@ -42,7 +31,7 @@ class narrowing {
   }
 
   char* finish() {
-    if (high_ != 0) out_ = put_code_point(out_, replacement);
+    if (high_ != 0) out_ = test::put_utf8(replacement, out_);
     return out_;
   }
 
@@ -50,20 +39,17 @@ class narrowing {
   static constexpr char32_t replacement = 0xFFFD;
 
   void put_wide(char16_t unit) {
-    const bool low = unit >= 0xDC00 && unit < 0xE000;
-    if (high_ != 0 && low) {
-      out_ = put_code_point(out_, 0x10000 + ((high_ & 0x3FFu) << 10 | (unit & 0x3FFu)));
-      high_ = 0;
+    const bool low = test::is_low_surrogate(unit);
+    const char32_t high = std::exchange(high_, 0);
+    if (high != 0 && low) {
+      out_ = test::put_utf8(0x10000 + ((high & 0x3FFu) << 10 | (unit & 0x3FFu)), out_);
       return;
     }
-    if (high_ != 0) out_ = put_code_point(out_, replacement);
-    high_ = 0;
-    if (unit >= 0xD800 && unit < 0xDC00) {
+    if (high != 0) out_ = test::put_utf8(replacement, out_);
+    if (test::is_high_surrogate(unit)) {
       high_ = unit;
-    } else if (unit < 0x80) {
-      *out_++ = static_cast<char>(unit);
     } else {
-      out_ = put_code_point(out_, low ? replacement : char32_t{unit});
+      out_ = test::put_utf8(low ? replacement : char32_t{unit}, out_);
     }
   }
 
@@ -73,17 +59,30 @@ class narrowing {
 
 }  // namespace
 
+page_blocks::page_blocks(const std::string& path) : file_(open(path.c_str(), O_RDONLY)) {}
+
+page_blocks::~page_blocks() {
+  if (file_ >= 0) ::close(file_);
+}
+
+std::size_t page_blocks::size() const {
+  struct stat about;
+  return fstat(file_, &about) == 0 ? static_cast<std::size_t>(about.st_size) : 0;
+}
+
+std::u16string_view page_blocks::next() {
+  // A file on a disk fills the whole block, so a unit is never cut.
+  const ssize_t got = ::read(file_, block_, sizeof block_);
+  return {block_, got > 0 ? static_cast<std::size_t>(got) / sizeof(char16_t) : 0};
+}
+
 narrow_page read_narrow_page(const std::string& path) {
-  block_input file(path);
-  if (!file.opened()) {
-    return {};
-  }
-  // Room for the worst, without touching it: memory that isn't written to costs nothing.
+  page_blocks file(path);
+  if (!file.opened()) return {};
+  // Room for the worst case. Memory that isn't written to costs nothing.
   narrow_page page;
   page.bytes.reset(static_cast<char*>(std::malloc(file.size() / sizeof(char16_t) * growth + 1)));
-  if (page.bytes == nullptr) {
-    return {};
-  }
+  if (page.bytes == nullptr) return {};
   narrowing out(page.bytes.get());
   bool at_front = true;
   for (std::u16string_view block = file.next(); !block.empty(); block = file.next()) {
@@ -94,7 +93,7 @@ narrow_page read_narrow_page(const std::string& path) {
   char* const end = out.finish();
   *end = '\0';
   page.size = static_cast<std::size_t>(end - page.bytes.get());
-  // What isn't used goes back, so that it doesn't count as memory of the tree.
+  // Frees the unused part, so that it doesn't count as memory of the tree.
   if (void* const shorter = std::realloc(page.bytes.get(), page.size + 1); shorter != nullptr) {
     static_cast<void>(page.bytes.release());
     page.bytes.reset(static_cast<char*>(shorter));

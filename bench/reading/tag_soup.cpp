@@ -1,4 +1,4 @@
-#include "bench/tag_soup.h"
+#include "bench/reading/tag_soup.h"
 
 #include <cstdint>
 #include <iterator>
@@ -142,7 +142,7 @@ class soup_page {
     if (any_.percent(2)) put(u" nowrap");
   }
 
-  /// Writes the start tag and gives whether its name is in capitals.
+  /// Writes the start tag and returns whether its name is in capitals.
   bool start(text spelled, text fixed_attributes = {}) {
     const bool capitals = any_.percent(20);
     put(u"<");
@@ -159,7 +159,7 @@ class soup_page {
     put(u">");
   }
 
-  // Text and what stands in it.
+  // Text and inline content.
 
   void words_of_text(std::size_t count, std::size_t depth) {
     for (std::size_t at = 0; at < count; ++at) {
@@ -280,7 +280,7 @@ class soup_page {
     }
   }
 
-  /// Texts and inline pieces in turn.
+  /// Alternating texts and inline pieces.
   void phrase(std::size_t pieces, std::size_t depth) {
     some_text(depth);
     for (std::size_t at = 0; at < pieces; ++at) {
@@ -291,7 +291,7 @@ class soup_page {
     }
   }
 
-  // Blocks. Each is complete, or leaves one element open that what comes next closes.
+  // Blocks. Each is complete, or leaves one element open that the next tag closes.
 
   void paragraph(std::size_t depth) {
     const bool capitals = start(u"p");
@@ -301,7 +301,7 @@ class soup_page {
       return;  // open, until the next block
     }
     if (which < 28) {
-      put(u" <span class=open>");  // goes with the paragraph
+      put(u" <span class=open>");  // closed with the paragraph
       some_text(depth);
     }
     end(u"p", capitals);
@@ -315,13 +315,13 @@ class soup_page {
     end(any_.percent(95) ? spelled : text(u"h5"), capitals);
   }
 
-  /// What stands in a `li`, `td` or `div`. With `closed` nothing in it is left open.
+  /// The content of a `li`, `td` or `div`. With `closed` nothing in it is left open.
   void content(std::size_t depth, bool closed) {
     phrase(any_.below(3), depth);
     if (depth < 6 && any_.percent(18) && !full()) {
       break_line(depth);
       block(depth + 1);
-      // A block at the end that is open must not stay so where it can't be seen.
+      // Nothing after this block would close it.
       if (closed) {
         break_line(depth);
         put(u"<hr>");
