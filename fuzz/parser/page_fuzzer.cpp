@@ -130,7 +130,7 @@ std::unique_ptr<page_stream> make_stream(const page_case& how, bool whole) {
 struct reading {
   test::parse_result result;
   std::vector<ustring> outline;  ///< of the whole tree
-  bool endless = false;          ///< whether a style text would be read for ever
+  bool endless = false;          ///< whether reading a style text never returns
 
   bool operator==(const reading&) const = default;
 };
@@ -177,8 +177,8 @@ reading read(const page_case& how, bool whole, tree& target) {
   return read;
 }
 
-// A parser without a guard, which may take other ways inside, and the plain one come to the
-// same result. The plain one begins where no mark is looked for.
+// A parser without a guard, which may take shortcuts, and the plain one have the same result. The
+// plain one doesn't look for a mark.
 void check_against_others(const page_case& how, const reading& actual) {
   if (actual.endless) return;
   for (const bool whole : {true, false}) {
@@ -201,8 +201,8 @@ void check_against_others(const page_case& how, const reading& actual) {
   fuzz::expect(actual.result == expected, "the state is what the plain parser leaves");
 }
 
-// A page in the other byte order, behind its mark, is read like the same page with a mark. Only
-// white space and a zero behind the little-endian mark go with it.
+// A page in the other byte order, after its mark, is read like the same page in little endian.
+// Only the little-endian mark takes white space and a zero after it along.
 void check_byte_order(const page_case& how, const reading& swapped) {
   if (!how.swapped || how.text.empty()) return;
   if (how.text[0] == 0 || Xport::character_classes().is_space(how.text[0])) return;
@@ -215,8 +215,8 @@ void check_byte_order(const page_case& how, const reading& swapped) {
   fuzz::expect(same == swapped, "both byte orders are read alike");
 }
 
-// The nodes that the readers give one after the other to a caller of its own, who puts none
-// of them into a tree. Each takes something from the input.
+// The nodes that the readers return one after the other to a caller who puts none of them into a
+// tree. Each consumes a part of the input.
 std::vector<ustring> read_singly(const page_case& how, bool whole) {
   std::vector<ustring> nodes;
   const std::unique_ptr<page_stream> stream = make_stream(how, whole);
@@ -233,7 +233,7 @@ std::vector<ustring> read_singly(const page_case& how, bool whole) {
   return nodes;
 }
 
-// The walk finds each node once, and elements by their id.
+// The walk visits each node once, and elements are found by their id.
 void check_walk(Xport::xhtml_doc& doc, std::size_t nodes) {
   std::size_t count = 0;
   for (Xport::descendant_markup_iterator at = doc.descendant_begin(); at != doc.descendant_end();

@@ -1,5 +1,5 @@
-// References, with other preferred spellings as the input says. The input is a number of
-// changes, each change as two bytes for the entry and its form, and the text.
+// References, whose preferred spellings the input can change. The input is the number of changes,
+// two bytes for each of them (the entry and its form), and the text.
 #include <cstdint>
 #include <iterator>
 
@@ -43,8 +43,9 @@ const character_reference* find_number(const Xport::xhtml_parser& parser, const 
   return found != parser.by_code.end() ? &*found : nullptr;
 }
 
-// The rules in place, one reference after the other: the text grows and shrinks under the scan.
-void normalize_in_place(const Xport::xhtml_parser& parser, ustring& text) {
+// The rules applied in place, one reference after the other: the text changes its length under
+// the scan.
+void plain_normalize(const Xport::xhtml_parser& parser, ustring& text) {
   const Xport::character_classes classes;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const character_reference* entry = nullptr;
@@ -87,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const ustring text = in.take_text();
 
   ustring expected = text;
-  normalize_in_place(parser, expected);
+  plain_normalize(parser, expected);
   ustring once = text;
   parser.normalize_references(once);
   fuzz::expect_no(test::outline_difference({once}, {expected}));

@@ -10,11 +10,11 @@
 
 namespace fuzz {
 
-/// The disk below one folder. Outside of it nothing is there and nothing can be made, so that
-/// whatever path an input comes up with does no harm. One of its calls can be made to raise.
+/// The disk below one folder. Outside of it nothing exists and nothing can be made, so that no path
+/// in an input does harm. One of its calls can be made to throw.
 class fenced_files : public platform::file_system {
  public:
-  /// Lets paths through that begin with `folder` and a separator and don't lead out again.
+  /// Accepts paths that begin with `folder` and a separator and don't lead out of it.
   explicit fenced_files(Xport::ustring folder) : folder_(std::move(folder)) {}
 
   bool exists(const Xport::ustring& path) override { return passes(path) && disk_.exists(path); }
@@ -35,10 +35,10 @@ class fenced_files : public platform::file_system {
     return passes(path) && disk_.remove_file(path);
   }
 
-  /// Lets the `number`th call from now on raise std::bad_alloc; 0 for none.
-  void raise_at(std::size_t number) { left_ = number; }
+  /// Makes the `number`th call from now on throw std::bad_alloc; 0 for none.
+  void throw_at(std::size_t number) { left_ = number; }
 
-  /// The units of the file behind `path`; nothing if it can't be opened.
+  /// The units of the file at `path`; nothing if it can't be opened.
   std::optional<Xport::ustring> units_of(const Xport::ustring& path) const;
 
  private:

@@ -1,4 +1,4 @@
-#include "fuzz/report/template_model.h"
+#include "fuzz/report/plain_template.h"
 
 #include <sstream>
 
@@ -73,7 +73,7 @@ ustring text_of(const piece& nodes) {
 
 }  // namespace
 
-template_model::template_model(const ustring& page) {
+plain_template::plain_template(const ustring& page) {
   std::basic_istringstream<Xport::char16> stream(page);
   Xport::xhtml_doc doc(0);
   test::guarded_parser parser(&stream);

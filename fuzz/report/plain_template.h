@@ -1,5 +1,5 @@
-#ifndef FUZZ_REPORT_TEMPLATE_MODEL_H
-#define FUZZ_REPORT_TEMPLATE_MODEL_H
+#ifndef FUZZ_REPORT_PLAIN_TEMPLATE_H
+#define FUZZ_REPORT_PLAIN_TEMPLATE_H
 
 #include <deque>
 #include <vector>
@@ -8,21 +8,20 @@
 
 namespace fuzz {
 
-/// What a report has to make of a template.
-struct template_model {
+/// What a report must make of a template, found by the plain rules.
+struct plain_template {
   /// A page without a template.
-  template_model() = default;
+  plain_template() = default;
 
-  /// The template that is read from these units of a file.
-  explicit template_model(const Xport::ustring& page);
+  /// Reads the template from the units of a file.
+  explicit plain_template(const Xport::ustring& page);
 
-  /// Whether a report that reads the page would never come to an end.
+  /// Whether reading the page never returns.
   bool is_endless = false;
 
   std::vector<Xport::ustring> fields;
 
-  /// What the pieces that are left add to the end of a page's body, each with the empty block
-  /// behind it.
+  /// What each piece that is left adds to the end of a page's body, with the empty block after it.
   std::deque<Xport::ustring> pieces;
 };
 

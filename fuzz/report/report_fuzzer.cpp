@@ -1,5 +1,5 @@
 // Sequences of all operations of a report, with templates and pictures on the disk. The input is
-// a letter for each call, "A" being the first of the list below, and what the call takes.
+// a letter for each call, "A" for the first in the list below, and the arguments of the call.
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "fuzz/report/fenced_files.h"
-#include "fuzz/report/template_model.h"
+#include "fuzz/report/plain_template.h"
 #include "fuzz/support/expect.h"
 #include "fuzz/support/fuzz_input.h"
 #include "report/vellomark_obj.h"
@@ -32,7 +32,7 @@ using argument = std::optional<ustring>;
 
 const char16* pointer(const argument& text) { return text ? text->c_str() : nullptr; }
 
-// What templates are made of.
+// The parts of templates.
 constexpr std::array<Xport::ustring_view, 32> fragments = {
     u"<html>",
     u"<head>",
@@ -118,7 +118,7 @@ class session {
 
   void make_report() {
     report_ = std::make_unique<VellomarkObj>(files_, browser_);
-    model_ = fuzz::template_model();
+    template_ = fuzz::plain_template();
     has_sections_ = false;
   }
 
@@ -142,7 +142,7 @@ class session {
 
   void check_fields() {
     report_->GetTemplateFields(fields_);
-    expect_fields(fields_, model_.fields);
+    expect_fields(fields_, template_.fields);
   }
 
   fuzz::fuzz_input in_;
@@ -153,7 +153,7 @@ class session {
   fuzz::fenced_files files_{folder().text()};
   test::recording_opener browser_;
   std::unique_ptr<VellomarkObj> report_;
-  fuzz::template_model model_;
+  fuzz::plain_template template_;
   bool has_sections_ = false;  // some may be left
   field_array fields_;
   std::vector<kept_list> lists_;
@@ -188,7 +188,7 @@ ustring session::free_text() {
   return units;
 }
 
-// Templates, pictures, the last page, a folder, and what ends anywhere.
+// Templates, pictures, the last page, a folder, and paths with any end.
 ustring session::path() {
   const unsigned choice = byte() & 15;
   if (choice < 4) return folder().text(u"/t") + static_cast<char16>(u'0' + choice);
@@ -277,7 +277,7 @@ void session::call() {
       case 15:
         return list_fields();
       case 16:
-        model_.fields.clear();
+        template_.fields.clear();
         return report_->ClearTemplateFields();
       case 17:
         return save();
@@ -286,14 +286,14 @@ void session::call() {
       case 19:
         return write_picture();
       case 20:
-        return files_.raise_at(byte() & 15);
+        return files_.throw_at(byte() & 15);
       case 21:
         return make_report();
       default:
         return;
     }
   } catch (const std::bad_alloc&) {
-    // What files_ raises: the report can be used on.
+    // Thrown by files_: the report stays usable.
   }
 }
 
@@ -305,37 +305,37 @@ void session::close_table() {
   }
 }
 
-// A template that never ends is left out.
+// Skips templates whose reading never returns.
 void session::load() {
   const ustring file = path();
   if (++pages_ > 20) return;
   const std::optional<ustring> units = files_.units_of(file);
-  fuzz::template_model loaded = units ? fuzz::template_model(*units) : model_;
+  fuzz::plain_template loaded = units ? fuzz::plain_template(*units) : template_;
   if (loaded.is_endless) return;
   const bool gives_path = flag() || units;
   report_->LoadTemplate(gives_path ? file.c_str() : nullptr);
-  model_ = std::move(loaded);
+  template_ = std::move(loaded);
 }
 
 void session::set_field() {
   const argument name = text();
   const bool replace = flag();
   const argument value = text();
-  const auto found =
-      name ? std::find(model_.fields.begin(), model_.fields.end(), *name) : model_.fields.end();
+  const auto found = name ? std::find(template_.fields.begin(), template_.fields.end(), *name)
+                          : template_.fields.end();
   const bool exists = report_->SetTemplateField(pointer(name), replace, pointer(value));
-  fuzz::expect(exists == (found != model_.fields.end()), "a field is there or not");
+  fuzz::expect(exists == (found != template_.fields.end()), "a field is there or not");
   if (!exists || !replace || !value) return;
   *found = *value;
-  if (!model_.pieces.empty()) model_.pieces.pop_front();
+  if (!template_.pieces.empty()) template_.pieces.pop_front();
 }
 
-// Sometimes into an array that others hold as well.
+// Sometimes into an array that others share.
 void session::list_fields() {
   kept_list list;
   if (flag() && !lists_.empty()) list.fields = lists_.back().fields;
   report_->GetTemplateFields(list.fields);
-  list.texts = model_.fields;
+  list.texts = template_.fields;
   lists_.push_back(std::move(list));
 }
 
@@ -344,9 +344,9 @@ void session::save() {
   const bool deeper = flag();
   if (++pages_ > 20) return;
   ustring end = fuzz::empty_block();
-  if (!model_.pieces.empty()) {
-    end = model_.pieces.front();
-    model_.pieces.pop_front();
+  if (!template_.pieces.empty()) {
+    end = template_.pieces.front();
+    template_.pieces.pop_front();
   }
   const ustring out = folder().text(deeper ? u"/missing/out" : u"/out");
   browser_.urls.clear();

@@ -20,16 +20,16 @@ using Xport::char16;
 using Xport::ustring;
 using input_stream = std::basic_istream<char16>;
 
-// A stream that owns its buffer and tells when it goes.
+// A stream that owns its buffer and reports its destruction.
 class watched_stream : public input_stream {
  public:
-  watched_stream(std::unique_ptr<std::basic_streambuf<char16>> buffer, bool& gone)
-      : input_stream(buffer.get()), buffer_(std::move(buffer)), gone_(gone) {}
-  ~watched_stream() override { gone_ = true; }
+  watched_stream(std::unique_ptr<std::basic_streambuf<char16>> buffer, bool& deleted)
+      : input_stream(buffer.get()), buffer_(std::move(buffer)), deleted_(deleted) {}
+  ~watched_stream() override { deleted_ = true; }
 
  private:
   std::unique_ptr<std::basic_streambuf<char16>> buffer_;
-  bool& gone_;
+  bool& deleted_;
 };
 
 std::unique_ptr<std::basic_streambuf<char16>> make_buffer(unsigned kind, std::size_t block,
@@ -54,9 +54,10 @@ ustring rest_of(input_stream& stream) {
   return text;
 }
 
-// What is to come of an input: what is left to be read, from which stream, in which state.
-struct outcome {
-  outcome(const ustring& units, bool skips_space)
+// What detection must leave of an input, by the rules: the units left to read, whether the stream
+// has ended and whether it is a new one.
+struct plain_detection {
+  plain_detection(const ustring& units, bool skips_space)
       : rest(units.substr(0, units.find(u'\uFFFF'))), skips_space_(skips_space) {
     switch (look()) {
       case 0:
@@ -108,8 +109,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const ustring units = in.take_units();
 
   test::input_record record;
-  bool gone = false;
-  auto given = std::make_unique<watched_stream>(make_buffer(flags, block, units, record), gone);
+  bool deleted = false;
+  auto given = std::make_unique<watched_stream>(make_buffer(flags, block, units, record), deleted);
   if (!skips_space) given->unsetf(std::ios_base::skipws);
   if (!is_good) given->setstate((flags & 64) != 0 ? std::ios_base::eofbit : std::ios_base::badbit);
   const auto before = given->rdstate();
@@ -123,12 +124,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         test::outline_difference({rest_of(*stream)}, {units.substr(0, units.find(u'\uFFFF'))}));
     return 0;
   }
-  const outcome expected(units, skips_space);
+  const plain_detection expected(units, skips_space);
   fuzz::expect((stream != given.get()) == expected.swapped, "a big-endian input has a new stream");
   std::unique_ptr<input_stream> made;
   if (expected.swapped) {
     made.reset(stream);
-    fuzz::expect(gone == owns, "the old stream goes if it is owned");
+    fuzz::expect(deleted == owns, "the old stream is deleted if it is owned");
     if (owns) given.release();
     fuzz::expect(stream->good(), "the new stream is good");
   } else {

@@ -1,4 +1,4 @@
-// Values of style attributes. The input is a byte that tells where the element is, and the text.
+// Values of style attributes. The input is a byte that says where the element is, and the text.
 #include <cstdint>
 #include <map>
 
@@ -18,8 +18,8 @@ using properties = std::map<css_property_id, ustring>;
 
 bool is_white(Xport::char16 unit) { return unit == u' ' || (unit >= 9 && unit <= 13); }
 
-// The rules, by position. What is there already stays.
-void read_plainly(const ustring& text, properties& style) {
+// The rules, by position. Properties that are set already stay.
+void plain_read(const ustring& text, properties& style) {
   std::size_t at = 0;
   const auto until = [&text, &at](auto stops) {
     const std::size_t first = at;
@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
 
   parse_style_attribute(element, text);
-  read_plainly(text, expected);
+  plain_read(text, expected);
   check(element, expected);
   parse_style_attribute(element, text);
   check(element, expected);

@@ -1,5 +1,5 @@
-// Stylesheets. The input is a byte that tells how many units are at hand at a time, and the
-// text. A text that is never done with is cut off by a buffer that counts the looks at its end.
+// Stylesheets. The input is a byte that says how many units are available at a time, and the text.
+// A buffer that counts the looks at its end stops a text whose reading never returns.
 #include <algorithm>
 #include <cstdint>
 #include <sstream>
@@ -59,9 +59,8 @@ void check_item(const xhtml_stylesheet_item& item) {
     check_value(entry->value);
 }
 
-// Whether an item comes out of its own text again. A value that is short or ends in a quote is
-// no value, or another one, when it is read. An "@" begins an import; one whose word is short
-// is none.
+// Whether reading an item's text gives the item again. A value that is short or ends in a quote is
+// no value, or another one, when it is read. An "@" begins an import, which needs a longer word.
 bool is_stable(const xhtml_stylesheet_item& item) {
   if (item.item_kind() == 1 && item.selector_text().starts_with(u'@')) return false;
   if (item.item_kind() == 3 && item.item_text().size() + 6 < 9) return false;

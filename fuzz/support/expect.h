@@ -7,18 +7,18 @@
 
 namespace fuzz {
 
-/// Says what is wrong and ends the program, so that the input counts as a find.
+/// Prints the fault and aborts, so that the input counts as a find.
 [[noreturn]] inline void fail(const std::string& fault) {
   std::fprintf(stderr, "fault: %s\n", fault.c_str());
   std::abort();
 }
 
-/// Fails if `fault`, what is wrong, isn't empty.
+/// Fails if `fault` isn't empty.
 inline void expect_no(const std::string& fault) {
   if (!fault.empty()) fail(fault);
 }
 
-/// Fails with `rule` if it isn't kept.
+/// Fails with `rule` unless it is kept.
 inline void expect(bool kept, const char* rule) {
   if (!kept) fail(std::string("not so: ") + rule);
 }

@@ -8,7 +8,7 @@
 
 namespace fuzz {
 
-/// Takes the bytes of an input apart. Options are the low bits of single bytes, so that kept
+/// Splits an input into options and text. Options are the low bits of single bytes, so that kept
 /// inputs can be written by hand in letters: "@" is 0, "A" is 1, "B" is 2 ...
 class fuzz_input {
  public:
@@ -21,11 +21,11 @@ class fuzz_input {
     return *data_++;
   }
 
-  /// All that is left, from UTF-8, in which all units can be written, halves of pairs and
+  /// The rest of the input as text, from UTF-8 in which every unit can be written, surrogates and
   /// U+FFFF too. A byte that is part of no sequence is the unit of that number.
   Xport::ustring take_text();
 
-  /// All that is left as units, the low byte of each first; an odd last byte is one unit.
+  /// The rest of the input as units, the low byte of each first; an odd last byte is one unit.
   Xport::ustring take_units();
 
  private:

@@ -1,12 +1,12 @@
-// Runs a target over kept inputs without the fuzzing engine: all files in the folders, and the
-// files, that are its arguments.
+// Runs a target over kept inputs without the fuzzing engine. The arguments are files, and folders
+// whose files are all run.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
+
+#include "tests/support/temp_folder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -21,8 +21,7 @@ std::vector<std::filesystem::path> files_in(const std::filesystem::path& path) {
 }
 
 void replay(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+  const std::string bytes = test::bytes_of(path);
   LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
 }
 
