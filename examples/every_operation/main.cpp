@@ -1,7 +1,7 @@
-// Calls every operation, always in the same way, and saves the page as
-// Vellomark/every_operation.htm below the folder that is named. The page shows what comes
-// out where a call is unusual, so it isn't valid everywhere; the tests tell where and why.
-// There is no template, as it would take the place of the page: template_report fills one.
+// Calls every operation and saves the page as Vellomark/every_operation.htm in the folder that the
+// argument names. Some calls are unusual, to show their results, so parts of the page aren't valid;
+// the tests tell which and why. No template is loaded, since it would replace the page:
+// template_report fills one.
 #include <initializer_list>
 #include <iostream>
 #include <stdexcept>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// Enters texts one by one: lines of a block, or cells of the open table.
+// Adds texts one by one: lines of a block, or cells of the open table.
 void add_texts(IVellomark& report, std::initializer_list<const char16_t*> texts) {
   for (const char16_t* text : texts) report.AddText(text, false);
 }
@@ -76,7 +76,7 @@ void add_tables(IVellomark& report) {
   report.CloseTable();
 }
 
-// Without a section what is meant for one goes nowhere.
+// In section mode, content is dropped while there is no section.
 void use_section_mode(IVellomark& report) {
   report.AddHeading(u"Section mode", 1);
   report.SetSectionMode(true);
@@ -92,8 +92,8 @@ void use_section_mode(IVellomark& report) {
   report.AddText(u"Behind section mode", false);
 }
 
-// The sections come to the end of the page when it is saved, and there the third one follows
-// the first, with which it shares a heading. The last heading waits for a section in vain.
+// Save adds the sections to the end of the page. There the third one follows the first, with which
+// it shares a heading. The last heading has no section and isn't written.
 void add_sections(IVellomark& report) {
   report.AddHeading(u"Sections", 1);
   report.AddSectionHeading(u"Shared", 2);
@@ -146,7 +146,7 @@ bool use_no_template(IVellomark& report) {
   return fields.empty() && !report.SetTemplateField(u"none", false, nullptr);
 }
 
-// The folder's name has to be ASCII.
+// The folder's name must be ASCII.
 std::u16string widen(const std::string& text) { return {text.begin(), text.end()}; }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace measurement_report {
 namespace {
 
-// Numbers have their lowest byte first.
+// Appends a number, the lowest byte first.
 void append(std::string& bytes, std::uint32_t number, int size) {
   for (int i = 0; i < size; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFF);
 }

@@ -17,7 +17,7 @@ constexpr color blue{66, 114, 170};
 constexpr int chart_width = 560;
 constexpr int chart_height = 200;
 constexpr int margin = 12;
-constexpr int gap = 6;  // between a text and what it belongs to
+constexpr int gap = 6;  // between a text and its bar or mark
 
 }  // namespace
 
@@ -30,7 +30,7 @@ std::string axis::mark(int number) const {
 axis make_axis(double lowest, double highest) {
   lowest = std::min(lowest, 0.0);
   highest = std::max(highest, 0.0);
-  // Six steps or fewer hold the range, one more may be needed for each end.
+  // The range takes six steps or fewer, and up to one more at each end.
   const double wanted = std::max((highest - lowest) / 5, 0.001);
   for (int power = -3;; ++power) {
     for (const int factor : {1, 2, 5}) {

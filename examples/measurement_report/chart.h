@@ -16,7 +16,7 @@ struct axis {
   int last;
   int decimals;  ///< of the step, so that marks can be written without loss
 
-  /// What is written at mark `number`.
+  /// The text at mark `number`.
   std::string mark(int number) const;
 };
 
@@ -25,8 +25,8 @@ struct axis {
 /// smaller than 0.001.
 axis make_axis(double lowest, double highest);
 
-/// Draws a bar for each value, from 0 up or down, with its number below as long
-/// as there is room. The values must be within the axis.
+/// Draws a bar for each value, from 0 up or down, with its number below while there is room. The
+/// values must be within the axis.
 image draw_chart(const std::vector<double>& values, const axis& scale);
 
 }  // namespace measurement_report

@@ -16,8 +16,8 @@ struct color {
   friend bool operator==(const color&, const color&) = default;
 };
 
-/// A picture of a fixed size in pixels. The place (0, 0) is its upper left
-/// corner. What would be drawn outside of the picture is left out.
+/// A picture of a fixed size in pixels. Its upper left corner is (0, 0). Drawing is clipped to the
+/// picture.
 class image {
  public:
   /// A picture of one colour; both sizes must be above 0.
@@ -37,7 +37,7 @@ class image {
   /// character leaves a blank.
   void write(int x, int y, std::string_view text, color paint);
 
-  /// The size of a text that `write` makes.
+  /// The size of a text that `write` draws.
   static int text_width(std::string_view text);
   static int text_height();
 

@@ -11,7 +11,6 @@
 
 #include "../support/csv_reader.h"
 #include "../support/host.h"
-#include "../support/temporary_folder.h"
 #include "bmp_file.h"
 #include "chart.h"
 #include "measurements.h"
@@ -68,7 +67,7 @@ void make_report(const examples::options& chosen) {
   build_report(*report, table, draw_charts(table, drawings.path()),
                examples::name_to_utf16(source));
   const fs::path page = examples::save_page(*report, chosen);
-  // Save leaves a picture where it is if it can't move it, and doesn't tell.
+  // Save leaves a picture where it is if it can't move it, and doesn't report that.
   if (!fs::is_empty(drawings.path()))
     throw std::runtime_error("cannot move the pictures to the folder of " + page.string());
   examples::print_result(

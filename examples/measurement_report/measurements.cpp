@@ -14,7 +14,7 @@ using examples::csv_table;
 
 namespace {
 
-constexpr std::size_t columns_behind_path = 3;  // name, label, value
+constexpr std::size_t columns_after_path = 3;  // name, label, value
 constexpr double limit = 1e12;
 
 [[noreturn]] void refuse(std::size_t record, const std::string& problem) {
@@ -35,7 +35,7 @@ double to_number(const std::u16string& text, std::size_t record) {
 }  // namespace
 
 measurement_table group_measurements(const csv_table& table) {
-  const std::size_t depth = table.header.size() - columns_behind_path;
+  const std::size_t depth = table.header.size() - columns_after_path;
   const auto name_of = [depth](const csv_record& record) {
     return record.begin() + static_cast<std::ptrdiff_t>(depth);
   };

@@ -9,7 +9,7 @@
 
 namespace measurement_report {
 
-/// One value and what it belongs to, such as a date.
+/// One value and its label, such as a date.
 struct measurement {
   std::u16string label;
   std::u16string text;  ///< the value as the file has it
@@ -23,7 +23,7 @@ struct measurement_group {
   std::vector<measurement> measurements;  ///< in the order of the file, one or more
 };
 
-/// What the file holds, by groups in the order in which they appear.
+/// The content of the file: its groups in the order in which they first appear.
 struct measurement_table {
   std::vector<std::u16string> path_titles;  ///< the columns of the path
   std::u16string name_title;
@@ -32,11 +32,10 @@ struct measurement_table {
   std::vector<measurement_group> groups;
 };
 
-/// Groups the records. The last column holds the value, the one before it the
-/// label, the one before that the name of the group, and all others its path.
-/// Needs a header with three columns or more. Raises std::runtime_error with the
-/// number of the record, counted from 1 behind the header, if part of the path or
-/// a name is empty or a value isn't a decimal number below 1e12 in size.
+/// Groups the records. The last column holds the value, the one before it the label, the one before
+/// that the name of the group, and all others its path. The header must have three columns or more.
+/// Throws std::runtime_error with the number of the record, counted from 1 after the header, if
+/// part of the path or a name is empty or a value isn't a decimal number below 1e12 in size.
 measurement_table group_measurements(const examples::csv_table& table);
 
 }  // namespace measurement_report

@@ -51,7 +51,7 @@ class builder {
   }
   void text(const std::u16string& markup) { report_.AddText(markup.c_str(), false); }
 
-  // A row of the overview, and at once the section, which the page gets when it is saved.
+  // Adds a row of the overview and the section, which Save adds to the page.
   void add_group(const measurement_group& group, const std::u16string& picture) {
     const std::u16string anchor = anchors_.make(group.name);
     begin_section(group, anchor);
@@ -64,8 +64,8 @@ class builder {
     report_.SetSectionMode(false);
   }
 
-  // With direct links the section gets the anchor for its name, and a link to it stands in
-  // the table that is open on the page.
+  // With direct links the section's name is its anchor, and the link to it is added to the table
+  // that is open on the page.
   void begin_section(const measurement_group& group, const std::u16string& anchor) {
     std::int32_t style = 2;
     for (const std::u16string& title : group.path)
@@ -78,7 +78,7 @@ class builder {
 
   void add_section_content(const measurement_group& group, const std::u16string& anchor,
                            const std::u16string& picture) {
-    // The heading of a section has an id that no link finds, so the host makes an anchor.
+    // Links don't find the id of a section's heading, so the host makes an anchor.
     text(anchored(anchor, group.name) + u": " + escape(table_.value_title) + u", " +
          counted(group.measurements.size(), u"value", u"values"));
     // A line with nothing but the path of a file becomes the picture.

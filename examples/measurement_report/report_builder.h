@@ -10,10 +10,9 @@
 
 namespace measurement_report {
 
-/// Adds everything to `report`: at the top an overview with a link to each group,
-/// and a section for each group with its chart and its table. `pictures` are the
-/// paths of the charts, one for each group, as the library recognises them.
-/// `source` is the name of the file that was read.
+/// Adds an overview with a link to each group, and a section for each group with its chart and its
+/// table, to `report`. `pictures` are the paths of the charts, one for each group, in the form that
+/// the library recognises. `source` is the name of the file that was read.
 void build_report(IVellomark& report, const measurement_table& table,
                   const std::vector<std::u16string>& pictures, const std::u16string& source);
 

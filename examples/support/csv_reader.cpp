@@ -1,6 +1,7 @@
 #include "csv_reader.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "unicode.h"
@@ -18,7 +19,7 @@ std::u16string decode(std::string_view utf8) {
   }
 }
 
-// Walks over the text once and hands out record after record.
+// Reads the text record by record.
 class record_reader {
  public:
   explicit record_reader(std::u16string_view text) : text_(text) {}
@@ -26,7 +27,7 @@ class record_reader {
   bool at_end() const { return next_ == text_.size(); }
   std::size_t line() const { return line_; }
 
-  // Takes one record and its line end.
+  // Reads one record and its line end.
   csv_record read() {
     csv_record record;
     do {
@@ -101,6 +102,18 @@ csv_table read_csv(std::string_view utf8) {
     table.records.push_back(std::move(record));
   }
   return table;
+}
+
+std::vector<record_group> group_records(const csv_table& table) {
+  std::vector<record_group> groups;
+  std::map<std::u16string, std::size_t> places;
+  for (std::size_t i = 0; i < table.records.size(); ++i) {
+    const std::u16string& name = table.records[i][0];
+    const auto [place, is_new] = places.emplace(name, groups.size());
+    if (is_new) groups.push_back({name, {}});
+    groups[place->second].records.push_back(i);
+  }
+  return groups;
 }
 
 }  // namespace examples

@@ -1,6 +1,9 @@
 #include "host.h"
 
+#include <stdlib.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <fstream>
 #include <iostream>
@@ -15,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The name that the library gives to a page if it is to choose one.
+// The name that the library chooses for a page.
 std::string next_report_name(const fs::path& folder) {
   for (int number = 1;; ++number) {
     const std::string name = "Report" + std::to_string(number) + ".htm";
@@ -24,7 +27,7 @@ std::string next_report_name(const fs::path& folder) {
   }
 }
 
-// Whether the file ends as a page does. Save doesn't tell of a disk that became full.
+// Whether the file ends as a page does. Save doesn't report a full disk.
 bool is_complete(const fs::path& page) {
   const std::string end("<\0/\0h\0t\0m\0l\0>\0\n\0", 16);
   std::ifstream file(page, std::ios::binary);
@@ -78,7 +81,7 @@ std::u16string name_to_utf16(const std::string& name) {
 }
 
 fs::path save_page(IVellomark& report, const options& chosen) {
-  // The browser needs an absolute path. A backslash is a separator to the library.
+  // The browser needs an absolute path, and the library treats a backslash as a separator.
   std::string folder = fs::absolute(chosen.folder).lexically_normal().string();
   std::replace(folder.begin(), folder.end(), '\\', '/');
   const fs::path report_folder = fs::path(folder) / "Vellomark";
@@ -94,6 +97,23 @@ fs::path save_page(IVellomark& report, const options& chosen) {
 void print_result(const std::string& message, const fs::path& page) {
   std::cout << message << '\n' << page.string() << std::endl;
   if (!std::cout) throw std::runtime_error("cannot print the path of the page " + page.string());
+}
+
+temporary_folder::temporary_folder(const std::string& purpose) {
+  std::error_code no_folder;
+  std::string name =
+      fs::absolute(fs::temp_directory_path(no_folder) / (purpose + "-XXXXXX")).string();
+  if (no_folder) throw std::runtime_error("there is no folder for temporary files, see TMPDIR");
+  if (::mkdtemp(name.data()) == nullptr) {
+    throw std::runtime_error("cannot make the temporary folder " + name + ": " +
+                             std::generic_category().message(errno));
+  }
+  path_ = name;
+}
+
+temporary_folder::~temporary_folder() {
+  std::error_code ignored;
+  fs::remove_all(path_, ignored);
 }
 
 }  // namespace examples

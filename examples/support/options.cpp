@@ -49,7 +49,7 @@ class parser {
   void check_name(const std::string& name) const {
     if (name.find_first_of("/\\") != std::string::npos || name == "." || name == "..")
       refuse("the name of the page is no plain file name: " + name);
-    // The page names the folder of its pictures by its own name, unescaped.
+    // The page contains the name, unescaped, in the paths of its pictures.
     if (name.find_first_of("'&<#?%") != std::string::npos)
       refuse("the name of the page would not do in a link: " + name);
   }

@@ -14,19 +14,19 @@ struct options {
   std::string folder;  ///< where the report folder is made
 };
 
-/// Arguments that don't fit; what() is one line for the user.
+/// Wrong arguments; what() is one line for the user.
 class usage_error : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Reads the arguments behind the name of `program`:
+/// Reads the arguments after the name of `program`:
 ///
 ///     [--open] [--input FILE] [--name NAME] FOLDER
 ///
-/// Without --open the name is that of the program and ".htm" unless another one
-/// is given; with it the library chooses, so that --name is refused. "--" ends
-/// the options. Raises usage_error.
+/// Without --open the page's name is that of the program and ".htm" unless another one is given.
+/// With --open the library chooses the name, so --name is refused. "--" ends the options. Throws
+/// usage_error.
 options parse_options(const std::string& program, const std::vector<std::string>& arguments);
 
 }  // namespace examples

@@ -15,8 +15,8 @@ bool is_xml_character(char16_t unit) {
 
 }  // namespace
 
-// The library writes texts as they stand, so that hosts can use markup of their own. A host
-// that shows texts of others has to do this, or "<" in the data would break the page.
+// The library writes texts unescaped, so that hosts can use markup of their own. A host that shows
+// foreign texts must escape them, or "<" in the data would break the page.
 std::u16string escape(std::u16string_view text) {
   std::u16string markup;
   markup.reserve(text.size());

@@ -4,8 +4,8 @@ namespace examples {
 namespace {
 
 struct sequence_form {
-  std::size_t length;   // in bytes; 0 if no sequence begins like this
-  char32_t first_bits;  // what the first byte gives to the number
+  std::size_t length;   // in bytes; 0 if no sequence begins with this byte
+  char32_t first_bits;  // of the number, in the first byte
   char32_t lowest;      // a smaller number has a shorter form
 };
 

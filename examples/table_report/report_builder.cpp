@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "../support/page_text.h"
-#include "../support/record_groups.h"
 
 namespace table_report {
 
@@ -107,7 +106,7 @@ class builder {
     report_.CloseTable();
   }
 
-  // The fields behind the first one, such as "Egypt (name, name)".
+  // The fields after the first one, such as "Egypt (name, name)".
   static std::u16string joined(const csv_record& record) {
     std::u16string text = record[1];
     for (std::size_t i = 2; i < record.size(); ++i) text += (i == 2 ? u" (" : u", ") + record[i];

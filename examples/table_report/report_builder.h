@@ -9,9 +9,9 @@
 
 namespace table_report {
 
-/// Adds everything to `report`: an overview with links, a table in which the name
-/// of a group spans its records, and a table of all fields. `source` is the name
-/// of the file that was read. Needs a header with two columns or more.
+/// Adds an overview with links, a table in which the name of a group spans its records, and a table
+/// of all fields to `report`. `source` is the name of the file that was read. The header must have
+/// two columns or more.
 void build_report(IVellomark& report, const examples::csv_table& table,
                   const std::u16string& source);
 

@@ -7,7 +7,6 @@
 
 #include "../support/csv_reader.h"
 #include "../support/host.h"
-#include "../support/temporary_folder.h"
 #include "report_builder.h"
 #include "template_page.h"
 
@@ -18,7 +17,7 @@ void make_report(const examples::options& chosen) {
   const examples::csv_table table = examples::read_table(input, 2);
   const std::string source = std::filesystem::path(input).filename().string();
 
-  // The library reads a template at once and needs it no longer.
+  // LoadTemplate reads the whole file, which isn't needed any more after the call.
   const examples::temporary_folder folder("template");
   const std::filesystem::path layout = folder.path() / "template.htm";
   template_report::write_template_page(TEMPLATE_REPORT_LAYOUT, layout);

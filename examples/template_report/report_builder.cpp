@@ -9,7 +9,6 @@
 
 #include "../support/host.h"
 #include "../support/page_text.h"
-#include "../support/record_groups.h"
 
 namespace template_report {
 
@@ -35,7 +34,7 @@ class builder {
 
   void build(const std::filesystem::path& page) {
     report_.LoadTemplate(examples::name_to_utf16(page.string()).c_str());
-    // Loading tells nothing: a page that can't be read has no fields.
+    // LoadTemplate reports no failure: a page that can't be read has no fields.
     zov_shared_array<CZovString> fields;
     report_.GetTemplateFields(fields);
     if (fields.empty()) throw std::runtime_error("the template has no field");
@@ -48,7 +47,7 @@ class builder {
                                  " of the template is none that can be filled");
       }
     }
-    // In the order of the page: what is added next stands where this field's marker stood.
+    // In the order of the page: the content that is added next replaces this field's marker.
     for (std::size_t i = 0; i < adders.size(); ++i) {
       report_.SetTemplateField(fields[i].c_str(), true, u"(filled)");
       (this->*adders[i])();
@@ -58,7 +57,7 @@ class builder {
  private:
   using adder = void (builder::*)();
 
-  // What fills the field of that name; null if there is nothing.
+  // The function that fills the field of that name; null if there is none.
   static adder adder_of(std::u16string_view name) {
     static constexpr struct {
       std::u16string_view name;
@@ -108,7 +107,7 @@ class builder {
     report_.CloseTable();
   }
 
-  // The first row of each group is where the links lead.
+  // Links to a group lead to its first row.
   void add_rows() {
     report_.OpenTable(static_cast<std::int32_t>(table_.header.size()));
     for (const std::u16string& name : table_.header) text(strong(titled(name)));

@@ -6,10 +6,9 @@
 
 namespace template_report {
 
-/// Writes the page `source`, which is in UTF-8 so that people can edit it, to `target` in
-/// the form in which the library reads pages: UTF-16 little endian with a byte-order mark.
-/// Raises std::runtime_error with the path if a file can't be read, isn't UTF-8 or can't
-/// be written.
+/// Writes the page `source`, which is in UTF-8 so that people can edit it, to `target` in the
+/// encoding that the library reads: UTF-16 little endian with a byte-order mark. Throws
+/// std::runtime_error with the path if a file can't be read, isn't UTF-8 or can't be written.
 void write_template_page(const std::string& source, const std::filesystem::path& target);
 
 }  // namespace template_report
