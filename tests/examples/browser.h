@@ -1,28 +1,56 @@
 #ifndef TESTS_EXAMPLES_BROWSER_H
 #define TESTS_EXAMPLES_BROWSER_H
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "tests/examples/run_process.h"
+#include "tests/support/child_process.h"
+#include "tests/support/temp_folder.h"
 
-namespace examples_test {
+namespace test {
 
 /// Runs Chromium without a window. `profile` is a folder for its own files.
 process_result chromium(const std::filesystem::path& profile,
                         const std::vector<std::string>& arguments);
 
-/// Opens the page and writes the document that the browser makes of it, scripts
-/// done, to the file `dom` as HTML in UTF-8. False, with what the browser said as
-/// a test failure, if it can't.
-bool dump_dom(const std::string& url, const std::filesystem::path& profile,
-              const std::filesystem::path& dom);
+/// The page of an example host in Chromium, written and opened once for all tests of a suite. The
+/// tests are skipped where a program that this needs isn't installed.
+class opened_page : public testing::Test {
+ protected:
+  /// For SetUpTestSuite: runs the host and opens its page. If there is a `probe`, a copy of the
+  /// page is opened that has these elements and scripts at the end of its body.
+  static void open(const std::string& host, const std::string& probe = {});
 
-/// The value of an XPath expression, a text or a number, in a file that
-/// `dump_dom` wrote. A wrong expression is a test failure.
-std::string ask_xpath(const std::filesystem::path& dom, const std::string& expression);
+  static void TearDownTestSuite() { folder_.reset(); }
 
-}  // namespace examples_test
+  void SetUp() override;
+
+  /// The page as the host wrote it.
+  static const std::filesystem::path& page() { return page_; }
+
+  /// A folder that is deleted with the page.
+  static std::filesystem::path folder() { return folder_->path(); }
+
+  /// The value, a text or a number, of an XPath expression in the document that the browser made
+  /// of the page after its scripts had run.
+  static std::string ask(const std::string& expression);
+
+  /// The text of an element, white space normalised.
+  static std::string text_of(const std::string& path) {
+    return ask("normalize-space(" + path + ")");
+  }
+
+ private:
+  static std::filesystem::path dom() { return folder_->path() / "dom.html"; }
+
+  static inline std::unique_ptr<temp_folder> folder_;
+  static inline std::filesystem::path page_;
+};
+
+}  // namespace test
 
 #endif

@@ -1,4 +1,4 @@
-// Opens the page of table_report in Chromium and looks at the document that it makes of it.
+// Opens the page of table_report in Chromium and checks the document that the browser makes of it.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -6,10 +6,8 @@
 #include <vector>
 
 #include "tests/examples/browser.h"
-#include "tests/examples/opened_page.h"
-#include "tests/examples/run_process.h"
 
-namespace examples_test {
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -101,10 +99,10 @@ TEST_F(Browser, TakesAScreenshot) {
   const fs::path picture = fs::path(EXAMPLES_OUTPUT_DIR) / "table_report.png";
   fs::remove(picture);
   const process_result result = chromium(
-      scratch() / "screenshot", {"--window-size=1000,1400", "--hide-scrollbars",
-                                 "--screenshot=" + picture.string(), "file://" + page().string()});
+      folder() / "screenshot", {"--window-size=1000,1400", "--hide-scrollbars",
+                                "--screenshot=" + picture.string(), "file://" + page().string()});
   ASSERT_EQ(result.exit_code, 0) << result.err;
-  const std::string bytes = read_bytes(picture);
+  const std::string bytes = bytes_of(picture);
   EXPECT_GT(bytes.size(), 20000u);  // an empty page of that size has fewer than 10000 bytes
   // The signature, and the first chunk with width and height.
   ASSERT_GE(bytes.size(), 24u);
@@ -113,4 +111,4 @@ TEST_F(Browser, TakesAScreenshot) {
 }
 
 }  // namespace
-}  // namespace examples_test
+}  // namespace test

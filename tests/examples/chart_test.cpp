@@ -10,16 +10,18 @@
 #include <vector>
 
 #include "examples/measurement_report/bmp_file.h"
-#include "tests/examples/page_file.h"
+#include "tests/examples/host_test.h"
 
-namespace measurement_report {
+namespace test {
 namespace {
+
+using namespace measurement_report;
 
 constexpr color white{255, 255, 255};
 constexpr color red{255, 0, 0};
 constexpr color bar_color{66, 114, 170};
 
-// The picture, a line for each row; what isn't `white` is a number sign.
+// The picture, a line for each row; pixels that aren't white are number signs.
 std::string rows(const image& picture) {
   std::string text;
   for (int y = 0; y < picture.height(); ++y) {
@@ -86,10 +88,10 @@ TEST(Bmp, HasTheBytesOfTheFormat) {
 }
 
 TEST(Bmp, IsWrittenToAFile) {
-  const examples_test::scratch_folder folder;
+  const temp_folder folder;
   const image picture(5, 5, red);
   write_bmp(folder.path() / "a.bmp", picture);
-  EXPECT_EQ(examples_test::read_bytes(folder.path() / "a.bmp"), to_bmp(picture));
+  EXPECT_EQ(bytes_of(folder.path() / "a.bmp"), to_bmp(picture));
   EXPECT_THROW(write_bmp(folder.path() / "none" / "a.bmp", picture), std::runtime_error);
   EXPECT_THROW(write_bmp(folder.path(), picture), std::runtime_error);
   if (std::filesystem::exists("/dev/full")) {
@@ -129,7 +131,7 @@ TEST(Axis, StaysReasonableForAwkwardValues) {
   }
 }
 
-// How far the bar in the middle of the column reaches: its upper and lower end.
+// The upper and lower end of the bar in the column of pixels `x`.
 std::pair<int, int> bar_at(const image& chart, int x) {
   int top = chart.height();
   int bottom = 0;
@@ -166,4 +168,4 @@ TEST(Chart, OfNoValuesAndOfZerosHasNoBars) {
 }
 
 }  // namespace
-}  // namespace measurement_report
+}  // namespace test

@@ -4,10 +4,12 @@
 
 #include <string>
 
-namespace examples {
+namespace test {
 namespace {
 
-// The records, the header among them, of text that is right.
+using namespace examples;
+
+// The records of a valid text, including the header.
 std::vector<csv_record> records(std::string_view text) {
   csv_table table = read_csv(text);
   table.records.insert(table.records.begin(), table.header);
@@ -109,4 +111,4 @@ TEST(CsvReader, RefusesInvalidUtf8) {
 }
 
 }  // namespace
-}  // namespace examples
+}  // namespace test

@@ -4,34 +4,23 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/examples/page_file.h"
-#include "tests/examples/run_process.h"
+#include "tests/examples/host_test.h"
 
-namespace examples_test {
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
 
 const fs::path samples = DOCS_DIR "/samples";
 
-// The first block of code in this language.
-std::string block_of(const std::string& language) {
-  const std::string opening = "```" + language + "\n";
-  const std::string text = read_bytes(DOCS_DIR "/templates.md");
-  const std::size_t at = text.find(opening);
-  EXPECT_NE(at, std::string::npos) << language;
-  if (at == std::string::npos) return {};
-  const std::size_t from = at + opening.size();
-  return text.substr(from, text.find("```", from) - from);
-}
-
 TEST(FillTemplate, IsWhatTheDocumentationShows) {
-  EXPECT_EQ(block_of("cpp"), read_bytes(samples / "fill_template.cpp"));
-  EXPECT_EQ(block_of("html"), page_as_utf8(samples / "delivery_note.htm"));
+  EXPECT_EQ(code_block(DOCS_DIR "/templates.md", "cpp"), bytes_of(samples / "fill_template.cpp"));
+  EXPECT_EQ(code_block(DOCS_DIR "/templates.md", "html"),
+            page_as_utf8(samples / "delivery_note.htm"));
 }
 
 TEST(FillTemplate, PutsItsContentWhereTheMarkersStand) {
-  const scratch_folder scratch;
+  const temp_folder scratch;
   fs::copy_file(samples / "delivery_note.htm", scratch.path() / "delivery_note.htm");
   const process_result result =
       run_process({"env", "-C", scratch.path().string(), FILL_TEMPLATE_PROGRAM});
@@ -83,4 +72,4 @@ TEST(FillTemplate, PutsItsContentWhereTheMarkersStand) {
 }
 
 }  // namespace
-}  // namespace examples_test
+}  // namespace test

@@ -1,4 +1,4 @@
-// Opens the page of measurement_report in Chromium: whether the pictures are shown, and what a
+// Opens the page of measurement_report in Chromium and checks that pictures are shown and what a
 // click on a direct link does.
 #include <gtest/gtest.h>
 
@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/examples/opened_page.h"
+#include "tests/examples/browser.h"
 
-namespace examples_test {
+namespace test {
 namespace {
 
-// Writes what only a script can see into an element `pre` of its own.
+// Writes what only a script can see into two `pre` elements.
 const char* const probe = R"(<pre id="pictures"></pre><pre id="clicks"></pre><script>
 function write(id, lines) { document.getElementById(id).textContent = lines.join("\n"); }
 function target() {
@@ -36,7 +36,7 @@ onload = function() {
 };
 </script>)";
 
-// The pictures of the copy that is opened are found by the same links.
+// The links to pictures work in the copy that is opened as well.
 class MeasurementBrowser : public opened_page {
  protected:
   static void SetUpTestSuite() { open(MEASUREMENT_REPORT_PROGRAM, probe); }
@@ -65,8 +65,8 @@ TEST_F(MeasurementBrowser, HasADirectLinkToEachSection) {
             "Europe, Norway: Tromso 0.0 (21 December) 24.0 (21 May)");
 }
 
-// Six continents, 15 countries and 24 places, each heading once, the places of a country below
-// it and from north to south.
+// Six continents, 15 countries and 24 places, each heading once. The places of a country are below
+// it, from north to south.
 TEST_F(MeasurementBrowser, HasAnOutlineOfSharedHeadings) {
   EXPECT_EQ(ask("count(//h2)"), "7");
   EXPECT_EQ(ask("count(//h3)"), "15");
@@ -81,22 +81,21 @@ TEST_F(MeasurementBrowser, HasAnOutlineOfSharedHeadings) {
   EXPECT_EQ(ask("normalize-space(//h4[@id='#Naha']/preceding::h2[1])"), "Asia");
 }
 
-// Below a section's heading stand a line and the picture in one block, and the table behind
-// another block, which is empty.
+// A section's heading is followed by a block with a line and the picture, an empty block, and the
+// table.
 TEST_F(MeasurementBrowser, HasTheContentOfEachSection) {
   EXPECT_EQ(ask("count(//h4/following-sibling::*[1][self::p][a/span][img])"), "24");
   EXPECT_EQ(ask("count(//h4/following-sibling::*[2][self::p][not(*)])"), "24");
   EXPECT_EQ(ask("count(//h4/following-sibling::*[3][self::table][count(.//tr) = 13])"), "24");
 }
 
-// The id of a section's heading begins with the number sign, and a link has one in front of the
-// name, so the fragment of the link is the name alone and isn't that id. A click finds the
-// anchor that the host made; the heading is reached by a fragment with a sign of its own; and
-// without an anchor a click leads nowhere.
+// The id of a section's heading begins with a number sign, which the fragment of a link doesn't
+// include. So a click finds the anchor that the host made, a fragment with a second number sign
+// finds the heading, and without an anchor a click finds nothing.
 TEST_F(MeasurementBrowser, ReachesTheHostsAnchorAndNotTheHeading) {
   EXPECT_EQ(lines_of("clicks"), (std::vector<std::string>{"#Oslo SPAN Oslo scrolled",
                                                           "##Oslo H4 #Oslo", "#Tromso none"}));
 }
 
 }  // namespace
-}  // namespace examples_test
+}  // namespace test

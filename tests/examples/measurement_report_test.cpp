@@ -1,5 +1,5 @@
-// Runs measurement_report as a user does: what it prints, what it answers and what is on the
-// disk, the pictures and the temporary folder among it.
+// Runs measurement_report as a user does and checks its output, its exit code and the files on the
+// disk, pictures and temporary files included.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,17 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/examples/page_file.h"
-#include "tests/examples/run_process.h"
+#include "tests/examples/host_test.h"
 
-namespace examples_test {
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
 
 // The text without line ends and the blanks around them.
 std::string joined_lines(const std::string& text) {
@@ -32,45 +27,27 @@ std::string joined_lines(const std::string& text) {
   return joined;
 }
 
-class MeasurementReport : public testing::Test {
+class MeasurementReport : public HostTest {
  protected:
+  MeasurementReport() : HostTest(MEASUREMENT_REPORT_PROGRAM) {}
+
   void SetUp() override { fs::create_directory(temporary()); }
 
-  // Nothing is left of the drawings, however the program ended.
+  // The program deletes its temporary files, even if it fails.
   void TearDown() override {
     fs::permissions(temporary(), fs::perms::owner_all);
     EXPECT_TRUE(fs::is_empty(temporary()));
   }
 
-  std::string folder() const { return scratch_.path().string(); }
   std::string temporary() const { return folder() + "/tmp"; }
-  std::string page() const { return folder() + "/Vellomark/measurement_report.htm"; }
   std::string picture(int number) const {
     return folder() + "/Vellomark/measurement_report_files/chart" + std::to_string(number) + ".bmp";
   }
 
-  std::string input(std::string_view bytes) const {
-    write_bytes(scratch_.path() / "input.csv", bytes);
-    return folder() + "/input.csv";
-  }
-
-  process_result run(std::vector<std::string> arguments, environment changes = {}) const {
-    arguments.insert(arguments.begin(), MEASUREMENT_REPORT_PROGRAM);
+  process_result run(const std::vector<std::string>& arguments, environment changes = {}) const {
     changes.insert(changes.begin(), {"TMPDIR", temporary()});
-    return run_process(arguments, std::chrono::seconds(60), changes);
+    return HostTest::run(arguments, changes);
   }
-
-  // One line on stderr that holds `part`, and nothing on stdout.
-  static void expect_failure(const process_result& result, int exit_code, const std::string& part) {
-    EXPECT_EQ(result.exit_code, exit_code);
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
-    EXPECT_TRUE(result.err.starts_with("measurement_report: ")) << result.err;
-    EXPECT_TRUE(contains(result.err, part)) << result.err;
-  }
-
- private:
-  scratch_folder scratch_;
 };
 
 TEST_F(MeasurementReport, WritesThePageWithItsPictures) {
@@ -78,12 +55,11 @@ TEST_F(MeasurementReport, WritesThePageWithItsPictures) {
   EXPECT_EQ(result.exit_code, 0);
   EXPECT_EQ(result.err, "");
   EXPECT_EQ(last_line(result.out), page());
-  EXPECT_EQ(read_bytes(page()).substr(0, 2), "\xFF\xFE");
   const std::string text = page_as_utf8(page());
   EXPECT_TRUE(text.ends_with("\n</html>\n"));
   for (int number = 1; number <= 24; ++number) {
-    // 560 pixels of three bytes in each of 200 rows, behind headers of 54 bytes.
-    const std::string bytes = read_bytes(picture(number));
+    // Headers of 54 bytes, and 200 rows of 560 pixels of three bytes.
+    const std::string bytes = bytes_of(picture(number));
     EXPECT_EQ(bytes.size(), 336054u) << number;
     EXPECT_EQ(bytes.substr(0, 2), "BM") << number;
     EXPECT_TRUE(contains(
@@ -96,15 +72,16 @@ TEST_F(MeasurementReport, WritesThePageWithItsPictures) {
 
 TEST_F(MeasurementReport, MakesTheSameFilesAgain) {
   EXPECT_EQ(run({folder()}).exit_code, 0);
-  const std::string first = read_bytes(page());
-  const std::string chart = read_bytes(picture(3));
+  const std::string first = bytes_of(page());
+  const std::string chart = bytes_of(picture(3));
+  EXPECT_FALSE(first.empty() || chart.empty());
   EXPECT_EQ(run({folder()}).exit_code, 0);
-  EXPECT_TRUE(read_bytes(page()) == first);
-  EXPECT_TRUE(read_bytes(picture(3)) == chart);
+  EXPECT_TRUE(bytes_of(page()) == first);
+  EXPECT_TRUE(bytes_of(picture(3)) == chart);
 }
 
-// The overview keeps the order of the file. On the page Oslo joins Tromso below their
-// headings, and Europe is done before North America begins.
+// The overview keeps the order of the file. On the page Oslo joins Tromso below their headings, and
+// Europe is complete before America begins.
 TEST_F(MeasurementReport, BringsGroupsOfOneHeadingTogether) {
   const process_result result = run({"--input",
                                      input("area,land,place,day,value\n"
@@ -115,21 +92,18 @@ TEST_F(MeasurementReport, BringsGroupsOfOneHeadingTogether) {
                                      folder()});
   EXPECT_EQ(result.exit_code, 0) << result.err;
   const std::string text = joined_lines(page_as_utf8(page()));
-  std::size_t at = 0;
-  for (const char* part :
-       {"Europe, Norway: <a href='#Tromso'>Tromso</a>",
-        "America, Canada: <a href='#Vancouver'>Vancouver</a>",
-        "Europe, Germany: <a href='#Munich'>Munich</a>", "Europe, Norway: <a href='#Oslo'>Oslo</a>",
-        "<h2 class='Style2'>Europe</h2>", "<h3 class='Style3'>Norway</h3>",
-        "<h4 class='Style4' id='#Tromso'>Tromso</h4>",
-        "<img src='measurement_report_files\\chart1.bmp'/>",
-        "<h4 class='Style4' id='#Oslo'>Oslo</h4>",
-        "<img src='measurement_report_files\\chart4.bmp'/>", "<h3 class='Style3'>Germany</h3>",
-        "<h4 class='Style4' id='#Munich'>Munich</h4>", "<h2 class='Style2'>America</h2>",
-        "<h3 class='Style3'>Canada</h3>", "<h4 class='Style4' id='#Vancouver'>Vancouver</h4>"}) {
-    at = text.find(part, at);
-    ASSERT_NE(at, std::string::npos) << part;
-  }
+  EXPECT_TRUE(in_order(
+      text,
+      {"Europe, Norway: <a href='#Tromso'>Tromso</a>",
+       "America, Canada: <a href='#Vancouver'>Vancouver</a>",
+       "Europe, Germany: <a href='#Munich'>Munich</a>", "Europe, Norway: <a href='#Oslo'>Oslo</a>",
+       "<h2 class='Style2'>Europe</h2>", "<h3 class='Style3'>Norway</h3>",
+       "<h4 class='Style4' id='#Tromso'>Tromso</h4>",
+       "<img src='measurement_report_files\\chart1.bmp'/>",
+       "<h4 class='Style4' id='#Oslo'>Oslo</h4>",
+       "<img src='measurement_report_files\\chart4.bmp'/>", "<h3 class='Style3'>Germany</h3>",
+       "<h4 class='Style4' id='#Munich'>Munich</h4>", "<h2 class='Style2'>America</h2>",
+       "<h3 class='Style3'>Canada</h3>", "<h4 class='Style4' id='#Vancouver'>Vancouver</h4>"}));
   EXPECT_EQ(text.find("<h2 class='Style2'>Europe</h2>"),
             text.rfind("<h2 class='Style2'>Europe</h2>"));
 }
@@ -198,19 +172,19 @@ TEST_F(MeasurementReport, TellsThatAPageCannotBeWritten) {
   expect_failure(run({folder()}), 1, "cannot write the page ");
 }
 
-// Where the folder of pictures would be stands a file, or in place of a picture a folder.
+// A file has the name of the folder of pictures, or a folder the name of a picture.
 TEST_F(MeasurementReport, TellsThatPicturesCannotBeMoved) {
   fs::create_directory(folder() + "/Vellomark");
   const std::string pictures = folder() + "/Vellomark/measurement_report_files";
-  write_bytes(pictures, "kept");
-  expect_failure(run({folder()}), 1, "cannot move the pictures to the folder of " + page());
-  EXPECT_EQ(read_bytes(pictures), "kept");
+  make_file(pictures, "kept");
+  expect_message(run({folder()}), 1, "cannot move the pictures to the folder of " + page());
+  EXPECT_EQ(bytes_of(pictures), "kept");
 
   fs::remove(pictures);
   fs::create_directories(picture(2));
-  expect_failure(run({folder()}), 1, "cannot move the pictures to the folder of " + page());
+  expect_message(run({folder()}), 1, "cannot move the pictures to the folder of " + page());
   EXPECT_TRUE(fs::is_directory(picture(2)));
-  EXPECT_EQ(read_bytes(picture(3)).size(), 336054u);
+  EXPECT_EQ(bytes_of(picture(3)).size(), 336054u);
 }
 
 TEST_F(MeasurementReport, TellsThatThereIsNoTemporaryFolder) {
@@ -222,4 +196,4 @@ TEST_F(MeasurementReport, TellsThatThereIsNoTemporaryFolder) {
 }
 
 }  // namespace
-}  // namespace examples_test
+}  // namespace test

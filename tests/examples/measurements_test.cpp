@@ -12,10 +12,12 @@
 #include <stdexcept>
 #include <string>
 
-#include "tests/examples/page_file.h"
+#include "tests/examples/host_test.h"
 
-namespace measurement_report {
+namespace test {
 namespace {
+
+using namespace measurement_report;
 
 using path = std::vector<std::u16string>;
 
@@ -74,11 +76,11 @@ TEST(Measurements, RefuseWhatIsNoNumber) {
 
 std::string ascii(const std::u16string& text) { return {text.begin(), text.end()}; }
 
-// In degrees, north above 0, as the page that describes the data names them.
+// In degrees, positive in the north, as data/README.md has them.
 std::map<std::string, double> latitudes() {
   static const std::regex row(R"(\| (\w+) \| (\d+\.\d) ([NS]) \|)");
   std::map<std::string, double> found;
-  std::istringstream lines(examples_test::read_bytes(EXAMPLES_DATA_DIR "/README.md"));
+  std::istringstream lines(bytes_of(EXAMPLES_DATA_DIR "/README.md"));
   std::smatch match;
   for (std::string line; std::getline(lines, line);) {
     if (std::regex_match(line, match, row))
@@ -87,7 +89,7 @@ std::map<std::string, double> latitudes() {
   return found;
 }
 
-// The formula that is given there; `day` is 1 on 1 January.
+// The formula from data/README.md; `day` is 1 on 1 January.
 double hours_of_daylight(double latitude, int day) {
   constexpr double pi = std::numbers::pi;
   const double g = 2 * pi * (day - 1) / 365;
@@ -114,8 +116,7 @@ TEST(MeasurementsFile, HoldsWhatTheFormulaGives) {
       "July",    "August",   "September", "October", "November", "December"};
   static constexpr std::array<int, 12> lengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   const std::map<std::string, double> places = latitudes();
-  const measurement_table table =
-      read(examples_test::read_bytes(EXAMPLES_DATA_DIR "/measurements.csv"));
+  const measurement_table table = read(bytes_of(EXAMPLES_DATA_DIR "/measurements.csv"));
   EXPECT_EQ(places.size(), 24u);
   EXPECT_EQ(table.groups.size(), 24u);
   double northernmost = 90;
@@ -136,4 +137,4 @@ TEST(MeasurementsFile, HoldsWhatTheFormulaGives) {
 }
 
 }  // namespace
-}  // namespace measurement_report
+}  // namespace test

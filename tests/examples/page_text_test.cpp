@@ -4,8 +4,10 @@
 
 #include "examples/support/unicode.h"
 
-namespace examples {
+namespace test {
 namespace {
+
+using namespace examples;
 
 TEST(ToUtf16, ConvertsTheFirstAndLastNumberOfEachLength) {
   EXPECT_EQ(to_utf16(std::string_view("\0\x7F", 2)), std::u16string({0x0000, 0x007F}));
@@ -105,4 +107,4 @@ TEST(Anchored, IsASpanWithTheNameAsItsId) {
 }
 
 }  // namespace
-}  // namespace examples
+}  // namespace test

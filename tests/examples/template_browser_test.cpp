@@ -1,18 +1,18 @@
-// Opens the page of template_report in Chromium: whether the content stands where the markers
-// of the template stood, in the document and on the screen.
+// Opens the page of template_report in Chromium and checks that the content has replaced the
+// markers of the template, in the document and on the screen.
 #include <gtest/gtest.h>
 
 #include <map>
 #include <sstream>
 #include <string>
 
-#include "tests/examples/opened_page.h"
+#include "tests/examples/browser.h"
 
-namespace examples_test {
+namespace test {
 namespace {
 
-// Writes where things are on the screen, in whole pixels, and what the links of the menu lead
-// to into an element `pre` each.
+// Writes the places of elements on the screen, in whole pixels, and the targets of the menu's links
+// into two `pre` elements.
 const char* const probe = R"(<pre id="places"></pre><pre id="targets"></pre><script>
 function place(name, element) {
   const box = element.getBoundingClientRect();
@@ -62,7 +62,7 @@ class TemplateBrowser : public opened_page {
   }
 };
 
-// In front of and behind each part of the host stands what stood there in the template.
+// Each part of the host has the neighbours that its marker has in the template.
 TEST_F(TemplateBrowser, HasTheContentBetweenThePiecesOfTheTemplate) {
   EXPECT_EQ(ask("count(//*[@id='Template'])"), "0");
   EXPECT_EQ(text_of("//h1"), "Countries by region");
@@ -86,12 +86,12 @@ TEST_F(TemplateBrowser, ShowsTwoColumns) {
   ASSERT_EQ(at.size(), 10u);
   EXPECT_GE(at["title"].top, at["banner"].bottom);
   EXPECT_GE(at["menu"].top, at["title"].bottom);
-  // The overview beside the menu, its first line no deeper than the menu.
+  // The overview is beside the menu, its first line no lower than the menu's end.
   EXPECT_GE(at["first"].left, at["menu"].right);
   EXPECT_GE(at["last"].left, at["menu"].right);
   EXPECT_LT(at["first"].top, at["menu"].bottom);
   EXPECT_GE(at["heading"].top, at["menu"].top - 1);
-  // The tables below both and over the whole width.
+  // The tables are below both and span the whole width.
   EXPECT_GE(at["groups"].top, at["menu"].bottom);
   EXPECT_GE(at["groups"].top, at["last"].bottom);
   EXPECT_EQ(at["groups"].left, at["banner"].left);
@@ -110,4 +110,4 @@ TEST_F(TemplateBrowser, HasLinksThatLeadSomewhere) {
 }
 
 }  // namespace
-}  // namespace examples_test
+}  // namespace test

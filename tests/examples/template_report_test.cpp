@@ -1,4 +1,4 @@
-// Runs template_report as a user does, and fills templates of other forms with its parts.
+// Runs template_report as a user does, and fills other templates with its parts.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,65 +11,27 @@
 #include "examples/support/csv_reader.h"
 #include "examples/template_report/report_builder.h"
 #include "examples/template_report/template_page.h"
-#include "tests/examples/page_file.h"
-#include "tests/examples/run_process.h"
+#include "tests/examples/host_test.h"
 
-namespace examples_test {
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
 
-bool contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
-// Whether the parts stand in the text in this order.
-testing::AssertionResult in_order(const std::string& text, const std::vector<std::string>& parts) {
-  std::size_t at = 0;
-  for (const std::string& part : parts) {
-    const std::size_t found = text.find(part, at);
-    if (found == std::string::npos)
-      return testing::AssertionFailure() << part << " isn't behind the parts before it";
-    at = found + part.size();
-  }
-  return testing::AssertionSuccess();
-}
-
-class TemplateReport : public testing::Test {
+class TemplateReport : public HostTest {
  protected:
-  std::string folder() const { return scratch_.path().string(); }
-  std::string page() const { return folder() + "/Vellomark/template_report.htm"; }
-
-  static process_result run(std::vector<std::string> arguments, const environment& changes = {}) {
-    arguments.insert(arguments.begin(), TEMPLATE_REPORT_PROGRAM);
-    return run_process(arguments, std::chrono::seconds(60), changes);
-  }
-
-  std::string input(std::string_view bytes) const {
-    write_bytes(scratch_.path() / "input.csv", bytes);
-    return folder() + "/input.csv";
-  }
-
-  // One line on stderr that holds `part`, nothing on stdout and no page.
-  void expect_failure(const process_result& result, int exit_code, const std::string& part) const {
-    EXPECT_EQ(result.exit_code, exit_code);
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
-    EXPECT_TRUE(result.err.starts_with("template_report: ")) << result.err;
-    EXPECT_TRUE(contains(result.err, part)) << result.err;
-    EXPECT_FALSE(fs::is_regular_file(page()));
-  }
+  TemplateReport() : HostTest(TEMPLATE_REPORT_PROGRAM) {}
 
   // The page that two rows make in the layout of a template with this body.
   std::string filled(const std::string& body) const {
-    write_bytes(scratch_.path() / "layout.htm", "<html><body>" + body + "</body></html>");
-    const fs::path layout = scratch_.path() / "layout16.htm";
+    make_file(folder() + "/layout.htm", "<html><body>" + body + "</body></html>");
+    const fs::path layout = folder() + "/layout16.htm";
     template_report::write_template_page(folder() + "/layout.htm", layout);
     const examples::csv_table table = {{u"kind", u"what"}, {{u"fruit", u"apple"}}};
     boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
     template_report::fill_template(*report, layout, table, u"things.csv");
-    EXPECT_TRUE(report->Save(scratch_.path().u16string().c_str(), u"filled.htm"));
-    return page_as_utf8(folder() + "/Vellomark/filled.htm");
+    EXPECT_TRUE(report->Save(fs::path(folder()).u16string().c_str(), u"filled.htm"));
+    return page_as_utf8(page("filled.htm"));
   }
 
   std::string refusal(const std::string& body) const {
@@ -80,8 +42,6 @@ class TemplateReport : public testing::Test {
       return error.what();
     }
   }
-
-  scratch_folder scratch_;
 };
 
 TEST_F(TemplateReport, WritesThePageAndPrintsItsPath) {
@@ -90,9 +50,9 @@ TEST_F(TemplateReport, WritesThePageAndPrintsItsPath) {
   EXPECT_EQ(result.err, "");
   EXPECT_EQ(last_line(result.out), page());
   EXPECT_TRUE(page_as_utf8(page()).ends_with("\n</html>\n"));
-  const std::string first = read_bytes(page());
+  const std::string first = bytes_of(page());
   EXPECT_EQ(run({folder()}).exit_code, 0);
-  EXPECT_TRUE(read_bytes(page()) == first);
+  EXPECT_TRUE(bytes_of(page()) == first);
 }
 
 TEST_F(TemplateReport, PutsContentWhereItsMarkersStood) {
@@ -110,7 +70,7 @@ TEST_F(TemplateReport, PutsContentWhereItsMarkersStood) {
              "<div id='part_footer' ", "</div>\n    <p>\n    </p>\n  </body>"}));
 }
 
-// Of the template nothing comes along but its body, and no marker stays.
+// The page has only the body of the template, without markers.
 TEST_F(TemplateReport, TakesTheBodyWithoutMarkers) {
   ASSERT_EQ(run({folder()}).exit_code, 0);
   const std::string text = page_as_utf8(page());
@@ -119,7 +79,7 @@ TEST_F(TemplateReport, TakesTheBodyWithoutMarkers) {
   EXPECT_TRUE(contains(text, "<title>\n      Report\n"));
 }
 
-// Each declaration of the inline styles is read, since a comment stands between them.
+// All declarations of the inline styles are read, since comments separate them.
 TEST_F(TemplateReport, KeepsTheStylesOfTheTemplate) {
   ASSERT_EQ(run({folder()}).exit_code, 0);
   const std::string text = page_as_utf8(page());
@@ -203,17 +163,17 @@ TEST_F(TemplateReport, TellsOfATemplateFileThatCannotBeUsed) {
       return error.what();
     }
   };
-  const fs::path target = scratch_.path() / "target.htm";
+  const fs::path target = folder() + "/target.htm";
   EXPECT_EQ(problem(folder() + "/none", target), "cannot open " + folder() + "/none");
-  write_bytes(scratch_.path() / "bad.htm", "<p>\xC3</p>");
+  make_file(folder() + "/bad.htm", "<p>\xC3</p>");
   EXPECT_EQ(problem(folder() + "/bad.htm", target),
             folder() + "/bad.htm: byte 4 is where it stops being UTF-8");
   EXPECT_FALSE(fs::exists(target));
-  write_bytes(scratch_.path() / "good.htm", "<p>\xC3\xA9</p>");
-  EXPECT_EQ(problem(folder() + "/good.htm", scratch_.path()), "cannot write " + folder());
+  make_file(folder() + "/good.htm", "<p>\xC3\xA9</p>");
+  EXPECT_EQ(problem(folder() + "/good.htm", folder()), "cannot write " + folder());
   EXPECT_EQ(problem(folder() + "/good.htm", target), "(none)");
   EXPECT_EQ(page_as_utf8(target), "<p>\xC3\xA9</p>");
 }
 
 }  // namespace
-}  // namespace examples_test
+}  // namespace test

@@ -11,10 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/examples/page_file.h"
-#include "tests/examples/run_process.h"
+#include "tests/examples/host_test.h"
 
-namespace examples_test {
+namespace test {
 namespace {
 
 using messages = std::vector<std::string>;
@@ -33,8 +32,8 @@ std::string replace_all(std::string text, const std::string& from, const std::st
   return text;
 }
 
-// The page as it would be with `alt` for its pictures and without the number sign in the `id`
-// of headings, whose names are then other ones than those of the host's anchors.
+// The page with `alt` for its pictures and without the number sign in the `id` of headings, which
+// then differ from the names of the host's anchors.
 std::string repaired_sections(const std::string& page) {
   return replace_all(replace_all(page, "<img ", "<img alt='' "), " id='#", " id='section-");
 }
@@ -47,23 +46,23 @@ class Validity : public testing::Test {
       GTEST_SKIP() << "w3c-sgml-lib is not installed";
   }
 
-  // Runs a host that writes a page below the scratch folder; the page in UTF-8.
+  // Runs a host that writes a page to the temporary folder, and returns the page in UTF-8.
   std::string page_of(std::vector<std::string> command) const {
-    command.push_back(scratch_.path().string());
+    command.push_back(temp_.path().string());
     const process_result result = run_process(command);
     EXPECT_EQ(result.exit_code, 0) << result.err;
     return page_as_utf8(last_line(result.out));
   }
 
   std::string file(std::string_view bytes) const {
-    write_bytes(scratch_.path() / "input.csv", bytes);
-    return (scratch_.path() / "input.csv").string();
+    make_file(temp_.path() / "input.csv", bytes);
+    return (temp_.path() / "input.csv").string();
   }
 
-  // What the validator has against the page, without line numbers; empty if it is valid.
+  // The validator's messages without line numbers; empty if the page is valid.
   messages errors(const std::string& page) const {
-    const std::filesystem::path path = scratch_.path() / "page.xml";
-    write_bytes(path, page);
+    const std::filesystem::path path = temp_.path() / "page.xml";
+    make_file(path, page);
     const process_result result =
         run_process({"xmllint", "--noout", "--nonet", "--valid", path.string()},
                     std::chrono::seconds(60), {{"XML_CATALOG_FILES", "/etc/xml/catalog"}});
@@ -79,7 +78,7 @@ class Validity : public testing::Test {
     return found;
   }
 
-  scratch_folder scratch_;
+  temp_folder temp_;
 };
 
 TEST_F(Validity, IsJudgedByTheStrictDtd) {
@@ -108,8 +107,8 @@ TEST_F(Validity, OfTableReportsOfAwkwardData) {
   EXPECT_EQ(errors(page_of({TABLE_REPORT_PROGRAM, "--input", header_only})), messages{});
 }
 
-// A picture has no `alt`, and the `id` of a section's heading begins with "#", where no name
-// does. Both are required, one of each in every section; with both repaired the page is valid.
+// A picture has no `alt`, and the `id` of a section's heading begins with "#", which no name does.
+// Both are required, one of each in every section; with both repaired the page is valid.
 TEST_F(Validity, OfTheMeasurementReportButForTwoOddities) {
   const std::string page = page_of({MEASUREMENT_REPORT_PROGRAM});
   messages expected;
@@ -137,8 +136,8 @@ TEST_F(Validity, OfMeasurementReportsOfAwkwardData) {
 }
 
 // The page shows three things that are required and not valid:
-// - A line feed in a cell becomes "<BR>", for browsers. In XML it is an element that nobody
-//   closes, so the page isn't well-formed. One cell has one, another one two.
+// - A line feed in a cell becomes "<BR>", for browsers. In XML that element is never closed, so
+//   the page isn't well-formed. One cell has one, another cell has two.
 // - A table that is closed without a cell has no row, where the DTD asks for one.
 // - The `id` of the headings of the two sections that have a name begins with "#".
 // With all of them repaired the page is valid.
@@ -147,7 +146,7 @@ TEST_F(Validity, OfEveryOperationButForThreeOddities) {
 
   EXPECT_EQ(count(page, "<BR>"), 3u);
   const messages not_well_formed = errors(page);
-  ASSERT_FALSE(not_well_formed.empty());  // what stands behind the first one follows from it
+  ASSERT_FALSE(not_well_formed.empty());  // further errors follow from the first one
   EXPECT_EQ(not_well_formed[0], "parser error : Opening and ending tag mismatch: BR and td");
 
   const std::string with_breaks = replace_all(page, "<BR>", "<br/>");
@@ -177,10 +176,10 @@ TEST_F(Validity, OfTheTemplateReport) {
   EXPECT_EQ(errors(page_of({TEMPLATE_REPORT_PROGRAM, "--input", header_only})), messages{});
 }
 
-// With the string table that was chosen, and after it was read, changed and written.
+// The sample of the chosen string table, as written and after it was read and changed.
 TEST_F(Validity, OfTheSampleReport) {
-  const std::filesystem::path sample = scratch_.path() / "sample.htm";
-  const std::filesystem::path changed = scratch_.path() / "changed.htm";
+  const std::filesystem::path sample = temp_.path() / "sample.htm";
+  const std::filesystem::path changed = temp_.path() / "changed.htm";
   vellomark::CreateSampleVellomark1(sample.u16string().c_str());
   EXPECT_EQ(errors(page_as_utf8(sample)), messages{});
   vellomark::ParseAndChangeSampleVellomark(sample.u16string().c_str(), changed.u16string().c_str());
@@ -190,7 +189,7 @@ TEST_F(Validity, OfTheSampleReport) {
 // Three things are required and not valid: the four pictures have no `alt`, two of the `id`
 // hold a blank, and the control has an alignment. With all of them repaired the page is valid.
 TEST_F(Validity, OfTheWorkReportButForThreeOddities) {
-  const std::filesystem::path path = scratch_.path() / "work.htm";
+  const std::filesystem::path path = temp_.path() / "work.htm";
   ASSERT_TRUE(vellomark::CreateWorkVellomark(path.u16string().c_str()));
   std::string page = page_as_utf8(path);
   const std::string no_alt =
@@ -208,4 +207,4 @@ TEST_F(Validity, OfTheWorkReportButForThreeOddities) {
 }
 
 }  // namespace
-}  // namespace examples_test
+}  // namespace test
