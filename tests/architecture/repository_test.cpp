@@ -1,14 +1,13 @@
-// The rules of the house, asked of this repository itself.
+// Checks this repository against the rules of its sources.
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "tests/architecture/source_rules.h"
+#include "tests/support/temp_folder.h"
 
-namespace architecture {
+namespace test {
 namespace {
 
 const std::filesystem::path root = VELLOMARK_REPOSITORY;
@@ -20,12 +19,6 @@ const source_tree& repository() {
 
 void expect_none(const findings& found) {
   for (const std::string& finding : found) ADD_FAILURE() << finding;
-}
-
-std::string read_file(const std::string& path) {
-  std::ifstream file(root / path, std::ios::binary);
-  EXPECT_TRUE(file) << path;
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 // The text of the first block of C++ in a Markdown file.
@@ -59,8 +52,9 @@ TEST(Repository, LibraryPrintsNothing) { expect_none(check_silence(repository())
 
 // The program that the README shows is a file that other tests build and run.
 TEST(Repository, ReadmeShowsTheFirstProgramAsItIs) {
-  EXPECT_EQ(first_cpp_block(read_file("README.md")), read_file("docs/samples/first_report.cpp"));
+  EXPECT_EQ(first_cpp_block(bytes_of(root / "README.md")),
+            bytes_of(root / "docs/samples/first_report.cpp"));
 }
 
 }  // namespace
-}  // namespace architecture
+}  // namespace test

@@ -4,8 +4,9 @@
 #include <array>
 #include <cctype>
 #include <regex>
+#include <set>
 
-namespace architecture {
+namespace test {
 namespace {
 
 struct layer {
@@ -71,6 +72,36 @@ std::string guard_of(const std::string& text) {
   return match[1] == match[2] ? match[1].str() : std::string();
 }
 
+// Follows the include lines and remembers the path that it came.
+class cycle_search {
+ public:
+  explicit cycle_search(const source_tree& tree) : tree_(tree) {}
+
+  void visit(const std::string& path) {
+    const auto again = std::ranges::find(path_, path);
+    if (again != path_.end()) {
+      std::string cycle = "include cycle: ";
+      for (auto i = again; i != path_.end(); ++i) cycle += *i + " -> ";
+      found_.push_back(cycle + path);
+      return;
+    }
+    if (!seen_.insert(path).second) return;
+    path_.push_back(path);
+    for (const include_line& line : tree_.at(path).includes) {
+      if (!line.target.empty()) visit(line.target);
+    }
+    path_.pop_back();
+  }
+
+  const findings& found() const { return found_; }
+
+ private:
+  const source_tree& tree_;
+  std::vector<std::string> path_;
+  std::set<std::string> seen_;
+  findings found_;
+};
+
 }  // namespace
 
 findings check_layers(const source_tree& tree) {
@@ -90,6 +121,12 @@ findings check_layers(const source_tree& tree) {
     }
   }
   return found;
+}
+
+findings check_cycles(const source_tree& tree) {
+  cycle_search search(tree);
+  for (const auto& [path, file] : tree) search.visit(path);
+  return search.found();
 }
 
 findings check_ascii(const source_tree& tree) {
@@ -150,4 +187,4 @@ findings check_silence(const source_tree& tree) {
   return found;
 }
 
-}  // namespace architecture
+}  // namespace test

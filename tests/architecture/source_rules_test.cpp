@@ -1,37 +1,30 @@
-// Shows that each rule finds what it is there for, on small trees that break it.
+// Shows that each rule finds its violations in small trees.
 #include "tests/architecture/source_rules.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 
-namespace architecture {
+#include "tests/support/temp_folder.h"
+
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
 
-// A folder that goes away with the test.
 class SourceRules : public testing::Test {
  protected:
-  SourceRules() {
-    std::string pattern = (fs::temp_directory_path() / "source_rules_XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    root_ = pattern;
-  }
-  ~SourceRules() override { fs::remove_all(root_); }
-
   void add(const std::string& path, const std::string& text) const {
-    fs::create_directories((root_ / path).parent_path());
-    std::ofstream(root_ / path, std::ios::binary) << text;
+    const fs::path file = root_.path() / path;
+    fs::create_directories(file.parent_path());
+    make_file(file, text);
   }
 
-  source_tree tree() const { return read_source_tree(root_); }
+  source_tree tree() const { return read_source_tree(root_.path()); }
 
-  fs::path root_;
+  temp_folder root_;
 };
 
 const findings none;
@@ -158,8 +151,8 @@ TEST_F(SourceRules, BuildFoldersAreNotRead) {
 }
 
 TEST_F(SourceRules, MissingRootIsAnError) {
-  EXPECT_THROW(read_source_tree(root_ / "gone"), std::runtime_error);
+  EXPECT_THROW(read_source_tree(root_.path() / "gone"), std::runtime_error);
 }
 
 }  // namespace
-}  // namespace architecture
+}  // namespace test

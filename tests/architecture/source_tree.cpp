@@ -2,22 +2,16 @@
 
 #include <algorithm>
 #include <cctype>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
 
-namespace architecture {
+#include "tests/support/temp_folder.h"
+
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string read_file(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read " + path.string());
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 bool is_source(const fs::path& path) {
   const std::string extension = path.extension().string();
@@ -36,8 +30,8 @@ std::vector<include_line> find_includes(const std::string& text) {
   return found;
 }
 
-// A name is looked for beside the file that asks (if quoted), then from the root and from
-// include/, as the compiler does.
+// Looks up a name beside the file that includes it (if quoted), then in the root and in include/,
+// as the compiler does.
 std::string resolve(const source_tree& tree, const source_file& from, const include_line& line) {
   std::vector<std::string> candidates = {line.name, "include/" + line.name};
   if (line.quoted) {
@@ -70,7 +64,7 @@ source_tree read_source_tree(const fs::path& root) {
     } else if (is_source(i->path())) {
       source_file file;
       file.path = fs::relative(i->path(), root).generic_string();
-      file.text = read_file(i->path());
+      file.text = bytes_of(i->path());
       file.includes = find_includes(file.text);
       tree.emplace(file.path, std::move(file));
     }
@@ -123,4 +117,4 @@ std::string code_only(const std::string& text) {
   return code;
 }
 
-}  // namespace architecture
+}  // namespace test

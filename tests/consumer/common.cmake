@@ -1,6 +1,6 @@
 # What the scripts of this folder share.
 
-# run(<command>...): runs a command and ends the script with what it said if it fails.
+# run(<command>...): runs a command. If it fails, ends the script with its output.
 function(run)
   execute_process(
     COMMAND ${ARGN}

@@ -1,6 +1,6 @@
-# Compares what the shared library exports with the kept list. A name that appears is a
-# promise to every compiled host, one that goes away breaks them: either is a decision, which
-# is made by changing exported_symbols.txt and telling packagers in CHANGELOG.md.
+# Compares the exported symbols of the shared library with the kept list. A new symbol is a promise
+# to every compiled host, and a removed one breaks them. Either is a decision: change
+# exported_symbols.txt and tell packagers in CHANGELOG.md.
 include("${CMAKE_CURRENT_LIST_DIR}/common.cmake")
 
 execute_process(

@@ -1,18 +1,16 @@
-// The list of a template's fields as a host has it that is linked to the shared library alone:
-// its storage is made on one side and let go of on the other.
+// The list of a template's fields in a host that is linked to the shared library alone: one side
+// allocates its storage and the other side frees it.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <vellomark/vellomark.h>
 
-#include <filesystem>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-namespace {
+#include "tests/support/temp_folder.h"
+#include "tests/support/utf8.h"
 
-namespace fs = std::filesystem;
+namespace test {
+namespace {
 
 using array = zov_shared_array<CZovString>;
 using texts = std::vector<std::u16string>;
@@ -26,27 +24,21 @@ texts texts_of(const array& fields) {
 class FieldArray : public ::testing::Test {
  protected:
   FieldArray() {
-    std::string pattern = (fs::temp_directory_path() / "field_array_test_XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    folder_ = pattern;
     std::u16string text = u"<html><head><title>t</title></head><body>";
     for (const std::u16string& name : names)
       text += u"<p><span id='Template'>" + name + u"</span></p>";
     text += u"</body></html>";
-    std::ofstream file(folder_ / "t.htm", std::ios::binary);
-    for (const char16_t unit : text) file << static_cast<char>(unit & 0xFF) << char();
-    file.close();
+    make_file(folder_.path() / "t.htm", file_bytes(text));
     report = vellomark::CreateInstance();
-    report->LoadTemplate((folder_ / "t.htm").u16string().c_str());
+    report->LoadTemplate(folder_.text(u"/t.htm").c_str());
   }
-  ~FieldArray() override { fs::remove_all(folder_); }
 
   const texts names = {u"A", u"a name that is too long for a text without memory of its own", u"B",
                        u"C", u"D"};
   boost::shared_ptr<IVellomark> report;
 
  private:
-  fs::path folder_;
+  temp_folder folder_;
 };
 
 TEST_F(FieldArray, OutlivesTheReport) {
@@ -68,7 +60,7 @@ TEST_F(FieldArray, OutlivesTheReportInACopyAlone) {
   EXPECT_EQ(texts_of(copy), names);
 }
 
-// Room is left, and none is: the host goes on where the library ended.
+// The host appends to the storage of the library, while it has room and when it is full.
 TEST_F(FieldArray, OfTheLibraryIsFilledByTheHost) {
   array fields;
   report->GetTemplateFields(fields);
@@ -92,7 +84,7 @@ TEST_F(FieldArray, OfTheHostIsFilledByTheLibrary) {
   EXPECT_EQ(texts_of(fields), names);
 }
 
-TEST_F(FieldArray, SharedOneIsLetGoOfByTheLibrary) {
+TEST_F(FieldArray, SharedOneIsReleasedByTheLibrary) {
   array fields;
   fields.push_back(CZovString(u"of the host"));
   const array copy = fields;
@@ -127,3 +119,4 @@ TEST_F(FieldArray, IsFilledAgainAndAgain) {
 }
 
 }  // namespace
+}  // namespace test

@@ -1,4 +1,4 @@
-# Runs the README's first program in a fresh folder and looks at the start of its page.
+# Runs the README's first program in an empty folder and checks the start of its page.
 include("${CMAKE_CURRENT_LIST_DIR}/common.cmake")
 
 set(folder "${work_dir}/first_report_pages")

@@ -1,4 +1,4 @@
-# Installs the built tree and looks at what has to be there.
+# Installs the built tree and checks the installed files.
 include("${CMAKE_CURRENT_LIST_DIR}/common.cmake")
 
 file(REMOVE_RECURSE "${prefix}")
@@ -17,14 +17,14 @@ foreach(
   require_file("${prefix}/${file}")
 endforeach()
 
-# The headers of the closed library are its own affair.
+# The closed library installs its own headers.
 foreach(header IN ITEMS zov_utils/czov_string.h zov_utils/zov_shared_array.h)
   if(NOT zov_utils_dir OR NOT EXISTS "${zov_utils_dir}/${header}")
     require_file("${prefix}/${includedir}/${header}")
   endif()
 endforeach()
 
-# Nothing of the inside gets out: no static library, no header of another folder.
+# Nothing internal is installed: no static library, no header of another folder.
 file(GLOB_RECURSE archives "${prefix}/*.a")
 file(GLOB_RECURSE headers RELATIVE "${prefix}/${includedir}" "${prefix}/${includedir}/*")
 list(FILTER headers EXCLUDE REGEX "^(vellomark|zov_utils)/[a-z_]+\\.h$")

@@ -1,5 +1,5 @@
-# Runs a host that saves its page at the very end of the process. The host has to succeed, and
-# the page has to stand on disk from its first tag to its last.
+# Runs a host that saves its page at the end of the process. The host must succeed and the page must
+# be complete.
 include("${CMAKE_CURRENT_LIST_DIR}/common.cmake")
 
 run_host("${program}" "${work_dir}/late_save_pages/${host}")

@@ -1,34 +1,33 @@
-// Separate reports are used from separate threads without locks. The thread sanitizer sees
-// what they share; the comparison sees what got mixed up.
+// Separate reports are used from separate threads without locks. The thread sanitizer finds what
+// they share; the comparison finds pages that were mixed up.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <vellomark/samples.h>
 #include <vellomark/vellomark.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "tests/support/temp_folder.h"
+#include "tests/support/utf8.h"
+
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
 
-// A template with a field behind each of some blocks.
+// Makes a template with a field after each of some blocks.
 void make_template(const fs::path& file) {
   std::u16string text = u"<html><head><title>t</title></head><body>";
   for (const char16_t* const name : {u"one", u"two", u"three"})
     text += u"<p>in front of a field</p><p><span id='Template'>" + std::u16string(name) +
             u"</span></p>";
   text += u"</body></html>";
-  std::ofstream out(file, std::ios::binary);
-  for (const char16_t unit : text) out << static_cast<char>(unit & 0xFF) << char();
+  make_file(file, file_bytes(text));
 }
 
-// Lists the fields of the page and takes one after the other.
+// Fills all fields of the page, one after the other.
 void fill(IVellomark& report, const fs::path& page) {
   report.LoadTemplate(page.u16string().c_str());
   zov_shared_array<CZovString> fields;
@@ -38,11 +37,6 @@ void fill(IVellomark& report, const fs::path& page) {
     report.AddText(field.c_str(), false);
   }
   EXPECT_EQ(fields.size(), 3u);
-}
-
-std::string content(const fs::path& page) {
-  std::ifstream in(page, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 std::string make_page(const fs::path& page_template, const fs::path& folder) {
@@ -56,10 +50,10 @@ std::string make_page(const fs::path& page_template, const fs::path& folder) {
   }
   report->CloseTable();
   EXPECT_TRUE(report->Save(folder.u16string().c_str(), u"page.htm"));
-  return content(folder / "Vellomark" / "page.htm");
+  return bytes_of(folder / "Vellomark" / "page.htm");
 }
 
-// The pages of the sample functions, one behind the other.
+// The pages of the sample functions, joined.
 std::string make_samples(const fs::path& folder) {
   fs::create_directory(folder);
   const fs::path sample = folder / "sample.htm";
@@ -69,29 +63,11 @@ std::string make_samples(const fs::path& folder) {
   vellomark::CreateSampleVellomark1(sample.u16string().c_str());
   vellomark::ParseAndChangeSampleVellomark(sample.u16string().c_str(), changed.u16string().c_str());
   EXPECT_TRUE(vellomark::CreateWorkVellomark(work.u16string().c_str()));
-  return content(sample) + content(changed) + content(work);
+  return bytes_of(sample) + bytes_of(changed) + bytes_of(work);
 }
 
-// A folder that goes away with the test.
-class temporary_folder {
- public:
-  temporary_folder() {
-    std::string pattern = (fs::temp_directory_path() / "threads_test_XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    path_ = pattern;
-  }
-  ~temporary_folder() { fs::remove_all(path_); }
-  temporary_folder(const temporary_folder&) = delete;
-  temporary_folder& operator=(const temporary_folder&) = delete;
-
-  const fs::path& path() const { return path_; }
-
- private:
-  fs::path path_;
-};
-
-// Calls `make` again and again in eight threads, each with a folder of its own, and once more
-// alone: all results have to be the same.
+// Calls `make` repeatedly in eight threads, each with a folder of its own, and once more alone: all
+// results have to be equal.
 template <class Make>
 void expect_no_mixing(const fs::path& folder, Make make) {
   constexpr std::size_t thread_count = 8;
@@ -114,7 +90,7 @@ void expect_no_mixing(const fs::path& folder, Make make) {
 }
 
 TEST(Threads, SeparateReportsDoNotMix) {
-  const temporary_folder folder;
+  const temp_folder folder;
   const fs::path page_template = folder.path() / "template.htm";
   make_template(page_template);
   expect_no_mixing(folder.path(),
@@ -122,8 +98,9 @@ TEST(Threads, SeparateReportsDoNotMix) {
 }
 
 TEST(Threads, SampleFunctionsDoNotMix) {
-  const temporary_folder folder;
+  const temp_folder folder;
   expect_no_mixing(folder.path(), make_samples);
 }
 
 }  // namespace
+}  // namespace test

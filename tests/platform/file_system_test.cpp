@@ -9,6 +9,7 @@
 
 #include "tests/support/temp_folder.h"
 
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -18,13 +19,13 @@ using Xport::ustring;
 
 class FileSystem : public ::testing::Test {
  protected:
-  test::temp_folder temp;
+  temp_folder temp;
   file_system& files = file_system::native();
   const ustring lone = ustring(1, char16_t(0xD800));
 };
 
 TEST_F(FileSystem, ExistsIsTrueForFilesAndFolders) {
-  test::make_file(temp.path() / "file", "x");
+  make_file(temp.path() / "file", "x");
   EXPECT_TRUE(files.exists(temp.text()));
   EXPECT_TRUE(files.exists(temp.text(u"/file")));
   EXPECT_TRUE(files.exists(temp.text(u"\\file")));
@@ -33,7 +34,7 @@ TEST_F(FileSystem, ExistsIsTrueForFilesAndFolders) {
 }
 
 TEST_F(FileSystem, ExistsIsFalseForWhatIsNotThere) {
-  test::make_file(temp.path() / "file", "x");
+  make_file(temp.path() / "file", "x");
   EXPECT_FALSE(files.exists(u""));
   EXPECT_FALSE(files.exists(temp.text(u"/none")));
   EXPECT_FALSE(files.exists(temp.text(u"/none/none")));
@@ -51,13 +52,13 @@ TEST_F(FileSystem, CreatesTheLastLevel) {
 }
 
 TEST_F(FileSystem, CreatingWhatIsThereSaysSo) {
-  test::make_file(temp.path() / "file", "x");
+  make_file(temp.path() / "file", "x");
   EXPECT_EQ(files.create_directory(temp.text()), folder_result::already_exists);
   EXPECT_EQ(files.create_directory(temp.text(u"/")), folder_result::already_exists);
   EXPECT_EQ(files.create_directory(temp.text(u"/file")), folder_result::already_exists);
   EXPECT_EQ(files.create_directory(temp.text(u"/file/")), folder_result::already_exists);
   EXPECT_EQ(files.create_directory(temp.text(u"/file/below")), folder_result::failed);
-  EXPECT_EQ(test::bytes_of(temp.path() / "file"), "x");
+  EXPECT_EQ(bytes_of(temp.path() / "file"), "x");
 }
 
 TEST_F(FileSystem, CreatingFailsForImpossiblePaths) {
@@ -68,7 +69,7 @@ TEST_F(FileSystem, CreatingFailsForImpossiblePaths) {
 }
 
 TEST_F(FileSystem, OpensNewAndOldFilesEmpty) {
-  test::make_file(temp.path() / "old", "of before");
+  make_file(temp.path() / "old", "of before");
   for (const ustring name : {u"/old", u"/new"}) {
     const std::unique_ptr<Xport::byte_output> file = files.open_for_writing(temp.text(name));
     ASSERT_TRUE(file);
@@ -77,7 +78,7 @@ TEST_F(FileSystem, OpensNewAndOldFilesEmpty) {
     EXPECT_TRUE(file->write("", 0));
     EXPECT_TRUE(file->write("two", 3));
     EXPECT_TRUE(file->close());
-    EXPECT_EQ(test::bytes_of(temp.path() / fs::path(name).filename()), "one two");
+    EXPECT_EQ(bytes_of(temp.path() / fs::path(name).filename()), "one two");
   }
 }
 
@@ -85,7 +86,7 @@ TEST_F(FileSystem, ReadersSeeTheFileWhileItIsOpen) {
   const std::unique_ptr<Xport::byte_output> file = files.open_for_writing(temp.text(u"/page"));
   ASSERT_TRUE(file);
   EXPECT_TRUE(file->write("part", 4));
-  EXPECT_EQ(test::bytes_of(temp.path() / "page"), "part");
+  EXPECT_EQ(bytes_of(temp.path() / "page"), "part");
   EXPECT_TRUE(files.open_for_writing(temp.text(u"/page"))) << "nobody is denied the file";
   EXPECT_TRUE(file->close());
 }
@@ -138,7 +139,7 @@ TEST_F(FileSystem, ManyBytesAtOnceAreAllWritten) {
   EXPECT_EQ(fs::file_size(temp.path() / "large"), bytes.size());
 }
 
-// Who may read a page is the user's choice and not the library's.
+// The user's umask decides who may read a page.
 TEST_F(FileSystem, PermissionsAreTheUsers) {
   const mode_t before = ::umask(027);
   files.create_directory(temp.text(u"/folder"));
@@ -149,3 +150,4 @@ TEST_F(FileSystem, PermissionsAreTheUsers) {
 }
 
 }  // namespace
+}  // namespace test

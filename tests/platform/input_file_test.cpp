@@ -18,6 +18,7 @@
 #include "xport/stream/file_input_stream.h"
 #include "xport/stream/unit_input.h"
 
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -31,7 +32,7 @@ class InputFile : public testing::Test {
     return files.open_for_reading(temp.text(name));
   }
 
-  // A pipe with a name, into which `write` writes in a thread of its own.
+  // Makes a named pipe and calls `write` for it in a new thread.
   template <class Write>
   std::thread make_pipe(Write write) {
     const std::string path = temp.path() / "pipe";
@@ -43,7 +44,7 @@ class InputFile : public testing::Test {
     });
   }
 
-  test::temp_folder temp;
+  temp_folder temp;
   file_system& files = file_system::native();
 };
 
@@ -61,7 +62,7 @@ std::size_t open_descriptors() {
 
 TEST_F(InputFile, GivesTheBytesAsTheyAre) {
   const std::string bytes("a\0\r\n\x1A\xFF\xFE", 7);
-  test::make_file(temp.path() / "page", bytes);
+  make_file(temp.path() / "page", bytes);
   for (const ustring name : {u"/page", u"\\page", u"\\/page"}) {
     const std::unique_ptr<byte_input> file = open(name);
     ASSERT_TRUE(file);
@@ -74,7 +75,7 @@ TEST_F(InputFile, GivesTheBytesAsTheyAre) {
 }
 
 TEST_F(InputFile, AnEmptyFileGivesNothing) {
-  test::make_file(temp.path() / "page", "");
+  make_file(temp.path() / "page", "");
   const std::unique_ptr<byte_input> file = open(u"/page");
   ASSERT_TRUE(file);
   EXPECT_EQ(next_bytes(*file, 10), "");
@@ -83,7 +84,7 @@ TEST_F(InputFile, AnEmptyFileGivesNothing) {
 }
 
 TEST_F(InputFile, WhatIsNotThereCannotBeOpened) {
-  test::make_file(temp.path() / "file", "x");
+  make_file(temp.path() / "file", "x");
   EXPECT_FALSE(files.open_for_reading(u""));
   EXPECT_FALSE(open(u"/none"));
   EXPECT_FALSE(open(u"/none/page"));
@@ -108,8 +109,8 @@ TEST_F(InputFile, AFolderCannotBeOpened) {
 }
 
 TEST_F(InputFile, AFileThatMayNotBeReadCannotBeOpened) {
-  test::make_file(temp.path() / "page", "x");
-  test::make_file(temp.path() / "secret", "x");
+  make_file(temp.path() / "page", "x");
+  make_file(temp.path() / "secret", "x");
   fs::permissions(temp.path(), static_cast<fs::perms>(0755));
   fs::permissions(temp.path() / "page", static_cast<fs::perms>(0444));
   fs::permissions(temp.path() / "secret", fs::perms::none);
@@ -125,7 +126,7 @@ TEST_F(InputFile, AFileThatMayNotBeReadCannotBeOpened) {
 }
 
 TEST_F(InputFile, AFileThatMayNotBeWrittenIsRead) {
-  test::make_file(temp.path() / "page", "x");
+  make_file(temp.path() / "page", "x");
   fs::permissions(temp.path() / "page", fs::perms::owner_read);
   const std::unique_ptr<byte_input> file = open(u"/page");
   ASSERT_TRUE(file);
@@ -133,7 +134,7 @@ TEST_F(InputFile, AFileThatMayNotBeWrittenIsRead) {
 }
 
 TEST_F(InputFile, GoesBackToTheFirstByte) {
-  test::make_file(temp.path() / "page", "abc");
+  make_file(temp.path() / "page", "abc");
   const std::unique_ptr<byte_input> file = open(u"/page");
   ASSERT_TRUE(file);
   for (const std::size_t size : {2u, 3u, 10u}) {
@@ -146,14 +147,14 @@ TEST_F(InputFile, ManyBytesAtOnceAreAllRead) {
   std::string bytes(50'000'000, 'b');
   bytes.front() = 'a';
   bytes.back() = 'c';
-  test::make_file(temp.path() / "large", bytes);
+  make_file(temp.path() / "large", bytes);
   const std::unique_ptr<byte_input> file = open(u"/large");
   ASSERT_TRUE(file);
   EXPECT_TRUE(next_bytes(*file, bytes.size() + 1) == bytes);
 }
 
 TEST_F(InputFile, OthersAreNotDeniedTheFile) {
-  test::make_file(temp.path() / "page", "before");
+  make_file(temp.path() / "page", "before");
   const std::unique_ptr<byte_input> file = open(u"/page");
   ASSERT_TRUE(file);
   EXPECT_EQ(next_bytes(*file, 2), "be");
@@ -171,7 +172,7 @@ TEST_F(InputFile, OthersAreNotDeniedTheFile) {
 }
 
 TEST_F(InputFile, IsClosedWithItsObject) {
-  test::make_file(temp.path() / "page", "x");
+  make_file(temp.path() / "page", "x");
   const std::size_t before = open_descriptors();
   {
     const std::unique_ptr<byte_input> file = open(u"/page");
@@ -181,7 +182,7 @@ TEST_F(InputFile, IsClosedWithItsObject) {
 }
 
 TEST_F(InputFile, WhatCannotBeReadGivesNothing) {
-  // Opens, and fails each read: nothing is mapped at the beginning.
+  // It opens, and each read fails, since nothing is mapped at address 0.
   const std::unique_ptr<byte_input> file = files.open_for_reading(u"/proc/self/mem");
   if (!file) GTEST_SKIP() << "no /proc/self/mem";
   EXPECT_EQ(next_bytes(*file, 10), "");
@@ -228,7 +229,7 @@ TEST_F(InputFile, GivesTheUnitsOfAPage) {
   for (std::size_t i = 0; i < 3 * Xport::file_input_buffer::block_units; ++i)
     text += static_cast<char16_t>(i % 0xFFFF);
   for (const std::string odd : {"", "x"}) {
-    test::make_file(temp.path() / "page", test::file_bytes(text) + odd);
+    make_file(temp.path() / "page", file_bytes(text) + odd);
     Xport::file_input_stream stream;
     stream.open(open(u"/page"));
     ASSERT_TRUE(stream.good());
@@ -238,7 +239,7 @@ TEST_F(InputFile, GivesTheUnitsOfAPage) {
       ustring found;
       for (Xport::unit_input input(stream.rdbuf()); !input.at_end(); input.advance())
         found += input.peek();
-      EXPECT_TRUE(test::same_units(found, text));
+      EXPECT_TRUE(same_units(found, text));
     }
   }
 }
@@ -250,3 +251,4 @@ TEST_F(InputFile, AMissingPageFailsItsStream) {
 }
 
 }  // namespace
+}  // namespace test

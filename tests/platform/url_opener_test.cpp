@@ -30,6 +30,7 @@
 #define VFORK_IS_A_FORK
 #endif
 
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -91,7 +92,7 @@ class small_pages {
 
   bool valid() const { return start_ != MAP_FAILED; }
 
-  // Writes to every page; the number of page faults of this process meanwhile.
+  // Writes to every page and returns the number of page faults.
   long touch() {
     const long before = faults();
     for (std::size_t i = 0; i < bytes_; i += 4096) *const_cast<volatile char*>(start_ + i) = 1;
@@ -109,7 +110,7 @@ class small_pages {
   char* start_;
 };
 
-// Puts a program of the name that opens URLs first in PATH.
+// Puts a replacement of the program that opens URLs first in PATH.
 class UrlOpener : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -120,7 +121,7 @@ class UrlOpener : public ::testing::Test {
 
   void make_program(const std::string& text) {
     const fs::path program = temp.path() / "xdg-open";
-    test::make_file(program, text);
+    make_file(program, text);
     fs::permissions(program, fs::perms::owner_all);
   }
 
@@ -128,25 +129,25 @@ class UrlOpener : public ::testing::Test {
     make_program("#!/bin/sh\ncd '" + temp.path().string() + "'\n" + script);
   }
 
-  // A script that writes the number of its arguments and each of them to the file
-  // `result`, which is there when it is whole.
+  // A script that writes the number of its arguments and each of them to the file `result`, which
+  // exists once it is complete.
   void make_noting_opener() {
     make_opener("printf '%s\\n' \"$#\" \"$@\" >writing\nmv writing result\n");
   }
 
-  // Waits until the file is there; its bytes.
+  // Waits until the file exists and returns its bytes.
   std::string result(const char* name = "result") {
     const fs::path file = temp.path() / name;
     for (int tries = 0; tries < 1000 && !fs::exists(file); ++tries)
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_TRUE(fs::exists(file)) << "the handler wasn't started";
-    return test::bytes_of(file);
+    return bytes_of(file);
   }
 
-  // Whether this process has a child, be it one that has ended.
+  // Whether this process has a child, even a zombie.
   static bool has_children() { return ::waitpid(-1, nullptr, WNOHANG) != -1 || errno != ECHILD; }
 
-  test::temp_folder temp;
+  temp_folder temp;
   url_opener& opener = url_opener::native();
 
  private:
@@ -194,7 +195,7 @@ TEST_F(UrlOpener, AUrlThatCannotBeExpressedStartsNothing) {
   EXPECT_EQ(fs::exists(temp.path() / "log"), false);
 }
 
-// The handler goes on until it is told to end, which it is only after open() returned.
+// The handler runs until it is told to end, which happens after open() has returned.
 TEST_F(UrlOpener, DoesNotWaitAndLeavesNoChild) {
   make_opener(
       "touch started\n"
@@ -204,7 +205,7 @@ TEST_F(UrlOpener, DoesNotWaitAndLeavesNoChild) {
   result("started");
   EXPECT_FALSE(fs::exists(temp.path() / "ended"));
   EXPECT_FALSE(has_children()) << "while the handler runs";
-  test::make_file(temp.path() / "go", "");
+  make_file(temp.path() / "go", "");
   result("ended");
   EXPECT_FALSE(has_children()) << "when the handler has ended";
 }
@@ -244,7 +245,7 @@ TEST_F(UrlOpener, MissingHandlerIsIgnored) {
 
 TEST_F(UrlOpener, HandlerThatCannotBeRunIsIgnored) {
   ::setenv("PATH", temp.path().c_str(), 1);
-  test::make_file(temp.path() / "xdg-open", "#!/no/such/shell\n");
+  make_file(temp.path() / "xdg-open", "#!/no/such/shell\n");
   fs::permissions(temp.path() / "xdg-open", fs::perms::owner_all);
   opener.open(u"file:///page");
   EXPECT_FALSE(has_children());
@@ -258,7 +259,7 @@ TEST_F(UrlOpener, WorksInAHostThatIgnoresItsChildren) {
   EXPECT_EQ(result(), "1\nfile:///page\n");
 }
 
-// No shell runs here: some shells change signals before they start a program.
+// The handler is no shell script, since some shells change signals before they start a program.
 TEST_F(UrlOpener, HandlerIgnoresAndBlocksNoSignal) {
   const char* const awk = "/usr/bin/awk";
   if (!fs::exists("/proc/self/status") || !fs::exists(awk)) GTEST_SKIP() << "no /proc or no awk";
@@ -341,12 +342,12 @@ TEST_F(UrlOpener, ThreadsMayOpenAtTheSameTime) {
   std::string expected;
   for (int i = 0; i < 40; ++i) expected += "started\n";
   const fs::path log = temp.path() / "log";
-  for (int tries = 0; tries < 1000 && test::bytes_of(log) != expected; ++tries)
+  for (int tries = 0; tries < 1000 && bytes_of(log) != expected; ++tries)
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  EXPECT_EQ(test::bytes_of(log), expected);
+  EXPECT_EQ(bytes_of(log), expected);
 }
 
-// A canceled thread would leave a zombie: the child that it waits for.
+// A canceled thread would leave the child that it waits for as a zombie.
 TEST_F(UrlOpener, IsNoPlaceWhereAThreadIsCanceled) {
   make_noting_opener();
   bool opened = false;
@@ -367,7 +368,7 @@ TEST_F(UrlOpener, IsNoPlaceWhereAThreadIsCanceled) {
   result();
 }
 
-// A host's other children are its own to wait for.
+// The host waits for its other children itself.
 TEST_F(UrlOpener, LeavesOtherChildrenAlone) {
   make_noting_opener();
   const pid_t child = ::fork();
@@ -381,3 +382,4 @@ TEST_F(UrlOpener, LeavesOtherChildrenAlone) {
 }
 
 }  // namespace
+}  // namespace test

@@ -7,15 +7,17 @@
 #include <set>
 #include <stdexcept>
 
-/// A number that knows which objects of its class are alive, so that one which is
-/// destroyed twice, never, or without having been made is found. Compiles as C++11.
+namespace test {
+
+/// A number whose class knows which of its objects are alive. Finds objects that are destroyed
+/// twice, never, or without having been constructed. Compiles as C++11.
 class counted {
  public:
   explicit counted(int value) : value_(value) { born(); }
 
-  /// Raises std::runtime_error if throw_at_copy asked for it.
+  /// Throws std::runtime_error if throw_at_copy asked for it.
   counted(const counted& other) : value_(other.value_) {
-    EXPECT_EQ(state().living.count(&other), 1u) << "a copy of what isn't alive";
+    EXPECT_EQ(state().living.count(&other), 1u) << "copied from an object that isn't alive";
     if (state().throwing != 0 && --state().throwing == 0) throw std::runtime_error("copy");
     ++state().copies;
     born();
@@ -27,11 +29,11 @@ class counted {
 
   int value() const { return value_; }
 
-  /// The objects that are alive, and the copies that were made since reset().
+  /// The number of objects that are alive, and of copies since reset().
   static std::size_t alive() { return state().living.size(); }
   static std::size_t copies() { return state().copies; }
 
-  /// Makes the `number`th copy from now on raise; 0 for none.
+  /// Makes the `number`th copy from now on throw; 0 for none.
   static void throw_at_copy(int number) { state().throwing = number; }
 
   static void reset() { state() = counts(); }
@@ -48,9 +50,13 @@ class counted {
     return all;
   }
 
-  void born() { EXPECT_TRUE(state().living.insert(this).second) << "made over a living one"; }
+  void born() {
+    EXPECT_TRUE(state().living.insert(this).second) << "constructed over a living object";
+  }
 
   int value_;
 };
+
+}  // namespace test
 
 #endif

@@ -4,6 +4,7 @@
 
 #include <string>
 
+namespace test {
 namespace {
 
 TEST(CZovString, CopiesTheTextUpToItsZero) {
@@ -38,3 +39,4 @@ TEST(CZovString, ComparesUnitByUnit) {
 }
 
 }  // namespace
+}  // namespace test

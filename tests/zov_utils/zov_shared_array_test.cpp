@@ -10,6 +10,7 @@
 
 #include "tests/zov_utils/counted.h"
 
+namespace test {
 namespace {
 
 typedef zov_shared_array<counted> counted_array;
@@ -18,7 +19,7 @@ class ZovSharedArray : public ::testing::Test {
  protected:
   void SetUp() override { counted::reset(); }
 
-  // Every element that was made is gone, each after one destruction.
+  // Every element was destroyed once.
   void TearDown() override { EXPECT_EQ(counted::alive(), 0u); }
 
   static void fill(counted_array& array, int count) {
@@ -89,7 +90,7 @@ TEST_F(ZovSharedArray, CopiesShare) {
   EXPECT_EQ(counted::alive(), 3u);
 }
 
-// In whatever order the copies go: the elements go once, with the last of them.
+// In whichever order the copies are destroyed, the elements are destroyed once, with the last copy.
 TEST_F(ZovSharedArray, TheLastOfTheCopiesTakesTheElementsAlong) {
   const int orders[][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
   for (const auto& order : orders) {
@@ -108,7 +109,7 @@ TEST_F(ZovSharedArray, TheLastOfTheCopiesTakesTheElementsAlong) {
   }
 }
 
-// Both grow by half from there, each in storage of its own.
+// From there both grow by half, each in its own storage.
 TEST_F(ZovSharedArray, SharedStorageGrowsToSizeAndOneAndHalfFromEverySize) {
   for (int size = 0; size < 20; ++size) {
     counted_array array;
@@ -256,7 +257,7 @@ TEST_F(ZovSharedArray, ACopyOutlivesWhatItWasCopiedFrom) {
   EXPECT_EQ(values(copy), up_to(11));
 }
 
-// The n-th copy of an element fails, for every n until none does: the array is as it was.
+// The n-th copy of an element throws, for every n until none does: the array is unchanged.
 TEST_F(ZovSharedArray, AppendingThatFailsLeavesTheArrayAsItWas) {
   for (int size = 0; size < 12; ++size) {
     for (int shared = 0; shared < 2; ++shared) {
@@ -320,3 +321,4 @@ TEST_F(ZovSharedArray, ElementsStandAtTheirAlignment) {
 }
 
 }  // namespace
+}  // namespace test

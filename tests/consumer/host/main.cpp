@@ -1,6 +1,6 @@
-// A host as anybody may write one, in C++11: builds a report with the installed library,
-// saves it below the folder named by the first argument, writes the samples there, and reads
-// the pages back. Answers 0 if they hold what they should, else a message and 1.
+// A host in C++11: builds a report with the installed library, saves it in the folder that the
+// argument names, writes the samples there, and reads the pages back. Returns 0 if they are right,
+// otherwise prints a message and returns 1.
 #include <vellomark/samples.h>
 #include <vellomark/vellomark.h>
 
@@ -12,7 +12,7 @@
 
 namespace {
 
-// The units of `text`, which is ASCII, as they stand in a little-endian page.
+// The bytes of `text`, which is ASCII, in a little-endian page.
 std::string units(const std::string& text) {
   std::string bytes;
   for (char c : text) {
@@ -57,7 +57,7 @@ bool read_fields(const std::string& folder, const std::u16string& wide_folder) {
   return fields[0] == CZovString(u"Field") || fail("the template has another field");
 }
 
-// The sample functions answer alike, whichever string table the library has.
+// Both sample functions return the same, whichever string table the library has.
 bool write_samples(const std::u16string& folder) {
   const std::u16string sample = folder + u"/sample.htm";
   const std::u16string changed = folder + u"/changed.htm";

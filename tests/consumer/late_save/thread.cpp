@@ -7,7 +7,7 @@
 
 namespace {
 
-// Lets the thread save, and waits for it.
+// Its destructor lets the thread save and waits for it.
 class worker {
  public:
   worker() {}

@@ -11,7 +11,7 @@
 #include "tests/support/temp_folder.h"
 #include "xport/text/char16.h"
 
-namespace copy_test {
+namespace test {
 
 namespace {
 
@@ -35,7 +35,7 @@ class CopyFile : public ::testing::Test {
     return all;
   }
 
-  test::temp_folder folder;
+  temp_folder folder;
   platform::file_system& files = platform::file_system::native();
 };
 
@@ -44,38 +44,38 @@ using name_set = std::set<std::string>;
 TEST_F(CopyFile, MakesAFileOfTheSameContentAndMode) {
   std::string bytes;
   for (int i = 0; i < 300001; ++i) bytes += static_cast<char>(i % 251);
-  test::make_file(file("a"), bytes);
+  make_file(file("a"), bytes);
   fs::permissions(file("a"), fs::perms(0604));
   EXPECT_TRUE(copy(u"/a", u"/b"));
-  EXPECT_EQ(test::bytes_of(file("b")), bytes);
-  EXPECT_EQ(test::bytes_of(file("a")), bytes);
+  EXPECT_EQ(bytes_of(file("b")), bytes);
+  EXPECT_EQ(bytes_of(file("a")), bytes);
   EXPECT_EQ(fs::status(file("b")).permissions(), fs::perms(0604));
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
 TEST_F(CopyFile, BackslashesSeparate) {
   fs::create_directory(file("in"));
-  test::make_file(file("a"), "bytes");
+  make_file(file("a"), "bytes");
   EXPECT_TRUE(copy(u"\\a", u"/in\\b"));
-  EXPECT_EQ(test::bytes_of(file("in") / "b"), "bytes");
+  EXPECT_EQ(bytes_of(file("in") / "b"), "bytes");
 }
 
 TEST_F(CopyFile, TakesThePlaceOfAFileThatIsThere) {
-  test::make_file(file("a"), "new");
-  test::make_file(file("b"), "old and longer");
+  make_file(file("a"), "new");
+  make_file(file("b"), "old and longer");
   EXPECT_TRUE(copy(u"/a", u"/b"));
-  EXPECT_EQ(test::bytes_of(file("b")), "new");
+  EXPECT_EQ(bytes_of(file("b")), "new");
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
 TEST_F(CopyFile, MissingSourceOrFolderFails) {
-  test::make_file(file("b"), "old");
+  make_file(file("b"), "old");
   EXPECT_FALSE(copy(u"/missing", u"/b"));
   EXPECT_FALSE(copy(u"/missing", u"/c"));
   EXPECT_FALSE(copy(u"/b", u"/missing/c"));
   EXPECT_FALSE(copy(u"/b", u"/b/c"));
   EXPECT_FALSE(copy(u"", u"/c"));
-  EXPECT_EQ(test::bytes_of(file("b")), "old");
+  EXPECT_EQ(bytes_of(file("b")), "old");
   EXPECT_EQ(names(), name_set{"b"});
 }
 
@@ -90,7 +90,7 @@ TEST_F(CopyFile, WhatIsNoFileIsNotCopied) {
 }
 
 TEST_F(CopyFile, WhatIsNoFileIsNotReplaced) {
-  test::make_file(file("a"), "bytes");
+  make_file(file("a"), "bytes");
   fs::create_directory(file("folder"));
   ASSERT_EQ(::mkfifo(file("pipe").c_str(), 0600), 0);
   EXPECT_FALSE(copy(u"/a", u"/folder"));
@@ -101,30 +101,30 @@ TEST_F(CopyFile, WhatIsNoFileIsNotReplaced) {
 }
 
 TEST_F(CopyFile, FileIsNotCopiedOntoItself) {
-  test::make_file(file("a"), "bytes");
+  make_file(file("a"), "bytes");
   fs::create_symlink(file("a"), file("symbolic"));
   fs::create_hard_link(file("a"), file("hard"));
   fs::create_directory_symlink(folder.path(), file("folder"));
   for (const ustring_view other : {u"/a", u"//a", u"/./a", u"/symbolic", u"/hard", u"/folder/a"}) {
     EXPECT_FALSE(copy(u"/a", other));
     EXPECT_FALSE(copy(other, u"/a"));
-    EXPECT_EQ(test::bytes_of(file("a")), "bytes");
+    EXPECT_EQ(bytes_of(file("a")), "bytes");
   }
   EXPECT_EQ(names(), (name_set{"a", "symbolic", "hard", "folder"}));
   EXPECT_TRUE(fs::is_symlink(file("symbolic")));
 }
 
 TEST_F(CopyFile, LinkThatLeadsNowhereIsReplaced) {
-  test::make_file(file("a"), "bytes");
+  make_file(file("a"), "bytes");
   fs::create_symlink(file("nowhere"), file("b"));
   EXPECT_FALSE(copy(u"/b", u"/c"));
   EXPECT_TRUE(copy(u"/a", u"/b"));
-  EXPECT_EQ(test::bytes_of(file("b")), "bytes");
+  EXPECT_EQ(bytes_of(file("b")), "bytes");
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
 TEST_F(CopyFile, PathThatCannotBeExpressedFails) {
-  test::make_file(file("a"), "bytes");
+  make_file(file("a"), "bytes");
   EXPECT_FALSE(copy(u"/a", u"/\xD800"));
   EXPECT_FALSE(copy(u"/\xDC00", u"/b"));
   EXPECT_FALSE(files.is_file(folder.text(u"/\xD800")));
@@ -135,7 +135,7 @@ TEST_F(CopyFile, PathThatCannotBeExpressedFails) {
 TEST_F(CopyFile, NamesOfFullLength) {
   const ustring a = ustring(u"/").append(255, u'a');
   const ustring b = ustring(u"/").append(255, u'b');
-  test::make_file(folder.path() / fs::path(a.substr(1)), "bytes");
+  make_file(folder.path() / fs::path(a.substr(1)), "bytes");
   EXPECT_TRUE(copy(a, b));
   EXPECT_FALSE(copy(a, b + u"b"));
   EXPECT_EQ(names(), (name_set{std::string(255, 'a'), std::string(255, 'b')}));
@@ -143,19 +143,19 @@ TEST_F(CopyFile, NamesOfFullLength) {
 
 TEST_F(CopyFile, FailureInTheMiddleLeavesNoHalfFileAndTheTargetAsItWas) {
   const std::string bytes(500000, 'x');
-  test::make_file(file("a"), bytes);
-  test::make_file(file("b"), "old");
+  make_file(file("a"), bytes);
+  make_file(file("b"), "old");
   {
-    const test::limited_file_size limit(300000);
+    const limited_file_size limit(300000);
     EXPECT_FALSE(copy(u"/a", u"/b"));
     EXPECT_FALSE(copy(u"/a", u"/c"));
   }
-  EXPECT_EQ(test::bytes_of(file("a")), bytes);
-  EXPECT_EQ(test::bytes_of(file("b")), "old");
+  EXPECT_EQ(bytes_of(file("a")), bytes);
+  EXPECT_EQ(bytes_of(file("b")), "old");
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
-// Runs what has to fail for want of rights without an administrator's.
+// Runs a part of a test without an administrator's rights, which would let it succeed.
 template <class Action>
 void without_privileges(Action action) {
   const bool changed = ::geteuid() == 0 && ::setresuid(65534, 65534, 0) == 0;
@@ -166,9 +166,9 @@ void without_privileges(Action action) {
 }
 
 TEST_F(CopyFile, WantOfRightsLeavesAllAsItWas) {
-  test::make_file(file("a"), "new");
-  test::make_file(file("unreadable"), "secret");
-  test::make_file(file("protected"), "old");
+  make_file(file("a"), "new");
+  make_file(file("unreadable"), "secret");
+  make_file(file("protected"), "old");
   fs::create_directory(file("locked"));
   fs::permissions(file("unreadable"), fs::perms(0));
   fs::permissions(file("protected"), fs::perms(0444));
@@ -182,14 +182,14 @@ TEST_F(CopyFile, WantOfRightsLeavesAllAsItWas) {
     EXPECT_FALSE(copy(u"/a", u"/locked/c"));
     EXPECT_TRUE(files.is_file(folder.text(u"/unreadable")));
   });
-  EXPECT_EQ(test::bytes_of(file("protected")), "old");
+  EXPECT_EQ(bytes_of(file("protected")), "old");
   EXPECT_TRUE(fs::is_empty(file("locked")));
   EXPECT_EQ(names(), (name_set{"a", "unreadable", "protected", "locked"}));
   fs::permissions(file("locked"), fs::perms(0755));
 }
 
 TEST_F(CopyFile, IsFile) {
-  test::make_file(file("a"), "");
+  make_file(file("a"), "");
   fs::create_directory(file("folder"));
   fs::create_symlink(file("a"), file("to_a"));
   fs::create_symlink(file("folder"), file("to_folder"));
@@ -205,8 +205,8 @@ TEST_F(CopyFile, IsFile) {
 }
 
 TEST_F(CopyFile, RemoveFile) {
-  test::make_file(file("a"), "bytes");
-  test::make_file(file("b"), "bytes");
+  make_file(file("a"), "bytes");
+  make_file(file("b"), "bytes");
   fs::create_directory(file("folder"));
   fs::create_symlink(file("b"), file("to_b"));
   EXPECT_TRUE(files.remove_file(folder.text(u"\\a")));
@@ -219,4 +219,4 @@ TEST_F(CopyFile, RemoveFile) {
 
 }  // namespace
 
-}  // namespace copy_test
+}  // namespace test

@@ -1,4 +1,4 @@
-// The two ways to keep an unfinished copy, and what a killed process leaves of it.
+// The two ways to keep an unfinished copy, and what remains of it when the process is killed.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sched.h>
@@ -6,7 +6,6 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -17,10 +16,11 @@
 #include <vector>
 
 #include "platform/posix/copy_file.h"
+#include "tests/support/child_process.h"
 #include "tests/support/limited_file_size.h"
 #include "tests/support/temp_folder.h"
 
-namespace copy_test {
+namespace test {
 
 namespace {
 
@@ -44,7 +44,7 @@ class InAFolder {
     return all;
   }
 
-  test::temp_folder folder;
+  temp_folder folder;
 };
 
 class UnfinishedCopy : public InAFolder, public ::testing::TestWithParam<unfinished_copy> {
@@ -56,33 +56,33 @@ class UnfinishedCopy : public InAFolder, public ::testing::TestWithParam<unfinis
 
 TEST_P(UnfinishedCopy, GetsAFreeName) {
   const std::string bytes(300001, 'x');
-  test::make_file(file("a"), bytes);
+  make_file(file("a"), bytes);
   fs::permissions(file("a"), fs::perms(0440));
   EXPECT_TRUE(copy("a", "b"));
-  EXPECT_TRUE(test::bytes_of(file("b")) == bytes);
+  EXPECT_TRUE(bytes_of(file("b")) == bytes);
   EXPECT_EQ(fs::status(file("b")).permissions(), fs::perms(0440));
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
 TEST_P(UnfinishedCopy, ReplacesAFile) {
-  test::make_file(file("a"), "new");
-  test::make_file(file("b"), "old and longer");
+  make_file(file("a"), "new");
+  make_file(file("b"), "old and longer");
   fs::permissions(file("a"), fs::perms(0604));
   EXPECT_TRUE(copy("a", "b"));
-  EXPECT_EQ(test::bytes_of(file("b")), "new");
+  EXPECT_EQ(bytes_of(file("b")), "new");
   EXPECT_EQ(fs::status(file("b")).permissions(), fs::perms(0604));
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
-// The source and the copy take the two descriptors that are free. (The sanitizer of undefined
-// behaviour looks at memory through a pipe, for which none is left.)
+// The source and the copy use the two free descriptors. (The undefined-behaviour sanitizer examines
+// memory through a pipe, for which no descriptor is left.)
 TEST_P(UnfinishedCopy, NeedsTwoDescriptors) {
 #if defined(__has_feature)
 #if __has_feature(undefined_behavior_sanitizer)
   GTEST_SKIP() << "the sanitizer takes descriptors of its own";
 #endif
 #endif
-  test::make_file(file("a"), "bytes");
+  make_file(file("a"), "bytes");
   const int first = ::open("/dev/null", O_RDONLY);
   const int second = ::open("/dev/null", O_RDONLY);
   ASSERT_GE(second, 0);
@@ -96,57 +96,57 @@ TEST_P(UnfinishedCopy, NeedsTwoDescriptors) {
   const bool copied = copy("a", "b");
   ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
   EXPECT_TRUE(copied);
-  EXPECT_EQ(test::bytes_of(file("b")), "bytes");
+  EXPECT_EQ(bytes_of(file("b")), "bytes");
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
 TEST_P(UnfinishedCopy, ReplacesALinkToNothing) {
-  test::make_file(file("a"), "bytes");
+  make_file(file("a"), "bytes");
   fs::create_symlink(file("nowhere"), file("b"));
   EXPECT_TRUE(copy("a", "b"));
   EXPECT_EQ(fs::symlink_status(file("b")).type(), fs::file_type::regular);
-  EXPECT_EQ(test::bytes_of(file("b")), "bytes");
+  EXPECT_EQ(bytes_of(file("b")), "bytes");
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
 TEST_P(UnfinishedCopy, StandsInTheCurrentFolderForANameAlone) {
   const fs::path before = fs::current_path();
   fs::current_path(folder.path());
-  test::make_file("a", "bytes");
+  make_file("a", "bytes");
   EXPECT_TRUE(platform::posix::copy_file("a", "b", GetParam()));
   EXPECT_TRUE(platform::posix::copy_file("a", "b", GetParam()))
       << "and once more, in place of the first copy";
   fs::current_path(before);
-  EXPECT_EQ(test::bytes_of(file("b")), "bytes");
+  EXPECT_EQ(bytes_of(file("b")), "bytes");
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
 TEST_P(UnfinishedCopy, IsDeletedOnFailure) {
-  test::make_file(file("a"), std::string(500000, 'x'));
-  test::make_file(file("b"), "old");
+  make_file(file("a"), std::string(500000, 'x'));
+  make_file(file("b"), "old");
   {
-    const test::limited_file_size limit(300000);
+    const limited_file_size limit(300000);
     EXPECT_FALSE(copy("a", "b"));
     EXPECT_FALSE(copy("a", "c"));
   }
   EXPECT_FALSE(copy("a", "no folder/c"));
   EXPECT_FALSE(copy("a", std::string(256, 'c')));
-  EXPECT_EQ(test::bytes_of(file("b")), "old");
+  EXPECT_EQ(bytes_of(file("b")), "old");
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
-// Files that a killed process left, as many as there are names for a copy that replaces a file.
+// As many files of a killed process as there are names for a copy that replaces a file.
 TEST_P(UnfinishedCopy, LeavesThoseOfOtherProcessesAlone) {
-  test::make_file(file("a"), "new");
-  test::make_file(file("b"), "old");
+  make_file(file("a"), "new");
+  make_file(file("b"), "old");
   for (const int count : {1, 1000}) {
     for (int number = 0; number < count; ++number)
-      test::make_file(file(".copy-" + std::to_string(number)), "left");
+      make_file(file(".copy-" + std::to_string(number)), "left");
     EXPECT_TRUE(copy("a", "b"));
-    EXPECT_EQ(test::bytes_of(file("b")), "new");
+    EXPECT_EQ(bytes_of(file("b")), "new");
     EXPECT_EQ(names().size(), static_cast<std::size_t>(count) + 2);
-    EXPECT_EQ(test::bytes_of(file(".copy-0")), "left");
-    test::make_file(file("b"), "old");
+    EXPECT_EQ(bytes_of(file(".copy-0")), "left");
+    make_file(file("b"), "old");
   }
 }
 
@@ -173,67 +173,55 @@ class UnnamedCopy : public InAFolder, public ::testing::Test {
     return InAFolder::copy(from, to, unfinished_copy::unnamed);
   }
 
-  // The status with which a child process ends that runs `action`.
-  template <class Action>
-  static int status_of_child(Action action) {
-    const pid_t child = ::fork();
-    if (child == 0) ::_exit(action());  // the folder is the parent's to delete
-    int status = -1;
-    EXPECT_EQ(::waitpid(child, &status, 0), child);
-    return status;
-  }
-
-  // A child process that copies a file, and that the system kills in the middle.
-  int status_of_killed_copy(const std::string& from, const std::string& to) const {
-    return status_of_child([&] {
+  // Copies a file in a child process that the system kills halfway.
+  child_outcome<bool> killed_copy(const std::string& from, const std::string& to) const {
+    return run_in_child([&] {
       const rlimit no_core = {0, 0};
       ::setrlimit(RLIMIT_CORE, &no_core);
       const rlimit part = {300000, 300000};
       ::setrlimit(RLIMIT_FSIZE, &part);
       ::signal(SIGXFSZ, SIG_DFL);
-      return copy(from, to) ? 0 : 1;
+      return copy(from, to);
     });
   }
 };
 
 TEST_F(UnnamedCopy, OfAKilledProcessIsGone) {
   const std::string bytes(500000, 'x');
-  test::make_file(file("a"), bytes);
-  test::make_file(file("b"), "old");
+  make_file(file("a"), bytes);
+  make_file(file("b"), "old");
   for (const char* const target : {"b", "c"}) {
-    const int status = status_of_killed_copy("a", target);
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ) << status;
+    EXPECT_EQ(killed_copy("a", target).failure, "SIGXFSZ");
   }
   EXPECT_EQ(names(), (name_set{"a", "b"}));
-  EXPECT_TRUE(test::bytes_of(file("a")) == bytes);
-  EXPECT_EQ(test::bytes_of(file("b")), "old");
+  EXPECT_TRUE(bytes_of(file("a")) == bytes);
+  EXPECT_EQ(bytes_of(file("b")), "old");
 }
 
-// The copy gets its name by way of /proc.
+// The copy gets its name through /proc.
 TEST_F(UnnamedCopy, IsMadeAgainWithANameWhereItCannotGetOne) {
-  constexpr int not_allowed = 77;
+  enum class result { copied, failed, not_allowed };
   const std::string bytes(300001, 'x');
-  test::make_file(file("a"), bytes);
-  test::make_file(file("b"), "old");
-  const int status = status_of_child([this] {
+  make_file(file("a"), bytes);
+  make_file(file("b"), "old");
+  const auto status = run_in_child([this] {
     if (::unshare(CLONE_NEWNS) != 0 ||
         ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
         ::mount("none", "/proc", "tmpfs", 0, nullptr) != 0)
-      return not_allowed;
-    return copy("a", "b") && copy("a", "c") ? 0 : 1;
+      return result::not_allowed;
+    return copy("a", "b") && copy("a", "c") ? result::copied : result::failed;
   });
-  if (WIFEXITED(status) && WEXITSTATUS(status) == not_allowed)
-    GTEST_SKIP() << "only an administrator can take /proc away";
-  EXPECT_EQ(status, 0);
-  EXPECT_TRUE(test::bytes_of(file("b")) == bytes);
-  EXPECT_TRUE(test::bytes_of(file("c")) == bytes);
+  if (status.made == result::not_allowed) GTEST_SKIP() << "only an administrator can unmount /proc";
+  EXPECT_TRUE(status.made == result::copied) << status.failure;
+  EXPECT_TRUE(bytes_of(file("b")) == bytes);
+  EXPECT_TRUE(bytes_of(file("c")) == bytes);
   EXPECT_EQ(names(), (name_set{"a", "b", "c"}));
 }
 
-// Elsewhere in the process the number of the copy's descriptor may mean another file.
+// In other threads of the process the number of the copy's descriptor may mean another file.
 TEST_F(UnnamedCopy, GetsItsNameInAThreadWithDescriptorsOfItsOwn) {
-  test::make_file(file("a"), "bytes");
-  test::make_file(file("other"), "of another thread");
+  make_file(file("a"), "bytes");
+  make_file(file("other"), "of another thread");
   std::promise<void> separate, opened;
   bool copied = false;
   std::thread thread([&] {
@@ -250,9 +238,9 @@ TEST_F(UnnamedCopy, GetsItsNameInAThreadWithDescriptorsOfItsOwn) {
   thread.join();
   for (const int other : others) ::close(other);
   EXPECT_TRUE(copied);
-  EXPECT_EQ(test::bytes_of(file("b")), "bytes");
+  EXPECT_EQ(bytes_of(file("b")), "bytes");
 }
 
 }  // namespace
 
-}  // namespace copy_test
+}  // namespace test
