@@ -25,14 +25,15 @@ double seconds_now(clock_kind clock);
 
 /// One run by the clock.
 struct timing {
-  bool done;
-  std::array<double, 3> phases;  ///< seconds of each phase, in order
-  double together;               ///< seconds from the start of the first to the end of the last
-  std::uint64_t peak_bytes;      ///< resident memory at its highest, above that at the start
+  bool done = true;                   ///< false if the work failed
+  std::array<double, 3> phases = {};  ///< seconds of each phase, in order
+  double together = 0;           ///< seconds from the start of the first to the end of the last
+  std::uint64_t peak_bytes = 0;  ///< resident memory at its highest, above that at the start
 };
 
-/// Runs up to three phases in this process, by the clock. `done` is whether all returned true.
-timing measure_phases(clock_kind clock, std::initializer_list<std::function<bool()>> phases);
+/// Runs up to three phases in this process, by the clock. Whether they did their work is for the
+/// caller to add.
+timing measure_phases(clock_kind clock, std::initializer_list<std::function<void()>> phases);
 
 /// What was measured of one contender on one page.
 struct outcome {
@@ -53,7 +54,7 @@ struct turn_limits {
 /// Lets `run(i)` measure each contender `repetitions` times and adds the timings to
 /// `contenders[i]`. Every run is a process of its own. In each repetition all take their turn,
 /// starting with another one each time, so that a drift of the machine hits all alike. A contender
-/// with a failure, be it from before, takes no more turns.
+/// that has failed, here or before, takes no more turns.
 void measure_in_turns(std::vector<outcome>& contenders, std::size_t repetitions,
                       const std::function<timing(std::size_t)>& run,
                       const turn_limits& limits = {});

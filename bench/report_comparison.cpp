@@ -102,17 +102,13 @@ timing measure_report(contender& subject, const workload_plan& plan, clock_kind 
                       const page_target& target) {
   const workload work(plan);
   warm_up(subject, plan.kind, target);
+  bool saved = false;
   // Truncating an older file would count as saving.
   unlink(target.path().c_str());
-  const timing time = measure_phases(clock, {[&] {
-                                               subject.build(work);
-                                               return true;
-                                             },
-                                             [&] { return subject.save(work, target); },
-                                             [&] {
-                                               subject.destroy();
-                                               return true;
-                                             }});
+  timing time = measure_phases(
+      clock, {[&] { subject.build(work); }, [&] { saved = subject.save(work, target); },
+              [&] { subject.destroy(); }});
+  time.done = saved;
   unlink(target.path().c_str());
   return time;
 }

@@ -67,8 +67,11 @@ std::optional<double> time_per_section(const arrangement& how, std::size_t count
   measure_in_turns(library, chosen.repeat, [&](std::size_t) {
     const boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
     add_sections(*report, how, count);
-    return measure_phases(chosen.clock,
-                          {[&] { return report->Save(folder.c_str(), u"sections.htm"); }});
+    bool saved = false;
+    timing time = measure_phases(chosen.clock,
+                                 {[&] { saved = report->Save(folder.c_str(), u"sections.htm"); }});
+    time.done = saved;
+    return time;
   });
   if (!library.front().failure.empty()) return std::nullopt;
   return median_together(library.front()) / static_cast<double>(count);

@@ -51,11 +51,13 @@ test::child_outcome<timing> run_once(page_reader& subject, const std::string& pa
     limit_memory();
     subject.read(warm_up_path);
     subject.destroy();
-    return measure_phases(clock, {[&] { return subject.read(path); },
-                                  [&] {
-                                    if (destroying) subject.destroy();
-                                    return true;
-                                  }});
+    bool done = false;
+    timing time = measure_phases(clock, {[&] { done = subject.read(path); },
+                                         [&] {
+                                           if (destroying) subject.destroy();
+                                         }});
+    time.done = done;
+    return time;
   };
   return test::run_in_child(run, limit);
 }
