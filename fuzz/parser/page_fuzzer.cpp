@@ -10,12 +10,12 @@
 
 #include "fuzz/support/expect.h"
 #include "fuzz/support/fuzz_input.h"
-#include "tests/parser/parser_reference.h"
-#include "tests/support/dribble_buffer.h"
+#include "tests/parser/plain_parser.h"
 #include "tests/support/guarded_parser.h"
 #include "tests/support/round_trip.h"
 #include "tests/support/tree_check.h"
 #include "tests/support/tree_outline.h"
+#include "tests/support/unit_buffers.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
@@ -171,7 +171,7 @@ reading read(const page_case& how, bool whole, tree& target) {
     read.result.rest = rest_of(Xport::unit_input(parser.input->rdbuf()));
   }
   read.result.messages = test::printable(messages.str());
-  read.result.children = test::outline_with_attributes(target.receiver());
+  read.result.children = test::outline_of_children(target.receiver());
   if (const auto intact = test::is_intact(target.root()); !intact) fuzz::fail(intact.message());
   read.outline = test::outline_of(target.root());
   return read;

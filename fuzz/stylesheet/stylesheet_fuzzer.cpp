@@ -8,7 +8,7 @@
 
 #include "fuzz/support/expect.h"
 #include "fuzz/support/fuzz_input.h"
-#include "tests/stylesheet/sheet_reference.h"
+#include "tests/stylesheet/plain_sheet.h"
 #include "tests/stylesheet/sheet_text.h"
 #include "tests/support/guarded_parser.h"
 #include "tests/support/tree_outline.h"
@@ -87,7 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const ustring text = in.take_text();
 
   if (!has_mark(text)) {
-    const ustring expected = test::expected_listing(text);
+    const ustring expected = test::plain_listing(text);
     fuzz::expect_no(test::outline_difference({test::read_listing(text)}, {expected}));
     fuzz::expect_no(test::outline_difference({test::read_listing(text, window)}, {expected}));
   }

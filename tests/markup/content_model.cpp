@@ -4,15 +4,12 @@
 #include <set>
 #include <sstream>
 #include <stdexcept>
+#include <vector>
 
-#include "tests/support/content_rows.h"
-
-namespace test::content_model {
-
+namespace test {
 namespace {
 
-// All names in the order of their numbers. Those in capitals are elements that
-// Strict lacks.
+// All names in the order of their numbers. Those in capitals are elements that Strict lacks.
 const char rows[] =
     "doc_root a abbr acronym address APPLET area b base BASEFONT bdo big blockquote body br button "
     "caption CENTER cite code col colgroup dd del dfn DIR div dl dt em fieldset FONT form FRAME "
@@ -21,80 +18,110 @@ const char rows[] =
     "select small span STRIKE strong style sub sup table tbody td textarea tfoot th thead title "
     "tr tt U ul var INVALID";
 
-// What can't be used keeps the two numbers of the row before it.
-const content_row unusable_rows[] = {
-    {"APPLET", 1, 2, "", ""},
-    {"BASEFONT NOFRAMES INVALID", 0, 0, "", ""},
-    {"CENTER", 0, 2, "", ""},
-    {"DIR IFRAME S STRIKE U", 2, 2, "", ""},
-    {"FONT FRAME FRAMESET", 1, 3, "", ""},
-    {"ISINDEX", 0, 3, "", ""},
-    {"MENU", 2, 1, "", ""},
+const char blocks[] =
+    "address blockquote div dl doc_root fieldset form h1 h2 h3 h4 h5 h6 hr noscript ol p pre "
+    "table ul";
+
+const char inlines[] =
+    "a abbr acronym b bdo big br button cite code dfn em i img input kbd label map object q samp "
+    "script select small span strong sub sup textarea tt var";
+
+struct content {
+  const char* parents;
+  const char* children;  // +block and +inline stand for the groups above, -x takes x out again
 };
 
-struct rule {
-  std::string name;
-  std::uint32_t category;
-  std::uint32_t content;
-  std::set<std::string> named;
-  std::set<std::string> excluded;
+const content contents[] = {
+    {"area base br col hr img input link meta param", ""},
+    {"head", "base link meta script style title"},
+    {"html", "body head"},
+    {"colgroup", "col"},
+    {"optgroup", "option"},
+    {"select", "optgroup option"},
+    {"table", "caption col colgroup tbody tfoot thead tr"},
+    {"tbody tfoot thead", "tr"},
+    {"tr", "td th"},
+    {"dl", "dd dt"},
+    {"ol ul", "li"},
+    {"body", "+block del ins script"},
+    {"blockquote", "+block script"},
+    {"map", "+block area"},
+    {"option script style textarea title", "+text"},
+    {"abbr acronym b bdo big caption cite code dfn dt em h1 h2 h3 h4 h5 h6 i kbd legend p q samp "
+     "small span strong sub sup tt var",
+     "+text +inline"},
+    {"a", "+text +inline -a"},
+    {"address", "+text +inline p"},
+    {"label", "+text +inline -label"},
+    {"pre", "+text +inline -big -img -object -small -sub -sup"},
+    {"dd del div ins li noscript td th", "+text +block +inline"},
+    {"button", "+text +block +inline -a -button -fieldset -form -input -label -select -textarea"},
+    {"doc_root", "+text +block +inline html"},
+    {"fieldset", "+text +block +inline legend"},
+    {"form", "+text +block +inline -form"},
+    {"object", "+text +block +inline param"},
+    // What can't be used admits by category what the row before it does.
+    {"BASEFONT INVALID NOFRAMES", ""},
+    {"MENU", "+block"},
+    {"APPLET CENTER DIR IFRAME S STRIKE U", "+text +inline"},
+    {"FONT FRAME FRAMESET ISINDEX", "+text +block +inline"},
 };
 
-std::set<std::string> words(const char* text) {
+using names = std::set<std::string>;
+
+std::vector<std::string> words(const char* text) {
   std::istringstream stream(text);
-  std::set<std::string> found;
-  for (std::string word; stream >> word;) found.insert(word);
+  std::vector<std::string> found;
+  for (std::string word; stream >> word;) found.push_back(word);
   return found;
 }
 
-const rule& rule_of(int number) {
-  static const auto rules = [] {
-    std::map<std::string, rule> by_name;
-    const auto add = [&by_name](const content_row& row) {
-      for (const std::string& member : words(row.elements))
-        if (!by_name
-                 .insert({member,
-                          {member, row.category_flags, row.content_flags,
-                           words(row.allowed_children), words(row.excluded_children)}})
-                 .second)
-          throw std::logic_error(member + " stands in two rows");
-    };
-    for (const content_row& row : content_rows) add(row);
-    for (const content_row& row : unusable_rows) add(row);
-    std::map<int, rule> by_number;
-    std::istringstream stream(rows);
-    for (std::string name; stream >> name;)
-      by_number.insert({static_cast<int>(by_number.size()), by_name.at(name)});
-    if (by_number.size() != row_count + 1) throw std::logic_error("a row is missing");
-    return by_number;
-  }();
-  return rules.at(number);
+names children_of(const char* text) {
+  names found;
+  for (const std::string& word : words(text)) {
+    if (word == "+block" || word == "+inline")
+      for (const std::string& name : words(word == "+block" ? blocks : inlines)) found.insert(name);
+    else if (word[0] == '-')
+      found.erase(word.substr(1));
+    else
+      found.insert(word);
+  }
+  return found;
 }
 
-bool is_usable(const rule& r) { return r.name[0] >= 'a' && r.name[0] <= 'z'; }
+const std::vector<std::string>& row_names() {
+  static const std::vector<std::string> all = words(rows);
+  return all;
+}
+
+const names& children(int parent) {
+  static const auto by_name = [] {
+    std::map<std::string, names> all;
+    for (const content& row : contents)
+      for (const std::string& name : words(row.parents))
+        if (!all.insert({name, children_of(row.children)}).second)
+          throw std::logic_error(name + " stands in two rows");
+    if (all.size() != row_count + 1) throw std::logic_error("a row is missing");
+    return all;
+  }();
+  return by_name.at(row_names().at(static_cast<std::size_t>(parent)));
+}
 
 }  // namespace
 
-bool takes_element(int parent, int child) {
-  const rule& outer = rule_of(parent);
-  const rule& inner = rule_of(child);
-  if (!is_usable(inner)) return false;
-  const bool by_block = inner.category == 1 && (outer.content == 1 || outer.content == 3);
-  const bool by_inline = inner.category == 2 && (outer.content == 2 || outer.content == 3);
-  if (by_block || by_inline) return outer.excluded.count(inner.name) == 0;
-  return outer.named.count(inner.name) != 0;
+bool may_contain(int parent, int child) {
+  return children(parent).count(row_names().at(static_cast<std::size_t>(child))) != 0;
 }
 
-bool takes_text(int parent) { return rule_of(parent).content >= 2; }
+bool may_contain_text(int parent) { return children(parent).count("+text") != 0; }
 
-bool takes_nothing(int parent) {
-  return rule_of(parent).content == 0 && rule_of(parent).named.empty();
-}
+bool may_contain_nothing(int parent) { return children(parent).empty(); }
 
-std::string name_of(int number) {
+std::string row_name(int number) {
   if (number == 0) return "document root";
-  if (number == 92) return "invalid tag";
-  return is_usable(rule_of(number)) ? rule_of(number).name : std::string();
+  if (number == row_count) return "invalid tag";
+  const std::string& name = row_names().at(static_cast<std::size_t>(number));
+  return name[0] >= 'a' && name[0] <= 'z' ? name : std::string();
 }
 
-}  // namespace test::content_model
+}  // namespace test

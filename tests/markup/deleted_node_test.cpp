@@ -1,4 +1,4 @@
-// How nodes give their memory back, those of derived classes too.
+// How nodes free their memory, those of derived classes too.
 
 #include <gtest/gtest.h>
 
@@ -16,38 +16,26 @@
 #include "tests/support/allocation_failure.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
 
-using test::counted_comment;
-using test::element;
-using test::is_tree;
-using test::told_element;
-using test::wrapper;
-using Xport::const_markup_iterator;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_pcdata;
-
-TEST(DeletedNodes, EveryClassGivesItsMemoryBack) {
+TEST(DeletedNodes, EveryClassFreesItsMemory) {
   const ustring long_text(3000, u'x');
   std::vector<std::unique_ptr<xhtml_markup>> nodes;
   nodes.reserve(7);
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   nodes.emplace_back(new xhtml_markup);
   nodes.emplace_back(new xhtml_pcdata(long_text));
-  nodes.emplace_back(new Xport::xhtml_comment(u"c"));
-  nodes.emplace_back(new Xport::xhtml_processing_instruction(long_text));
-  nodes.emplace_back(new Xport::xhtml_doctype_declaration);
+  nodes.emplace_back(new xhtml_comment(u"c"));
+  nodes.emplace_back(new xhtml_processing_instruction(long_text));
+  nodes.emplace_back(new xhtml_doctype_declaration);
   nodes.emplace_back(new xhtml_element(tag_id::p, u"id", long_text));
   nodes.emplace_back(new told_element(tag_id::p));
   for (int i = 0; i < 3; ++i) *nodes[5] << u"t" << long_text << *nodes[2];
   for (const auto& node : nodes)
     if (xhtml_markup* const copy = node->clone()) delete copy;
   nodes.clear();
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 struct other_base {
@@ -83,7 +71,7 @@ struct throwing_wide_element : wide_element {
 };
 
 TEST(DeletedNodes, ClassesOfAnyAlignment) {
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   {
     const std::unique_ptr<xhtml_markup> node(new wide_element);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(node.get()) % 64, 0u);
@@ -92,11 +80,11 @@ TEST(DeletedNodes, ClassesOfAnyAlignment) {
     xhtml_doc doc(1);
     EXPECT_FALSE(doc.body()->adopt_child(new wide_element) == doc.body()->end());
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(DeletedNodes, ClassesWithTheNodeAsTheirSecondBase) {
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   {
     const std::unique_ptr<xhtml_markup> node(new second_element);
     *node << u"a" << second_element();
@@ -105,23 +93,23 @@ TEST(DeletedNodes, ClassesWithTheNodeAsTheirSecondBase) {
     doc.body()->append_copy(*node);
     EXPECT_TRUE(is_tree(*doc.body(), "body(div('a' div))"));
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(DeletedNodes, NewWithoutExceptions) {
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   delete new (std::nothrow) told_element(tag_id::p);
   delete new (std::nothrow) wide_element;
   EXPECT_THROW(delete new (std::nothrow) throwing_element, std::runtime_error);
   EXPECT_THROW(delete new (std::nothrow) throwing_wide_element, std::runtime_error);
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(DeletedNodes, ConstructorThatThrowsLosesNothing) {
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   EXPECT_THROW(delete new throwing_element, std::runtime_error);
   EXPECT_THROW(delete new throwing_wide_element, std::runtime_error);
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(DeletedNodes, PlacementAndArraysAreAsForAnyClass) {
@@ -129,16 +117,16 @@ TEST(DeletedNodes, PlacementAndArraysAreAsForAnyClass) {
   xhtml_element* const placed = new (memory) xhtml_element(tag_id::p, u"id", {});
   EXPECT_EQ(static_cast<void*>(placed), memory);
   placed->~xhtml_element();
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   delete[] new xhtml_markup[3];
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 /// Looks at its children when it is destroyed.
 struct watching_element : told_element {
   explicit watching_element(std::string& seen_at_the_end)
       : told_element(tag_id::div), seen(seen_at_the_end) {}
-  ~watching_element() override { seen += test::outline(*begin()) + " "; }
+  ~watching_element() override { seen += bare_outline(*begin()) + " "; }
 
   std::string& seen;
 };
@@ -207,46 +195,47 @@ xhtml_element sample(int& alive) {
 template <class Operation>
 void refuse_each(Operation operation, const xhtml_markup& tree, const std::string& before) {
   const std::size_t failures =
-      test::fail_each_allocation([&] { operation(); }, [&] { EXPECT_TRUE(is_tree(tree, before)); });
+      fail_each_allocation([&] { operation(); }, [&] { EXPECT_TRUE(is_tree(tree, before)); });
   EXPECT_GE(failures, 3u);
 }
 
 TEST(DerivedNodesInRefusedMemory, InsertionChangesNothing) {
   int alive = 0;
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   {
     const xhtml_element source = sample(alive);
     xhtml_element heap = element(tag_id::div);
     refuse_each([&] { heap.append_copy(source); }, heap, "div");
     refuse_each([&] { heap.push_front_copy(*std::next(source.begin())); }, heap,
-                test::outline(heap));
+                bare_outline(heap));
     xhtml_doc doc(1);
     refuse_each([&] { doc.body()->append_copy(source); }, *doc.body(), "body");
     told_element derived(tag_id::div);
     refuse_each([&] { derived.append_copy(source); }, derived, "div");
     const ustring long_text(300, u'c');
-    const std::string tree = test::outline(derived);
-    const std::size_t failures = test::fail_each_allocation(
-        [&] { derived.append_text(long_text); }, [&] { EXPECT_TRUE(is_tree(derived, tree)); });
+    const std::string tree = bare_outline(derived);
+    const std::size_t failures = fail_each_allocation([&] { derived.append_text(long_text); },
+                                                      [&] { EXPECT_TRUE(is_tree(derived, tree)); });
     EXPECT_EQ(failures, 3u) << "the units of the prototype, the node, and its units";
   }
   EXPECT_EQ(alive, 0);
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(DerivedNodesInRefusedMemory, CopiesAreUndone) {
   int alive = 0;
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   {
     const xhtml_element source = sample(alive);
     const int kept = alive;
     const auto check = [&] { EXPECT_EQ(alive, kept); };
-    EXPECT_GE(test::fail_each_allocation([&] { const xhtml_element copy(source); }, check), 3u);
-    EXPECT_GE(test::fail_each_allocation([&] { const wrapper copy(source); }, check), 3u);
-    EXPECT_GE(test::fail_each_allocation([&] { delete source.clone(); }, check), 3u);
+    EXPECT_GE(fail_each_allocation([&] { const xhtml_element copy(source); }, check), 3u);
+    EXPECT_GE(fail_each_allocation([&] { const wrapper copy(source); }, check), 3u);
+    EXPECT_GE(fail_each_allocation([&] { delete source.clone(); }, check), 3u);
   }
   EXPECT_EQ(alive, 0);
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 }  // namespace
+}  // namespace test

@@ -1,6 +1,7 @@
 #ifndef TESTS_MARKUP_DERIVED_NODE_KIT_H
 #define TESTS_MARKUP_DERIVED_NODE_KIT_H
 
+#include "tests/support/names.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 
@@ -10,14 +11,14 @@ namespace test {
 
 /// An element that says what a host tells it to.
 struct told_element : Xport::xhtml_element {
-  explicit told_element(Xport::tag_id tag) : xhtml_element(tag, {}, {}) {}
+  explicit told_element(tag_id tag) : xhtml_element(tag, {}, {}) {}
   told_element(const told_element&) = default;
 
   bool takes_text = true;
-  Xport::tag_id number = Xport::tag_id::div;
+  tag_id number = tag_id::div;
 
   bool accepts_text() const override { return takes_text; }
-  Xport::tag_id tag() const override { return number; }
+  tag_id tag() const override { return number; }
   Xport::xhtml_markup* clone() const override { return new told_element(*this); }
 };
 
@@ -40,7 +41,7 @@ struct without_clone : counted_comment {
 
 struct cloned_as_text : counted_comment {
   using counted_comment::counted_comment;
-  Xport::xhtml_markup* clone() const override { return new Xport::xhtml_pcdata(u"clone"); }
+  Xport::xhtml_markup* clone() const override { return new xhtml_pcdata(u"clone"); }
 };
 
 /// A node of a host with the base's copy constructor alone.

@@ -13,25 +13,8 @@
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::cloned_as_text;
-using test::counted_comment;
-using test::element;
-using test::is_tree;
-using test::told_element;
-using test::without_clone;
-using test::wrapper;
-using Xport::const_markup_iterator;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::Tag_trait_handle;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_pcdata;
 
 /// Answers each question as it is told to.
 struct told_node : xhtml_markup {
@@ -48,13 +31,13 @@ struct told_node : xhtml_markup {
 };
 
 // Any record will do: only whether there is one counts.
-const Tag_trait_handle some_trait(Xport::tag_table[tag_id::b]);
+const Tag_trait_handle some_trait(tag_table[tag_id::b]);
 
 bool contains(tag_id parent, const xhtml_markup& node) { return element(parent).can_contain(node); }
 
 // --- can_contain ---
 
-TEST(DerivedCanContain, CategoryOfTextIsTakenWhereTextIs) {
+TEST(DerivedCanContain, CategoryOfTextIsAcceptedWhereTextIs) {
   told_node node;
   node.category = 4;
   EXPECT_TRUE(contains(tag_id::p, node));
@@ -71,7 +54,7 @@ TEST(DerivedCanContain, CategoryOfTextDecidesBeforeTheKind) {
   EXPECT_FALSE(contains(tag_id::ul, node)) << "though it says that it is a comment";
 }
 
-TEST(DerivedCanContain, CommentsAndInstructionsAreTakenEverywhere) {
+TEST(DerivedCanContain, CommentsAndInstructionsAreAcceptedEverywhere) {
   for (const std::int32_t kind : {3, 4}) {
     told_node node;
     node.kind = kind;
@@ -81,7 +64,7 @@ TEST(DerivedCanContain, CommentsAndInstructionsAreTakenEverywhere) {
   }
 }
 
-TEST(DerivedCanContain, DoctypeIsTakenByTheRootAlone) {
+TEST(DerivedCanContain, DoctypeIsAcceptedByTheRootAlone) {
   told_node node;
   node.kind = 1;
   EXPECT_TRUE(contains(tag_id::doc_root, node));
@@ -134,9 +117,9 @@ TEST(DerivedCanContain, ParentIsAskedWhetherItAcceptsText) {
 
 TEST(DerivedCanContain, ParentIsAskedWhetherItIsTheRoot) {
   told_element div(tag_id::div);
-  EXPECT_FALSE(div.can_contain(Xport::xhtml_doctype_declaration()));
+  EXPECT_FALSE(div.can_contain(xhtml_doctype_declaration()));
   div.number = tag_id::doc_root;
-  EXPECT_TRUE(div.can_contain(Xport::xhtml_doctype_declaration()));
+  EXPECT_TRUE(div.can_contain(xhtml_doctype_declaration()));
 }
 
 // --- Insertion ---
@@ -152,7 +135,7 @@ TEST(DerivedInsertion, WhatIsInsertedIsTheClone) {
     EXPECT_NE(dynamic_cast<const counted_comment*>(at.cell()), nullptr);
     EXPECT_EQ(at->parent(), &p);
     p.insert_copy(at, cloned_as_text(alive));
-    EXPECT_TRUE(is_tree(p, "p('clone' #counted)"));
+    EXPECT_TRUE(is_tree(p, "p('clone' #counted#)"));
   }
   EXPECT_EQ(alive, 0);
 }
@@ -172,7 +155,7 @@ TEST(DerivedInsertion, NodeWithoutACloneCanBeAdopted) {
   {
     xhtml_doc doc(1);
     EXPECT_FALSE(doc.body()->adopt_child(new without_clone(alive)) == doc.body()->end());
-    EXPECT_TRUE(is_tree(*doc.body(), "body(#counted)"));
+    EXPECT_TRUE(is_tree(*doc.body(), "body(#counted#)"));
     EXPECT_EQ(alive, 1);
   }
   EXPECT_EQ(alive, 0) << "the document was dropped";
@@ -195,7 +178,7 @@ struct noting_element : told_element {
   std::vector<std::string> inserted;
 
   markup_iterator insert_copy(const_markup_iterator, const xhtml_markup& node) override {
-    inserted.push_back(test::outline(node));
+    inserted.push_back(bare_outline(node));
     return end();
   }
 };
@@ -255,10 +238,10 @@ struct careless_element : xhtml_element {
   bool can_contain(const xhtml_markup&) const override { return true; }
 };
 
-TEST(DerivedInsertion, NodeOfNoKindHasNoCloneEvenWhereItIsTaken) {
+TEST(DerivedInsertion, NodeOfNoKindHasNoCloneEvenWhereItIsAccepted) {
   careless_element div;
   EXPECT_TRUE(div.append_copy(xhtml_markup()) == div.end());
-  div << *div.end() << Xport::xhtml_end_tag(u"</p>");
+  div << *div.end() << xhtml_end_tag(u"</p>");
   EXPECT_TRUE(div.begin() == div.end());
 
   xhtml_element with_text = element(tag_id::div);
@@ -266,7 +249,7 @@ TEST(DerivedInsertion, NodeOfNoKindHasNoCloneEvenWhereItIsTaken) {
   div.adopt_child(new xhtml_markup(with_text));
   div << u"y";
   EXPECT_EQ(std::distance(div.begin(), div.end()), 2);
-  EXPECT_EQ(test::outline(careless_element(div)), "div('y')") << "left out of the copy";
+  EXPECT_EQ(bare_outline(careless_element(div)), "div('y')") << "left out of the copy";
 }
 
 // --- Copies ---
@@ -283,14 +266,14 @@ TEST(DerivedCopy, ChildrenAreCopiedByTheirClone) {
     EXPECT_EQ(alive, 2) << "one comment, one without a clone";
 
     const xhtml_element copy(div);
-    EXPECT_EQ(test::outline(copy), "div(p('a' #counted 'clone' br) ul)");
+    EXPECT_EQ(bare_outline(copy), "div(p('a' #counted# 'clone' br) ul)");
     EXPECT_NE(dynamic_cast<const told_element*>(&*std::next(copy.begin())), nullptr);
     EXPECT_EQ(alive, 3);
 
     xhtml_doc doc(1);
     doc.body()->append_copy(div);
-    EXPECT_TRUE(test::is_intact(*doc.root()));
-    EXPECT_EQ(test::outline(*doc.body()), "body(div(p('a' #counted 'clone' br) ul))");
+    EXPECT_TRUE(is_intact(*doc.root()));
+    EXPECT_EQ(bare_outline(*doc.body()), "body(div(p('a' #counted# 'clone' br) ul))");
     EXPECT_EQ(alive, 4);
   }
   EXPECT_EQ(alive, 0);
@@ -318,10 +301,10 @@ TEST(DerivedCopy, CopyConstructorOfTheBaseCopiesTheChildren) {
     EXPECT_EQ(copy.tag(), tag_id::invalid_tag);
     std::string children;
     for (const xhtml_markup& child : copy) {
-      children += test::outline(child) + " ";
+      children += bare_outline(child) + " ";
       EXPECT_EQ(child.parent(), &copy);
     }
-    EXPECT_EQ(children, "'a' #counted p('b') ");
+    EXPECT_EQ(children, "'a' #counted# p('b') ");
     EXPECT_TRUE(--copy.end() != copy.begin());
 
     const wrapper second(copy);
@@ -350,3 +333,4 @@ TEST(DerivedCopy, CopyThroughTheBaseHasTheParentOfTheOriginal) {
 }
 
 }  // namespace
+}  // namespace test

@@ -1,21 +1,17 @@
 // A tree that is a million levels deep is walked on a small machine stack.
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 #include <cstddef>
 #include <string>
 
 #include "tests/markup/tree_text.h"
+#include "tests/support/small_stack.h"
 #include "xport/markup/descendant_markup_iterator.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using Xport::descendant_markup_iterator;
-using Xport::tag_id;
-using Xport::xhtml_doc;
-using Xport::xhtml_markup;
 
 constexpr std::size_t depth = 1'000'000;
 
@@ -25,7 +21,7 @@ void walk_deep_tree() {
   for (std::size_t level = 0; level != depth; ++level)
     parent = append_element(*parent, tag_id::span).cell();
   *parent << u"x";
-  parent->set_attribute(Xport::attr_id::id, u"deepest");
+  parent->set_attribute(attr_id::id, u"deepest");
   *doc.root() << u"y";
 
   std::size_t elements = 0;
@@ -35,7 +31,7 @@ void walk_deep_tree() {
     if (at->tag() == tag_id::span)
       ++elements;
     else if (at->node_kind() == 5)
-      texts += test::text_of(*at);
+      texts += text_of(*at);
   }
   EXPECT_EQ(elements, depth);
   EXPECT_EQ(texts, "xy");
@@ -44,17 +40,8 @@ void walk_deep_tree() {
 }
 
 TEST(DescendantDepth, AMillionLevelsOnASmallStack) {
-  pthread_attr_t attributes;
-  ASSERT_EQ(::pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::size_t{1} << 20), 0);
-  pthread_t thread;
-  const auto run = [](void*) -> void* {
-    walk_deep_tree();
-    return nullptr;
-  };
-  ASSERT_EQ(::pthread_create(&thread, &attributes, run, nullptr), 0);
-  EXPECT_EQ(::pthread_join(thread, nullptr), 0);
-  ::pthread_attr_destroy(&attributes);
+  on_small_stack(std::size_t{1} << 20, walk_deep_tree);
 }
 
 }  // namespace
+}  // namespace test

@@ -13,18 +13,8 @@
 #include "tests/support/allocation_failure.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::element;
-using Xport::attr_id;
-using Xport::descendant_markup_iterator;
-using Xport::find_by_id;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 static_assert(std::has_virtual_destructor_v<descendant_markup_iterator>);
 static_assert(std::is_same_v<decltype(*descendant_markup_iterator()), xhtml_markup&>);
@@ -39,7 +29,7 @@ descendant_markup_iterator end_of(xhtml_markup& node) {
 }
 
 std::string name_of(const xhtml_markup& node) {
-  return node.node_kind() == 2 ? test::printable(node.tag_name()) : test::text_of(node);
+  return node.node_kind() == 2 ? printable(node.tag_name()) : text_of(node);
 }
 
 // The names of what is walked, `steps` nodes at most.
@@ -60,7 +50,7 @@ void go_to(descendant_markup_iterator& at, const std::string& name) {
   while (name_of(*at) != name) ++at;
 }
 
-xhtml_element with_id(tag_id tag, Xport::ustring_view id) { return xhtml_element(tag, id, {}); }
+xhtml_element with_id(tag_id tag, ustring_view id) { return xhtml_element(tag, id, {}); }
 
 /// div(p('a' em('b') 'c') ul(li('d') li) p 'e')
 class DescendantMarkupIterator : public testing::Test {
@@ -134,10 +124,10 @@ TEST_F(DescendantMarkupIterator, ItsCurrentPositionServesInsertions) {
   go_to(at, "c");
   xhtml_markup& p = *div.begin();
   EXPECT_TRUE(p.insert_text(at.current(), u"x") != p.end());
-  EXPECT_TRUE(test::is_tree(div, "div(p('a' em('b') 'x' 'c') ul(li('d') li) p 'e')"));
+  EXPECT_TRUE(is_tree(div, "div(p('a' em('b') 'x' 'c') ul(li('d') li) p 'e')"));
 }
 
-TEST_F(DescendantMarkupIterator, EqualsWhereNodeAndListAreWhateverTheWay) {
+TEST_F(DescendantMarkupIterator, EqualsWhereNodeAndListAreByAnyWay) {
   descendant_markup_iterator with_way = begin_of(div);
   go_to(with_way, "b");
   const descendant_markup_iterator without_way(with_way.current(), &div, false);
@@ -166,9 +156,9 @@ TEST_F(DescendantMarkupIterator, DoesNotLeaveItsRoot) {
 }
 
 TEST_F(DescendantMarkupIterator, ALeafIsARootToo) {
-  Xport::xhtml_pcdata text(u"text");
+  xhtml_pcdata text(u"text");
   EXPECT_EQ(walked(text), "text");
-  Xport::xhtml_comment comment(u"note");
+  xhtml_comment comment(u"note");
   EXPECT_EQ(walked(comment), "note");
   xhtml_markup node;
   descendant_markup_iterator at = begin_of(node);
@@ -188,10 +178,10 @@ TEST_F(DescendantMarkupIterator, ALastChildAtEachDepthLeadsUpManyLevelsAtOnce) {
 TEST_F(DescendantMarkupIterator, NodesCanBeChanged) {
   for (descendant_markup_iterator at = begin_of(div); at != end_of(div); ++at)
     if (at->node_kind() == 5) *at << u"!";
-  EXPECT_TRUE(test::is_tree(div, "div(p('a!' em('b!') 'c!') ul(li('d!') li) p 'e!')"));
+  EXPECT_TRUE(is_tree(div, "div(p('a!' em('b!') 'c!') ul(li('d!') li) p 'e!')"));
 }
 
-TEST_F(DescendantMarkupIterator, WhatIsInsertedBehindIsWalked) {
+TEST_F(DescendantMarkupIterator, WhatIsInsertedAfterIsWalked) {
   descendant_markup_iterator at = begin_of(div);
   go_to(at, "c");
   div.begin()->append_text(u"x");
@@ -207,7 +197,7 @@ TEST_F(DescendantMarkupIterator, ItsEndLeadsToANodeOfNoKind) {
   EXPECT_EQ(doc.descendant_end()->node_kind(), 0);
 }
 
-TEST_F(DescendantMarkupIterator, GoesRoundTheListOfTheRoot) {
+TEST_F(DescendantMarkupIterator, WrapsAroundInTheListOfTheRoot) {
   descendant_markup_iterator at = begin_of(div);
   walked(at, end_of(div));
   ++at;
@@ -293,7 +283,7 @@ TEST_F(DescendantMarkupIterator, WithoutMemoryItStaysWhereItIs) {
   while (at != end_of(div)) {
     names += (names.empty() ? "" : " ") + name_of(*at);
     const xhtml_markup* const node = &*at;
-    failures += test::fail_each_allocation([&] { ++at; }, [&] { EXPECT_EQ(&*at, node); });
+    failures += fail_each_allocation([&] { ++at; }, [&] { EXPECT_EQ(&*at, node); });
   }
   EXPECT_EQ(names, order);
   EXPECT_GT(failures, 0u);
@@ -303,20 +293,20 @@ TEST_F(DescendantMarkupIterator, AnAssignmentWithoutMemoryChangesNothing) {
   descendant_markup_iterator at = begin_of(div);
   go_to(at, "b");
   descendant_markup_iterator target = begin_of(div);
-  const std::size_t failures = test::fail_each_allocation(
-      [&] { target = at; }, [&] { EXPECT_TRUE(target == begin_of(div)); });
+  const std::size_t failures =
+      fail_each_allocation([&] { target = at; }, [&] { EXPECT_TRUE(target == begin_of(div)); });
   EXPECT_GT(failures, 0u);
   EXPECT_EQ(walked(target, end_of(div)), "b c ul li d li p e");
 }
 
-TEST_F(DescendantMarkupIterator, ALongListTakesNoMemory) {
+TEST_F(DescendantMarkupIterator, ALongListAllocatesNothing) {
   xhtml_element list = element(tag_id::ul);
   for (int i = 0; i < 100; ++i) append_element(list, tag_id::li);
-  const std::size_t before = test::allocation_calls();
+  const std::size_t before = allocation_calls();
   std::size_t nodes = 0;
   for (descendant_markup_iterator at = begin_of(list); at != end_of(list); ++at) ++nodes;
   EXPECT_EQ(nodes, 101u);
-  EXPECT_EQ(test::allocation_calls(), before);
+  EXPECT_EQ(allocation_calls(), before);
 }
 
 /// div(p#one(em#two) p#two ul(li#three) p#Two)
@@ -331,14 +321,14 @@ class FindById : public testing::Test {
     *doc.root()->begin() << p << with_id(tag_id::p, u"two") << ul << with_id(tag_id::p, u"Two");
   }
 
-  descendant_markup_iterator find(Xport::ustring_view id) {
+  descendant_markup_iterator find(ustring_view id) {
     return find_by_id(doc.descendant_begin(), doc.descendant_end(), id);
   }
 
   xhtml_doc doc{0};
 };
 
-TEST_F(FindById, GivesTheFirstOfSeveralInDocumentOrder) {
+TEST_F(FindById, ReturnsTheFirstOfSeveralInDocumentOrder) {
   EXPECT_EQ(find(u"two")->tag(), tag_id::em);
   EXPECT_EQ(find(u"one")->tag(), tag_id::p);
   EXPECT_EQ(find(u"three")->tag(), tag_id::li);
@@ -357,7 +347,7 @@ TEST_F(FindById, EqualsTheEndIfThereIsNone) {
 TEST_F(FindById, ComparesTheWholeTextUnitByUnit) {
   EXPECT_EQ(&*find(u"Two"), &*std::prev(doc.root()->begin()->end()));
   for (const ustring id : {u"TWO", u"tw", u"twoo", u" two", u"two ", u"tw\u00F6"})
-    EXPECT_TRUE(find(id) == doc.descendant_end()) << test::printable(id);
+    EXPECT_TRUE(find(id) == doc.descendant_end()) << printable(id);
   const ustring zero(u"two\0", 4);
   EXPECT_TRUE(find(zero) == doc.descendant_end());
   doc.root()->begin()->begin()->set_attribute(attr_id::id, zero);
@@ -415,3 +405,4 @@ TEST_F(FindById, EndsWhereTheWalkDoesNotComeToTheLast) {
 }
 
 }  // namespace
+}  // namespace test

@@ -10,21 +10,12 @@
 #include <vector>
 
 #include "tests/markup/tree_text.h"
+#include "tests/support/golden.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
-
-using test::element;
-using test::is_tree;
-using Xport::attr_id;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_stream;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_writer;
 
 static_assert(std::has_virtual_destructor_v<xhtml_doc>);
 
@@ -59,7 +50,7 @@ xhtml_markup* adopt(xhtml_markup* parent, tag_id tag) {
 
 TEST(Document, OfMode1HasTheSkeleton) {
   xhtml_doc doc(1);
-  EXPECT_TRUE(is_tree(*doc.root(), "document root(! html(head(title) body))"));
+  EXPECT_TRUE(is_tree(*doc.root(), "document root(!! html(head(title) body))"));
   EXPECT_EQ(doc.html(), std::next(doc.root()->begin()).cell());
   EXPECT_EQ(doc.head(), doc.html()->begin().cell());
   EXPECT_EQ(doc.title(), doc.head()->begin().cell());
@@ -133,15 +124,15 @@ TEST(Document, FindsNoTitleWithoutAHead) {
 
 TEST(Reindex, FindsAllOfAFreshTree) {
   xhtml_doc doc(0);
-  *doc.root() << Xport::xhtml_comment(u"above");
+  *doc.root() << xhtml_comment(u"above");
   xhtml_markup* const html = adopt(doc.root(), tag_id::html);
   xhtml_markup* const head = adopt(html, tag_id::head);
   adopt(head, tag_id::meta);
   xhtml_markup* const title = adopt(head, tag_id::title);
-  *head << Xport::xhtml_comment(u"in head");
-  xhtml_markup* const stray = html->append_copy(Xport::xhtml_comment(u"stray")).cell();
+  *head << xhtml_comment(u"in head");
+  xhtml_markup* const stray = html->append_copy(xhtml_comment(u"stray")).cell();
   xhtml_markup* const body = adopt(html, tag_id::body);
-  *body << Xport::xhtml_comment(u"in body");
+  *body << xhtml_comment(u"in body");
   doc.reindex();
   EXPECT_EQ(doc.html(), html);
   EXPECT_EQ(doc.head(), head);
@@ -153,7 +144,7 @@ TEST(Reindex, FindsAllOfAFreshTree) {
 TEST(Reindex, OfAnEmptyTreeFindsNothing) {
   xhtml_doc doc(0);
   doc.reindex();
-  *doc.root() << Xport::xhtml_comment(u"c") << element(tag_id::p);
+  *doc.root() << xhtml_comment(u"c") << element(tag_id::p);
   doc.reindex();
   EXPECT_EQ(doc.html(), nullptr);
   EXPECT_EQ(doc.head(), nullptr);
@@ -173,7 +164,7 @@ TEST(Reindex, OfASkeletonFindsWhatWasKnown) {
     EXPECT_EQ(doc.body(), known[3]);
     EXPECT_EQ(doc.stray(), nullptr);
   }
-  EXPECT_TRUE(is_tree(*doc.root(), "document root(! html(head(title) body))"));
+  EXPECT_TRUE(is_tree(*doc.root(), "document root(!! html(head(title) body))"));
 }
 
 // Where there are two of a kind the last one is known and both stay alive.
@@ -182,8 +173,8 @@ TEST(Reindex, FindsTheLastOfSeveralAndKeepsAll) {
   xhtml_markup* const first_head = doc.head();
   xhtml_markup* const first_body = doc.body();
   adopt(first_head, tag_id::title);
-  *doc.html() << Xport::xhtml_comment(u"one") << Xport::xhtml_processing_instruction(u"two");
-  xhtml_markup* const stray = doc.html()->append_copy(Xport::xhtml_comment(u"three")).cell();
+  *doc.html() << xhtml_comment(u"one") << xhtml_processing_instruction(u"two");
+  xhtml_markup* const stray = doc.html()->append_copy(xhtml_comment(u"three")).cell();
   xhtml_markup* const head = adopt(doc.html(), tag_id::head);
   adopt(head, tag_id::title);
   xhtml_markup* const title = adopt(head, tag_id::title);
@@ -199,8 +190,8 @@ TEST(Reindex, FindsTheLastOfSeveralAndKeepsAll) {
     *stray << u"!";
   }
   EXPECT_TRUE(is_tree(*doc.root(),
-                      "document root(! html(head(title('t' 't') title) body(p p) #one ?two "
-                      "#three!! head(title title) body))"));
+                      "document root(!! html(head(title('t' 't') title) body(p p) #one# ?two? "
+                      "#three!!# head(title title) body))"));
 }
 
 TEST(Reindex, KeepsTheTitleOfAnEarlierHead) {
@@ -226,7 +217,7 @@ TEST(Reindex, LooksIntoEveryHtml) {
 TEST(Reindex, ForgetsWhatWasCleared) {
   xhtml_doc doc(1);
   EXPECT_NE(doc.title(), nullptr);
-  *doc.html() << Xport::xhtml_comment(u"stray");
+  *doc.html() << xhtml_comment(u"stray");
   doc.reindex();
   EXPECT_NE(doc.stray(), nullptr);
   doc.root()->clear_children();
@@ -245,13 +236,13 @@ TEST(Reindex, ForgetsWhatWasCleared) {
 TEST(DocumentOutput, OfMode0IsTheMarkAlone) { EXPECT_EQ(page(xhtml_doc(0)), u"\uFEFF"); }
 
 TEST(DocumentOutput, OfTheSkeletonIsThis) {
-  EXPECT_TRUE(test::is_text(page(xhtml_doc(1)), marked_skeleton));
+  EXPECT_TRUE(same_units(page(xhtml_doc(1)), marked_skeleton));
 }
 
 TEST(DocumentOutput, IgnoresTheTextOfTheDoctype) {
   xhtml_doc doc(1);
   *doc.root()->begin() << u"anything";
-  EXPECT_TRUE(test::is_text(page(doc), marked_skeleton));
+  EXPECT_TRUE(same_units(page(doc), marked_skeleton));
 }
 
 TEST(DocumentOutput, StartsWithTheMarkThatIsAskedFor) {
@@ -267,8 +258,7 @@ TEST(DocumentOutput, StartsWithTheMarkThatIsAskedFor) {
       xhtml_writer writer(stream);
       writer.byte_order_mark = m.mode;
       EXPECT_TRUE(doc->write(writer));
-      EXPECT_TRUE(
-          test::is_text(stream.str(), m.mark + (doc == &skeleton ? skeleton_text : ustring())))
+      EXPECT_TRUE(same_units(stream.str(), m.mark + (doc == &skeleton ? skeleton_text : ustring())))
           << m.mode;
     }
   }
@@ -286,7 +276,7 @@ TEST(DocumentOutput, IsRefusedByAFailedStream) {
     stream.clear();
     EXPECT_EQ(stream.str(), u"");
     EXPECT_TRUE(doc.write(writer)) << "and taken once the stream is good";
-    EXPECT_TRUE(test::is_text(stream.str(), marked_skeleton));
+    EXPECT_TRUE(same_units(stream.str(), marked_skeleton));
   }
 }
 
@@ -317,7 +307,7 @@ TEST(DocumentOutput, IsFlushed) {
 }
 
 /// A file in memory that can fail.
-class memory_file : public Xport::byte_output {
+class memory_file : public byte_output {
  public:
   memory_file(std::vector<unsigned char>& bytes, bool writes, bool closes)
       : bytes_(bytes), writes_(writes), closes_(closes) {}
@@ -351,14 +341,15 @@ TEST(DocumentFile, HoldsUnitsLowByteFirst) {
   EXPECT_EQ(text.find(u'\r'), ustring::npos);
 }
 
-TEST(DocumentFile, ThatCouldntBeOpenedGivesFalse) {
+TEST(DocumentFile, ThatCouldntBeOpenedReturnsFalse) {
   EXPECT_FALSE(write_document(xhtml_doc(1), nullptr));
 }
 
-TEST(DocumentFile, ThatFailsLaterGivesTrue) {
+TEST(DocumentFile, ThatFailsLaterReturnsTrue) {
   std::vector<unsigned char> bytes;
   EXPECT_TRUE(write_document(xhtml_doc(1), std::make_unique<memory_file>(bytes, false, true)));
   EXPECT_TRUE(write_document(xhtml_doc(1), std::make_unique<memory_file>(bytes, true, false)));
 }
 
 }  // namespace
+}  // namespace test

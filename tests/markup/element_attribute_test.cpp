@@ -9,26 +9,18 @@
 
 #include "tests/markup/content_model.h"
 #include "tests/markup/tree_text.h"
+#include "tests/support/golden.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-namespace content_model = test::content_model;
-using test::element;
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 /// The attributes as "name=value " in their order.
 std::string attributes_of(const xhtml_markup& node) {
   std::string text;
   for (const auto& entry : *node.attributes())
-    text += test::printable(Xport::xhtml_strict::attribute_name(entry.first)) + "=" +
-            test::printable(entry.second) + " ";
+    text +=
+        printable(xhtml_strict::attribute_name(entry.first)) + "=" + printable(entry.second) + " ";
   return text;
 }
 
@@ -39,7 +31,7 @@ TEST(ElementAttributes, ComeFromTheConstructor) {
   EXPECT_EQ(attributes_of(xhtml_element(tag_id::p, u"", u"")), "");
 }
 
-TEST(ElementAttributes, OfTheConstructorAreDroppedWhereTheElementTakesNone) {
+TEST(ElementAttributes, OfTheConstructorAreDroppedWhereTheElementAcceptsNone) {
   EXPECT_EQ(attributes_of(xhtml_element(tag_id::html, u"one", u"two")), "");
   EXPECT_EQ(attributes_of(xhtml_element(tag_id::head, u"one", u"two")), "");
   EXPECT_EQ(attributes_of(xhtml_element(tag_id::param, u"one", u"two")), "id=one ");
@@ -48,12 +40,11 @@ TEST(ElementAttributes, OfTheConstructorAreDroppedWhereTheElementTakesNone) {
   EXPECT_EQ(attributes_of(xhtml_element(tag_id{1000}, u"one", u"two")), "");
 }
 
-TEST(ElementAttributes, AreTakenWhereTheRecordListsThem) {
-  for (int tag = 0; tag <= content_model::row_count; ++tag)
+TEST(ElementAttributes, AreAcceptedWhereTheRecordListsThem) {
+  for (int tag = 0; tag <= row_count; ++tag)
     for (int attribute = -1; attribute <= 244; ++attribute) {
-      const bool listed =
-          attribute >= 0 && attribute < 244 &&
-          Xport::tag_table[tag_id{tag}]->allowed_attributes.contains(attr_id{attribute});
+      const bool listed = attribute >= 0 && attribute < 244 &&
+                          tag_table[tag_id{tag}]->allowed_attributes.contains(attr_id{attribute});
       xhtml_element node = element(tag);
       ASSERT_EQ(node.set_attribute(attr_id{attribute}, u"v"), listed) << tag << " " << attribute;
       ASSERT_EQ(node.get_attribute(attr_id{attribute}), listed ? u"v" : u"");
@@ -61,7 +52,7 @@ TEST(ElementAttributes, AreTakenWhereTheRecordListsThem) {
     }
 }
 
-TEST(ElementAttributes, ThatAreKnownToBeTakenOrNot) {
+TEST(ElementAttributes, ThatAreKnownToBeAcceptedOrNot) {
   EXPECT_TRUE(element(tag_id::base).set_attribute(attr_id::href, u"v"));
   EXPECT_FALSE(element(tag_id::base).set_attribute(attr_id::target, u"v"));
   EXPECT_TRUE(element(tag_id::a).set_attribute(attr_id::target, u"v"));
@@ -98,12 +89,12 @@ TEST(ElementAttributes, AreKeptUnitByUnit) {
   xhtml_element p = element(tag_id::p);
   p.set_attribute(attr_id::title, all);
   p.set_style(css_property_id::color, all);
-  EXPECT_TRUE(test::is_text(p.get_attribute(attr_id::title), all));
-  EXPECT_TRUE(test::is_text(p.get_style(css_property_id::color), all));
+  EXPECT_TRUE(same_units(p.get_attribute(attr_id::title), all));
+  EXPECT_TRUE(same_units(p.get_style(css_property_id::color), all));
 }
 
 TEST(ElementAttributes, MayBeHuge) {
-  Xport::xhtml_doc doc(1);
+  xhtml_doc doc(1);
   auto p = doc.body()->append_copy(element(tag_id::p));
   const ustring huge(3000000, u'x');
   for (const std::size_t size : {1u, 500u, 3000000u, 2u})
@@ -142,8 +133,8 @@ TEST(ElementAttributes, ThatCantBeCountedAreRefused) {
   EXPECT_EQ(p.get_style(css_property_id::color), u"kept");
 }
 
-TEST(ElementStyle, TakesAnyPropertyOnAnyElement) {
-  for (int tag = 0; tag <= content_model::row_count; ++tag) {
+TEST(ElementStyle, AcceptsAnyPropertyOnAnyElement) {
+  for (int tag = 0; tag <= row_count; ++tag) {
     xhtml_element node = element(tag);
     for (int property = 101; property >= 0; --property)
       ASSERT_TRUE(node.set_style(css_property_id{property}, u"v")) << tag << " " << property;
@@ -155,7 +146,7 @@ TEST(ElementStyle, TakesAnyPropertyOnAnyElement) {
   }
 }
 
-TEST(ElementStyle, TakesUnknownNumbers) {
+TEST(ElementStyle, AcceptsUnknownNumbers) {
   xhtml_element p = element(tag_id::p);
   EXPECT_TRUE(p.set_style(css_property_id{-1}, u"a"));
   EXPECT_TRUE(p.set_style(css_property_id{5000}, u"b"));
@@ -172,23 +163,22 @@ TEST(ElementStyle, IsReplaced) {
   EXPECT_EQ(p.style_properties()->size(), 1u);
 }
 
-TEST(ElementRecord, GivesNameNumbersAndEndTag) {
-  for (int number = 0; number <= content_model::row_count; ++number) {
+TEST(ElementRecord, ReturnsNameNumbersAndEndTag) {
+  for (int number = 0; number <= row_count; ++number) {
     SCOPED_TRACE(number);
     const xhtml_element node = element(number);
-    const std::string name = content_model::name_of(number);
+    const std::string name = row_name(number);
     EXPECT_EQ(node.node_kind(), 2);
     EXPECT_EQ(node.tag(), name.empty() ? tag_id::invalid_tag : tag_id{number});
-    EXPECT_EQ(test::printable(node.tag_name()), name);
+    EXPECT_EQ(printable(node.tag_name()), name);
     ASSERT_NE(node.tag_trait(), nullptr);
-    EXPECT_EQ(node.tag_trait()->get(), Xport::tag_table[tag_id{number}]);
-    EXPECT_EQ(test::printable(node.end_tag_text()),
-              content_model::takes_nothing(number) ? "" : "</" + name + ">");
+    EXPECT_EQ(node.tag_trait()->get(), tag_table[tag_id{number}]);
+    EXPECT_EQ(printable(node.end_tag_text()), may_contain_nothing(number) ? "" : "</" + name + ">");
     EXPECT_FALSE(node.is_end_tag());
   }
 }
 
-TEST(ElementRecord, GivesKnownEndTags) {
+TEST(ElementRecord, ReturnsKnownEndTags) {
   EXPECT_EQ(element(tag_id::br).end_tag_text(), u"");
   EXPECT_EQ(element(tag_id::p).end_tag_text(), u"</p>");
   EXPECT_EQ(element(tag_id::center).end_tag_text(), u"</>");
@@ -222,7 +212,7 @@ INSTANTIATE_TEST_SUITE_P(Numbers, ElementWithoutRecord,
                                            std::numeric_limits<std::int32_t>::min(),
                                            std::numeric_limits<std::int32_t>::max()));
 
-TEST_P(ElementWithoutRecord, RaisesWhenAskedForItsEndTag) {
+TEST_P(ElementWithoutRecord, ThrowsWhenAskedForItsEndTag) {
   ASSERT_NE(node.tag_trait(), nullptr);
   EXPECT_EQ(node.tag_trait()->get(), nullptr);
   try {
@@ -238,7 +228,7 @@ TEST_P(ElementWithoutRecord, StoresNoAttributeAndGoesNowhere) {
   EXPECT_FALSE(node.set_attribute(attr_id::id, u"v"));
   EXPECT_EQ(node.get_attribute(attr_id::id), u"");
   EXPECT_FALSE(node.accepts_text());
-  EXPECT_EQ(test::written(node), u"");
+  EXPECT_EQ(written(node), u"");
   for (int number = -1; number <= 93; ++number) {
     xhtml_element parent = element(number);
     EXPECT_TRUE(parent.append_copy(node) == parent.end()) << number;
@@ -260,3 +250,4 @@ TEST_P(ElementWithoutRecord, IsCopiedAsItIs) {
 }
 
 }  // namespace
+}  // namespace test

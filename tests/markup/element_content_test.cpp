@@ -10,32 +10,27 @@
 #include "xport/markup/leaf_nodes.h"
 #include "xport/vocabulary/tag_table.h"
 
+namespace test {
 namespace {
-
-namespace content_model = test::content_model;
-using test::element;
-using Xport::tag_id;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 constexpr int first_number_without_record = 93;
 
 /// Calls `visit` with the numbers of each pair of rows, "invalid tag" included.
 template <class Visit>
 void for_each_pair(Visit visit) {
-  for (int parent = 0; parent <= content_model::row_count; ++parent)
-    for (int child = 0; child <= content_model::row_count; ++child) visit(parent, child);
+  for (int parent = 0; parent <= row_count; ++parent)
+    for (int child = 0; child <= row_count; ++child) visit(parent, child);
 }
 
 std::string pair_name(int parent, int child) {
-  return content_model::name_of(child) + " (" + std::to_string(child) + ") in " +
-         content_model::name_of(parent) + " (" + std::to_string(parent) + ")";
+  return row_name(child) + " (" + std::to_string(child) + ") in " + row_name(parent) + " (" +
+         std::to_string(parent) + ")";
 }
 
-/// Expects that `node` goes into an element of the number `parent`, in every way
+/// Expects that an element of the number `parent` accepts `node`, in every way
 /// that makes a copy, exactly if `taken`.
 void expect_insertions(int parent, const xhtml_markup& node, bool taken) {
-  using insertion = Xport::markup_iterator (*)(xhtml_element&, const xhtml_markup&);
+  using insertion = markup_iterator (*)(xhtml_element&, const xhtml_markup&);
   const insertion insertions[] = {
       [](xhtml_element& into, const xhtml_markup& n) { return into.append_copy(n); },
       [](xhtml_element& into, const xhtml_markup& n) { return into.insert_copy(into.end(), n); },
@@ -59,7 +54,7 @@ void expect_insertions(int parent, const xhtml_markup& node, bool taken) {
 TEST(ElementContent, IsAskedByCanContain) {
   int taken = 0;
   for_each_pair([&](int parent, int child) {
-    const bool expected = content_model::takes_element(parent, child);
+    const bool expected = may_contain(parent, child);
     ASSERT_EQ(element(parent).can_contain(element(child)), expected) << pair_name(parent, child);
     taken += expected;
   });
@@ -69,7 +64,7 @@ TEST(ElementContent, IsAskedByCanContain) {
 TEST(ElementContent, IsHeldByEveryInsertionOfACopy) {
   for_each_pair([](int parent, int child) {
     SCOPED_TRACE(pair_name(parent, child));
-    expect_insertions(parent, element(child), content_model::takes_element(parent, child));
+    expect_insertions(parent, element(child), may_contain(parent, child));
   });
 }
 
@@ -79,7 +74,7 @@ TEST(ElementContent, IsHeldByAdoption) {
     auto node = std::make_unique<xhtml_element>(tag_id{child}, u"", u"");
     const auto at = into.adopt_child(node.get());
     const bool taken = at != into.end();
-    ASSERT_EQ(taken, content_model::takes_element(parent, child)) << pair_name(parent, child);
+    ASSERT_EQ(taken, may_contain(parent, child)) << pair_name(parent, child);
     ASSERT_EQ(node->parent(), taken ? &into : nullptr);
     xhtml_markup* const made = taken ? node.release() : nullptr;
     ASSERT_EQ(at.cell(), made);
@@ -90,8 +85,7 @@ TEST(ElementContent, IsHeldByElementsMadeInPlace) {
   for_each_pair([](int parent, int child) {
     xhtml_element into = element(parent);
     const auto at = into.append_element(tag_id{child});
-    ASSERT_EQ(at != into.end(), content_model::takes_element(parent, child))
-        << pair_name(parent, child);
+    ASSERT_EQ(at != into.end(), may_contain(parent, child)) << pair_name(parent, child);
     if (at == into.end()) return;
     ASSERT_EQ(at->tag(), tag_id{child});
     ASSERT_EQ(at->parent(), &into);
@@ -100,67 +94,65 @@ TEST(ElementContent, IsHeldByElementsMadeInPlace) {
 
 TEST(ElementContent, IsOnePureFunctionOfTheRecords) {
   for_each_pair([](int parent, int child) {
-    const bool taken =
-        Xport::takes_element(*Xport::tag_table[tag_id{parent}], *Xport::tag_table[tag_id{child}]);
-    ASSERT_EQ(taken, content_model::takes_element(parent, child)) << pair_name(parent, child);
+    const bool taken = Xport::takes_element(*tag_table[tag_id{parent}], *tag_table[tag_id{child}]);
+    ASSERT_EQ(taken, may_contain(parent, child)) << pair_name(parent, child);
   });
 }
 
-TEST(ElementContent, TellsElementsThatTakeNothing) {
-  for (int number = 0; number <= content_model::row_count; ++number)
-    EXPECT_EQ(element(number).is_empty_element(), content_model::takes_nothing(number)) << number;
+TEST(ElementContent, KnowsElementsThatAcceptNothing) {
+  for (int number = 0; number <= row_count; ++number)
+    EXPECT_EQ(element(number).is_empty_element(), may_contain_nothing(number)) << number;
 }
 
-TEST(ElementContent, TakesTextWhereTheRuleSaysSo) {
-  for (int number = 0; number <= content_model::row_count; ++number) {
-    const bool taken = content_model::takes_text(number);
+TEST(ElementContent, AcceptsTextWhereTheRuleSaysSo) {
+  for (int number = 0; number <= row_count; ++number) {
+    const bool taken = may_contain_text(number);
     EXPECT_EQ(element(number).accepts_text(), taken) << number;
-    EXPECT_EQ(element(number).can_contain(Xport::xhtml_pcdata(u"a")), taken) << number;
-    expect_insertions(number, Xport::xhtml_pcdata(u"a"), taken);
+    EXPECT_EQ(element(number).can_contain(xhtml_pcdata(u"a")), taken) << number;
+    expect_insertions(number, xhtml_pcdata(u"a"), taken);
   }
 }
 
-TEST(ElementContent, TakesTextByEveryOperationOnTexts) {
-  for (int number = 0; number <= content_model::row_count; ++number) {
+TEST(ElementContent, AcceptsTextByEveryOperationOnTexts) {
+  for (int number = 0; number <= row_count; ++number) {
     SCOPED_TRACE(number);
-    const bool taken = content_model::takes_text(number);
+    const bool taken = may_contain_text(number);
     xhtml_element into = element(number);
     EXPECT_EQ(into.append_text(u"b") == into.end(), !taken);
     EXPECT_EQ(into.push_back_text(u"c") == into.end(), !taken);
     EXPECT_EQ(into.push_front_text(u"a") == into.end(), !taken);
     EXPECT_EQ(into.insert_text(into.end(), u"d") == into.end(), !taken);
     EXPECT_EQ(&(into << u"e"), &into);
-    EXPECT_TRUE(test::is_tree(
-        into, test::printable(into.tag_name()) + (taken ? "('a' 'b' 'c' 'd' 'e')" : "")));
+    EXPECT_TRUE(is_tree(into, printable(into.tag_name()) + (taken ? "('a' 'b' 'c' 'd' 'e')" : "")));
   }
 }
 
-TEST(ElementContent, TakesCommentsAndInstructionsEverywhere) {
-  for (int number = 0; number <= content_model::row_count; ++number) {
+TEST(ElementContent, AcceptsCommentsAndInstructionsEverywhere) {
+  for (int number = 0; number <= row_count; ++number) {
     SCOPED_TRACE(number);
-    EXPECT_TRUE(element(number).can_contain(Xport::xhtml_comment(u"a")));
-    EXPECT_TRUE(element(number).can_contain(Xport::xhtml_processing_instruction(u"a")));
-    expect_insertions(number, Xport::xhtml_comment(u"a"), true);
-    expect_insertions(number, Xport::xhtml_processing_instruction(u"a"), true);
+    EXPECT_TRUE(element(number).can_contain(xhtml_comment(u"a")));
+    EXPECT_TRUE(element(number).can_contain(xhtml_processing_instruction(u"a")));
+    expect_insertions(number, xhtml_comment(u"a"), true);
+    expect_insertions(number, xhtml_processing_instruction(u"a"), true);
   }
 }
 
-TEST(ElementContent, TakesADoctypeInTheDocumentRootOnly) {
-  for (int number = 0; number <= content_model::row_count; ++number) {
+TEST(ElementContent, AcceptsADoctypeInTheDocumentRootOnly) {
+  for (int number = 0; number <= row_count; ++number) {
     SCOPED_TRACE(number);
-    EXPECT_EQ(element(number).can_contain(Xport::xhtml_doctype_declaration()), number == 0);
-    expect_insertions(number, Xport::xhtml_doctype_declaration(), number == 0);
+    EXPECT_EQ(element(number).can_contain(xhtml_doctype_declaration()), number == 0);
+    expect_insertions(number, xhtml_doctype_declaration(), number == 0);
   }
 }
 
-TEST(ElementContent, TakesNothingThatIsNoContent) {
-  for (int number = 0; number <= content_model::row_count; ++number) {
+TEST(ElementContent, AcceptsNothingThatIsNoContent) {
+  for (int number = 0; number <= row_count; ++number) {
     SCOPED_TRACE(number);
-    expect_insertions(number, Xport::xhtml_end_tag(u"</p>"), false);
+    expect_insertions(number, xhtml_end_tag(u"</p>"), false);
     expect_insertions(number, xhtml_markup(), false);
     expect_insertions(number, element(first_number_without_record), false);
     expect_insertions(number, element(-1), false);
-    EXPECT_FALSE(element(number).can_contain(Xport::xhtml_end_tag(u"</p>")));
+    EXPECT_FALSE(element(number).can_contain(xhtml_end_tag(u"</p>")));
     EXPECT_FALSE(element(number).can_contain(xhtml_markup()));
     EXPECT_FALSE(element(number).can_contain(element(first_number_without_record)));
   }
@@ -171,7 +163,7 @@ TEST(ElementContent, LooksAtTheParentOnlyAndNotAbove) {
   EXPECT_TRUE(a.append_copy(element(tag_id::a)) == a.end());
   auto span = a.append_copy(element(tag_id::span));
   span->append_copy(element(tag_id::a));
-  EXPECT_TRUE(test::is_tree(a, "a(span(a))"));
+  EXPECT_TRUE(is_tree(a, "a(span(a))"));
 }
 
 struct pair_case {
@@ -180,7 +172,7 @@ struct pair_case {
   bool taken;
 };
 
-TEST(ElementContent, TakesWhatIsKnownToBeTaken) {
+TEST(ElementContent, AcceptsWhatIsKnownToBeAccepted) {
   using enum tag_id;
   const pair_case pairs[] = {{p, p, false},
                              {div, p, true},
@@ -215,3 +207,4 @@ TEST(ElementContent, TakesWhatIsKnownToBeTaken) {
 }
 
 }  // namespace
+}  // namespace test

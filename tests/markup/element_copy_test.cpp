@@ -10,19 +10,8 @@
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::element;
-using test::is_intact;
-using test::is_tree;
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 constexpr int very_many = 1000000;
 
@@ -33,12 +22,12 @@ void fill(xhtml_markup& div) {
   auto p = div.append_copy(xhtml_element(tag_id::p, u"inner", u""));
   *p << u"short" << element(tag_id::br) << ustring(300, u'l');
   p->append_copy(element(tag_id::em))->append_text(u"deep");
-  div << Xport::xhtml_comment(u"comment") << Xport::xhtml_processing_instruction(u"abc");
+  div << xhtml_comment(u"comment") << xhtml_processing_instruction(u"abc");
   div.append_copy(element(tag_id::ul))->append_copy(element(tag_id::li));
 }
 
 const std::string filled =
-    "div(p('short' br '" + std::string(300, 'l') + "' em('deep')) #comment ?abc ul(li))";
+    "div(p('short' br '" + std::string(300, 'l') + "' em('deep')) #comment# ?abc? ul(li))";
 
 TEST(ElementCopy, IsDeepAndIndependent) {
   xhtml_element div = element(tag_id::div);
@@ -65,15 +54,15 @@ TEST(ElementCopy, IsDeepAndIndependent) {
   EXPECT_EQ(div.get_style(css_property_id::color), u"red");
   EXPECT_EQ(div.begin()->get_attribute(attr_id::id), u"inner");
   div.clear_children();
-  EXPECT_EQ(test::text_of(*clone->begin()->begin()), "shorter");
+  EXPECT_EQ(text_of(*clone->begin()->begin()), "shorter");
 }
 
 TEST(ElementCopy, HasTheParentOfItsSourceUntilItIsInserted) {
   xhtml_element div = element(tag_id::div);
   auto p = div.append_copy(element(tag_id::p));
   auto text = p->append_text(u"text");
-  auto comment = p->append_copy(Xport::xhtml_comment(u"c"));
-  auto instruction = p->append_copy(Xport::xhtml_processing_instruction(u"p"));
+  auto comment = p->append_copy(xhtml_comment(u"c"));
+  auto instruction = p->append_copy(xhtml_processing_instruction(u"p"));
   EXPECT_EQ(std::unique_ptr<xhtml_markup>(p->clone())->parent(), &div);
   EXPECT_EQ(std::unique_ptr<xhtml_markup>(text->clone())->parent(), &*p);
   EXPECT_EQ(std::unique_ptr<xhtml_markup>(comment->clone())->parent(), &*p);
@@ -87,19 +76,19 @@ TEST(ElementCopy, HasTheParentOfItsSourceUntilItIsInserted) {
   std::unique_ptr<xhtml_markup> adopted(p->clone());
   EXPECT_TRUE(other.adopt_child(adopted.get()) != other.end());
   EXPECT_EQ(adopted.release()->parent(), &other);
-  EXPECT_TRUE(is_tree(div, "div(p('text' #c ?p))"));
-  EXPECT_TRUE(is_tree(other, "div(p('text' #c ?p) p('text' #c ?p))"));
+  EXPECT_TRUE(is_tree(div, "div(p('text' #c# ?p?))"));
+  EXPECT_TRUE(is_tree(other, "div(p('text' #c# ?p?) p('text' #c# ?p?))"));
 }
 
 TEST(ElementCopy, OfADoctypeKeepsItsText) {
   xhtml_doc doc(0);
-  Xport::xhtml_doctype_declaration doctype;
+  xhtml_doctype_declaration doctype;
   doctype << u"html";
   auto inserted = doc.root()->append_copy(doctype);
   const std::unique_ptr<xhtml_markup> clone(inserted->clone());
   EXPECT_EQ(clone->parent(), doc.root());
-  EXPECT_TRUE(is_tree(*doc.root(), "document root(!html)"));
-  EXPECT_EQ(test::text_of(*clone), "html");
+  EXPECT_TRUE(is_tree(*doc.root(), "document root(!html!)"));
+  EXPECT_EQ(text_of(*clone), "html");
 }
 
 TEST(ElementCopy, OutlivesTheDocumentOfItsSource) {
@@ -125,14 +114,14 @@ TEST(ElementCopy, GoesFromDocumentToDocument) {
 TEST(ElementCopy, OfAdoptedNodesIsDeepToo) {
   xhtml_doc doc(1);
   auto* const div = new xhtml_element(tag_id::div, u"", u"");
-  div->adopt_child(new Xport::xhtml_pcdata(u"text"));
+  div->adopt_child(new xhtml_pcdata(u"text"));
   div->adopt_child(new xhtml_element(tag_id::p, u"", u""))->append_text(u"p");
   doc.body()->adopt_child(div);
   doc.body()->append_copy(*doc.body()->begin());
   EXPECT_TRUE(is_tree(*doc.body(), "body(div('text' p('p')) div('text' p('p')))"));
 }
 
-/// Nests div in div below `top` and gives the innermost.
+/// Nests div in div below `top` and returns the innermost.
 xhtml_markup& nest(xhtml_markup& top, int depth) {
   const xhtml_element div = element(tag_id::div);
   xhtml_markup* node = &top;
@@ -211,3 +200,4 @@ TEST(VeryWideTree, IsCopiedAndDestroyed) {
 }
 
 }  // namespace
+}  // namespace test

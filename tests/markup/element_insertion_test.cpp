@@ -9,30 +9,22 @@
 #include "tests/markup/tree_text.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::element;
-using test::is_tree;
-using Xport::const_markup_iterator;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_pcdata;
 
 /// A div with the texts of the letters.
 xhtml_element letters(const std::string& text) {
   xhtml_element div = element(tag_id::div);
-  for (const char letter : text) div.append_text(Xport::ustring(1, static_cast<char16_t>(letter)));
+  for (const char letter : text) div.append_text(ustring(1, static_cast<char16_t>(letter)));
   return div;
 }
 
 /// The letters of its texts, an element counting as its name.
 std::string read(const xhtml_markup& div) {
-  EXPECT_TRUE(test::is_intact(div));
+  EXPECT_TRUE(is_intact(div));
   std::string text;
   for (const xhtml_markup& child : div)
-    text += child.node_kind() == 5 ? test::text_of(child) : test::printable(child.tag_name());
+    text += child.node_kind() == 5 ? text_of(child) : printable(child.tag_name());
   return text;
 }
 
@@ -55,16 +47,16 @@ TEST(ElementInsertion, PutsACopyIntoTheTree) {
   EXPECT_NE(&*result, &p);
   EXPECT_EQ(p.parent(), nullptr);
   EXPECT_EQ(result->parent(), &div);
-  EXPECT_EQ(result->get_attribute(Xport::attr_id::id), u"first");
+  EXPECT_EQ(result->get_attribute(attr_id::id), u"first");
   p << u"more";
-  p.set_attribute(Xport::attr_id::id, u"second");
+  p.set_attribute(attr_id::id, u"second");
   EXPECT_TRUE(is_tree(div, "div(p('text'))"));
-  EXPECT_EQ(result->get_attribute(Xport::attr_id::id), u"first");
+  EXPECT_EQ(result->get_attribute(attr_id::id), u"first");
   *result << u"own";
   EXPECT_TRUE(is_tree(p, "p('text' 'more')"));
 }
 
-TEST(ElementInsertion, InFrontTurnsTheOrderRound) {
+TEST(ElementInsertion, AtTheFrontReversesTheOrder) {
   xhtml_element div = element(tag_id::div);
   div.push_front_text(u"c");
   div.push_front_copy(xhtml_pcdata(u"b"));
@@ -80,8 +72,8 @@ TEST(ElementInsertion, LeavesOtherPositionsValid) {
   const markup_iterator end = div.end();
   for (int i = 0; i < 10; ++i) div.insert_text(second, u"x");
   div.push_front_text(u"y");
-  EXPECT_EQ(test::text_of(*first), "a");
-  EXPECT_EQ(test::text_of(*second), "b");
+  EXPECT_EQ(text_of(*first), "a");
+  EXPECT_EQ(text_of(*second), "b");
   EXPECT_TRUE(std::next(second, 2) == end);
   EXPECT_EQ(read(div), "yaxxxxxxxxxxbc");
 }
@@ -171,7 +163,7 @@ TEST(ElementRange, MayBeAnyPartOfAList) {
     }
 }
 
-TEST(ElementRange, GoesOnInFrontBehindARefusedCopy) {
+TEST(ElementRange, ContinuesAtTheFrontAfterARefusedCopy) {
   xhtml_element source = letters("xy");
   xhtml_element list = element(tag_id::ul);
   source.append_copy(element(tag_id::p));
@@ -276,7 +268,7 @@ TEST(ElementCopies, OfTheElementItselfHoldTheOnesBefore) {
   EXPECT_TRUE(is_tree(div, "div(div div(div) div(div div(div)))"));
 }
 
-TEST(ElementAdoption, TakesTheNodeItself) {
+TEST(ElementAdoption, InsertsTheNodeItself) {
   xhtml_element div = letters("a");
   auto* const p = new xhtml_element(tag_id::p, u"", u"");
   p->append_text(u"x");
@@ -297,7 +289,7 @@ TEST(ElementAdoption, LeavesARefusedNodeWithTheCaller) {
 }
 
 TEST(ElementAdoption, WorksInADocumentsTree) {
-  Xport::xhtml_doc doc(1);
+  xhtml_doc doc(1);
   xhtml_markup& body = *doc.body();
   auto* const div = new xhtml_element(tag_id::div, u"", u"");
   div->append_copy(letters("ab"));
@@ -305,7 +297,7 @@ TEST(ElementAdoption, WorksInADocumentsTree) {
   const markup_iterator adopted = body.adopt_child(div);
   body.append_copy(element(tag_id::p));
   adopted->append_copy(element(tag_id::ul))->append_copy(element(tag_id::li));
-  adopted->adopt_child(new xhtml_pcdata(Xport::ustring(500, u'x')));
+  adopted->adopt_child(new xhtml_pcdata(ustring(500, u'x')));
   adopted->begin()->adopt_child(new xhtml_element(tag_id::em, u"", u""));
   const auto p = std::make_unique<xhtml_element>(tag_id::li, u"", u"");
   EXPECT_TRUE(body.adopt_child(p.get()) == body.end());
@@ -314,7 +306,7 @@ TEST(ElementAdoption, WorksInADocumentsTree) {
 }
 
 TEST(ElementAdoption, IsUndoneByClearing) {
-  Xport::xhtml_doc doc(1);
+  xhtml_doc doc(1);
   auto& body = *doc.body()->as_element();
   for (int i = 0; i < 3; ++i) {
     body.append_copy(letters("ab"));
@@ -328,16 +320,17 @@ TEST(ElementAdoption, IsUndoneByClearing) {
 
 TEST(ElementClearing, LeavesAttributesAndStyle) {
   xhtml_element div(tag_id::div, u"name", u"kind");
-  div.set_style(Xport::css_property_id::color, u"red");
+  div.set_style(css_property_id::color, u"red");
   div << letters("ab") << u"text";
   div.clear_children();
   div.clear_children();
   EXPECT_TRUE(is_tree(div, "div"));
-  EXPECT_EQ(div.get_attribute(Xport::attr_id::id), u"name");
-  EXPECT_EQ(div.get_attribute(Xport::attr_id::class_), u"kind");
-  EXPECT_EQ(div.get_style(Xport::css_property_id::color), u"red");
+  EXPECT_EQ(div.get_attribute(attr_id::id), u"name");
+  EXPECT_EQ(div.get_attribute(attr_id::class_), u"kind");
+  EXPECT_EQ(div.get_style(css_property_id::color), u"red");
   div << u"again";
   EXPECT_TRUE(is_tree(div, "div('again')"));
 }
 
 }  // namespace
+}  // namespace test

@@ -12,20 +12,13 @@
 
 #include "tests/markup/tree_text.h"
 #include "tests/support/allocation_failure.h"
+#include "tests/support/golden.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/stream/null_codecvt.h"
 
+namespace test {
 namespace {
-
-using test::element;
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 const ustring long_text(3000, u'l');
 
@@ -34,9 +27,9 @@ xhtml_element sample() {
   xhtml_element div(tag_id::div, u"top", u"kind");
   div.set_style(css_property_id::color, u"red");
   auto p = div.append_copy(xhtml_element(tag_id::p, u"inner", u""));
-  *p << u"short" << long_text << Xport::xhtml_comment(long_text);
+  *p << u"short" << long_text << xhtml_comment(long_text);
   p->append_copy(element(tag_id::em))->set_attribute(attr_id::title, long_text);
-  div << Xport::xhtml_processing_instruction(u"abc") << element(tag_id::hr);
+  div << xhtml_processing_instruction(u"abc") << element(tag_id::hr);
   return div;
 }
 
@@ -87,7 +80,7 @@ const operation operations[] = {
 };
 
 /// All that can be read of a tree.
-ustring state_of(const xhtml_markup& node) { return test::written(node); }
+ustring state_of(const xhtml_markup& node) { return written(node); }
 
 class RefusedMemory : public ::testing::TestWithParam<operation> {
  protected:
@@ -97,7 +90,7 @@ class RefusedMemory : public ::testing::TestWithParam<operation> {
   std::size_t run() {
     shared_sample();
     std::size_t failures = 0;
-    const std::size_t before = test::live_allocations();
+    const std::size_t before = live_allocations();
     {
       Target tree;
       xhtml_element& div = tree.place();
@@ -105,15 +98,15 @@ class RefusedMemory : public ::testing::TestWithParam<operation> {
       div.set_style(css_property_id::color, u"old");
       div << element(tag_id::p) << u"a text";
       const ustring state = state_of(div);
-      failures = test::fail_each_allocation([&] { GetParam().run(div); },
-                                            [&] {
-                                              EXPECT_TRUE(test::is_intact(div));
-                                              EXPECT_TRUE(test::is_text(state_of(div), state));
-                                            });
-      EXPECT_TRUE(test::is_intact(div));
+      failures = fail_each_allocation([&] { GetParam().run(div); },
+                                      [&] {
+                                        EXPECT_TRUE(is_intact(div));
+                                        EXPECT_TRUE(same_units(state_of(div), state));
+                                      });
+      EXPECT_TRUE(is_intact(div));
       EXPECT_FALSE(state_of(div) == state) << "it passed and did something";
     }
-    EXPECT_EQ(test::live_allocations(), before);
+    EXPECT_EQ(live_allocations(), before);
     return failures;
   }
 };
@@ -133,59 +126,54 @@ TEST(RefusedMemory, DoesNotGrowADocument) {
   body.as_element()->append_copy(sample());
   body.as_element()->clear_children();
   const xhtml_element div = sample();
-  const std::size_t before = test::live_allocations();
-  test::fail_allocation(2);
+  const std::size_t before = live_allocations();
+  fail_allocation(2);
   EXPECT_THROW(body.append_copy(div), std::bad_alloc);
-  test::fail_allocation(0);
-  EXPECT_EQ(test::live_allocations(), before) << "what the copy had taken is given back";
+  fail_allocation(0);
+  EXPECT_EQ(live_allocations(), before) << "what the copy had taken is given back";
   for (int round = 0; round < 1000; ++round) {
     body.append_copy(div);
     body.as_element()->clear_children();
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 // What a range has inserted before the failure stays, in one piece.
 TEST(RefusedMemory, LeavesTheFirstNodesOfARange) {
   xhtml_element source = element(tag_id::div);
   for (int i = 0; i < 5; ++i) source.append_text(long_text);
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   std::ptrdiff_t most = 0;
   for (std::size_t number = 1; most < 5; ++number) {
     ASSERT_LT(number, 100u);
     xhtml_element div = element(tag_id::div);
-    test::fail_allocation(number);
-    try {
-      div.insert_range(div.end(), source.begin(), source.end());
-    } catch (const std::bad_alloc&) {
-    }
-    test::fail_allocation(0);
-    EXPECT_TRUE(test::is_intact(div));
+    try_without_memory(number, [&] { div.insert_range(div.end(), source.begin(), source.end()); });
+    EXPECT_TRUE(is_intact(div));
     const std::ptrdiff_t count = std::distance(div.begin(), div.end());
     EXPECT_TRUE(count == most || count == most + 1) << count;
     most = count;
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 /// Builds something with each request refused in turn and looks for what is lost.
 template <class Build>
 void expect_nothing_lost(Build build) {
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   const std::size_t failures =
-      test::fail_each_allocation(build, [before] { ASSERT_EQ(test::live_allocations(), before); });
+      fail_each_allocation(build, [before] { ASSERT_EQ(live_allocations(), before); });
   EXPECT_GE(failures, 1u);
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(LostMemory, IsNoneInConstructors) {
   expect_nothing_lost([] { xhtml_element(tag_id::p, u"an id", u"a class"); });
-  expect_nothing_lost([] { Xport::xhtml_pcdata text{long_text}; });
-  expect_nothing_lost([] { Xport::xhtml_comment text{long_text}; });
-  expect_nothing_lost([] { Xport::xhtml_processing_instruction text{long_text}; });
-  expect_nothing_lost([] { Xport::xhtml_end_tag text{long_text}; });
+  expect_nothing_lost([] { xhtml_pcdata text{long_text}; });
+  expect_nothing_lost([] { xhtml_comment text{long_text}; });
+  expect_nothing_lost([] { xhtml_processing_instruction text{long_text}; });
+  expect_nothing_lost([] { xhtml_end_tag text{long_text}; });
   expect_nothing_lost([] { xhtml_doc doc(1); });
-  expect_nothing_lost([] { Xport::with_null_codecvt(std::locale::classic()); });
+  expect_nothing_lost([] { with_null_codecvt(std::locale::classic()); });
 }
 
 TEST(LostMemory, IsNoneInCopies) {
@@ -194,7 +182,7 @@ TEST(LostMemory, IsNoneInCopies) {
   expect_nothing_lost([&div] { const std::unique_ptr<xhtml_markup> copy(div.clone()); });
   for (const xhtml_markup& child : *div.begin())
     expect_nothing_lost([&child] { const std::unique_ptr<xhtml_markup> copy(child.clone()); });
-  expect_nothing_lost([&div] { const Xport::attribute_map copy(*div.attributes()); });
+  expect_nothing_lost([&div] { const attribute_map copy(*div.attributes()); });
 }
 
 TEST(LostMemory, IsNoneInWholeDocuments) {
@@ -211,9 +199,10 @@ TEST(LostMemory, IsNoneInWholeDocuments) {
 TEST(Allocations, OfADocumentGrowWithItsBytesAndNotWithItsNodes) {
   xhtml_doc doc(1);
   xhtml_markup& body = *doc.body();
-  const std::size_t calls = test::allocation_calls();
+  const std::size_t calls = allocation_calls();
   for (int i = 0; i < 100000; ++i) append_element(body, tag_id::p)->append_text(u"some text");
-  EXPECT_LT(test::allocation_calls() - calls, 40u);
+  EXPECT_LT(allocation_calls() - calls, 40u);
 }
 
 }  // namespace
+}  // namespace test

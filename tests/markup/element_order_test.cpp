@@ -8,13 +8,8 @@
 
 #include "tests/markup/tree_text.h"
 
+namespace test {
 namespace {
-
-using test::element;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 /// A node by a letter: h head, b body, t title, m meta, c comment.
 std::unique_ptr<xhtml_markup> node(char letter) {
@@ -28,7 +23,7 @@ std::unique_ptr<xhtml_markup> node(char letter) {
     case 'm':
       return std::make_unique<xhtml_element>(tag_id::meta, u"", u"");
     default:
-      return std::make_unique<Xport::xhtml_comment>(u"c");
+      return std::make_unique<xhtml_comment>(u"c");
   }
 }
 
@@ -106,7 +101,7 @@ void try_all(tag_id tag, const std::string& alphabet, Takes takes) {
           ASSERT_TRUE(result == parent->end());
         }
         ASSERT_EQ(letters_of(*parent), expected);
-        ASSERT_TRUE(test::is_intact(*parent));
+        ASSERT_TRUE(is_intact(*parent));
       }
   });
 }
@@ -143,7 +138,7 @@ TEST(ElementOrder, OfHeadHoldsForElementsMadeInPlace) {
   EXPECT_TRUE(head.append_element(tag_id::title) != head.end());
   EXPECT_TRUE(head.append_element(tag_id::title) == head.end());
   EXPECT_TRUE(head.append_element(tag_id::meta) != head.end());
-  EXPECT_TRUE(test::is_tree(head, "head(title meta)"));
+  EXPECT_TRUE(is_tree(head, "head(title meta)"));
 }
 
 TEST(ElementOrder, IsNoMatterOfAdoption) {
@@ -156,7 +151,7 @@ TEST(ElementOrder, IsNoMatterOfOtherElements) {
   for (const tag_id tag :
        {tag_id::tr, tag_id::caption, tag_id::thead, tag_id::caption, tag_id::col})
     table.append_copy(element(tag));
-  EXPECT_TRUE(test::is_tree(table, "table(tr caption thead caption col)"));
+  EXPECT_TRUE(is_tree(table, "table(tr caption thead caption col)"));
 }
 
 // A copy brings its children along as they are.
@@ -164,7 +159,8 @@ TEST(ElementOrder, IsNoMatterOfWhatACopyHoldsAlready) {
   const auto head = filled(tag_id::head, "tt");
   xhtml_element html = element(tag_id::html);
   EXPECT_TRUE(html.append_copy(*head) != html.end());
-  EXPECT_TRUE(test::is_tree(html, "html(head(title title))"));
+  EXPECT_TRUE(is_tree(html, "html(head(title title))"));
 }
 
 }  // namespace
+}  // namespace test

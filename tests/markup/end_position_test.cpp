@@ -8,18 +8,12 @@
 #include "tests/markup/tree_text.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 void expect_node_of_no_kind(const xhtml_markup& node) {
   EXPECT_EQ(node.node_kind(), 0);
-  EXPECT_EQ(node.type(), Xport::node_type::none);
+  EXPECT_EQ(node.type(), node_type::none);
   EXPECT_EQ(node.tag(), tag_id::invalid_tag);
   EXPECT_EQ(node.category_flags(), 0u);
   EXPECT_EQ(node.content_flags(), 0u);
@@ -35,14 +29,14 @@ void expect_node_of_no_kind(const xhtml_markup& node) {
   EXPECT_FALSE(node.accepts_text());
   EXPECT_FALSE(node.is_empty_element());
   EXPECT_FALSE(node.is_end_tag());
-  EXPECT_FALSE(node.can_contain(test::element(tag_id::p)));
+  EXPECT_FALSE(node.can_contain(element(tag_id::p)));
   EXPECT_TRUE(node.begin() == node.end());
-  EXPECT_EQ(test::written(node), u"");
+  EXPECT_EQ(written(node), u"");
 }
 
 void use_every_operation(xhtml_markup& node) {
-  const xhtml_element p = test::element(tag_id::p);
-  xhtml_element other = test::element(tag_id::div);
+  const xhtml_element p = element(tag_id::p);
+  xhtml_element other = element(tag_id::div);
   other.append_copy(p);
   const auto adopted = std::make_unique<xhtml_element>(p);
   const auto end = node.end();
@@ -67,7 +61,7 @@ void use_every_operation(xhtml_markup& node) {
   EXPECT_TRUE(append_element(node, tag_id::p) == end);
   node.trim_trailing_space();
   EXPECT_EQ(adopted->parent(), nullptr);
-  EXPECT_TRUE(test::is_tree(other, "div(p)"));
+  EXPECT_TRUE(is_tree(other, "div(p)"));
 }
 
 void expect_harmless(const markup_iterator& position) {
@@ -77,53 +71,54 @@ void expect_harmless(const markup_iterator& position) {
 }
 
 TEST(EndPosition, OfALeafLeadsToAHarmlessNode) {
-  Xport::xhtml_pcdata text(u"text");
+  xhtml_pcdata text(u"text");
   expect_harmless(text.end());
-  EXPECT_EQ(test::text_of(text), "text");
+  EXPECT_EQ(text_of(text), "text");
 }
 
 TEST(EndPosition, OfAnEmptyElementLeadsToAHarmlessNode) {
-  xhtml_element div = test::element(tag_id::div);
+  xhtml_element div = element(tag_id::div);
   expect_harmless(div.end());
   expect_harmless(div.begin());
-  EXPECT_TRUE(test::is_tree(div, "div"));
+  EXPECT_TRUE(is_tree(div, "div"));
 }
 
 TEST(EndPosition, OfAFilledElementLeadsToAHarmlessNode) {
-  xhtml_element div = test::element(tag_id::div);
-  div << test::element(tag_id::p) << u"text";
+  xhtml_element div = element(tag_id::div);
+  div << element(tag_id::p) << u"text";
   expect_harmless(div.end());
-  EXPECT_TRUE(test::is_tree(div, "div(p 'text')"));
+  EXPECT_TRUE(is_tree(div, "div(p 'text')"));
 }
 
 TEST(EndPosition, OfADocumentLeadsToAHarmlessNode) {
-  Xport::xhtml_doc doc(1);
+  xhtml_doc doc(1);
   expect_harmless(doc.root()->end());
   expect_harmless(doc.body()->end());
 }
 
 TEST(EndPosition, OfTheHarmlessNodeLeadsToOneAgain) {
-  xhtml_element div = test::element(tag_id::div);
+  xhtml_element div = element(tag_id::div);
   expect_harmless(div.end()->end());
 }
 
 TEST(EndPosition, IsWhatAnInvalidPositionResembles) { expect_harmless(markup_iterator()); }
 
 TEST(EndPosition, StandsForTheResultOfARefusedInsertion) {
-  xhtml_element list = test::element(tag_id::ul);
+  xhtml_element list = element(tag_id::ul);
   markup_iterator refused = list.append_text(u"text");
   refused->set_attribute(attr_id::id, u"value");
-  *refused << u"text" << test::element(tag_id::p);
+  *refused << u"text" << element(tag_id::p);
   expect_harmless(refused);
-  EXPECT_TRUE(test::is_tree(list, "ul"));
+  EXPECT_TRUE(is_tree(list, "ul"));
 }
 
-TEST(EndPosition, GivesANodeThatNoParentTakes) {
-  xhtml_element div = test::element(tag_id::div);
+TEST(EndPosition, LeadsToANodeThatNoParentAccepts) {
+  xhtml_element div = element(tag_id::div);
   EXPECT_TRUE(div.append_copy(*div.end()) == div.end());
   EXPECT_TRUE(div.adopt_child(&*div.end()) == div.end());
   div.insert_copies(div.end(), 2, *div.end());
-  EXPECT_TRUE(test::is_tree(div, "div"));
+  EXPECT_TRUE(is_tree(div, "div"));
 }
 
 }  // namespace
+}  // namespace test

@@ -9,13 +9,8 @@
 
 #include "tests/markup/tree_text.h"
 
+namespace test {
 namespace {
-
-using Xport::const_markup_iterator;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 static_assert(std::has_virtual_destructor_v<const_markup_iterator>);
 static_assert(std::has_virtual_destructor_v<markup_iterator>);
@@ -34,22 +29,22 @@ class MarkupIterator : public ::testing::Test {
  protected:
   MarkupIterator() { div << u"a" << u"b" << u"c"; }
 
-  xhtml_element div = test::element(tag_id::div);
+  xhtml_element div = element(tag_id::div);
   const xhtml_element& const_div = div;
 };
 
 template <class Iterator>
 std::string forward(Iterator first, const Iterator& last) {
   std::string text;
-  for (; first != last; ++first) text += test::text_of(*first);
+  for (; first != last; ++first) text += text_of(*first);
   return text;
 }
 
-TEST_F(MarkupIterator, GoesRoundForward) {
+TEST_F(MarkupIterator, WrapsAroundForward) {
   markup_iterator at = div.begin();
   for (int round = 0; round < 3; ++round) {
     for (const char* letter : {"a", "b", "c"}) {
-      EXPECT_EQ(test::text_of(*at), letter);
+      EXPECT_EQ(text_of(*at), letter);
       EXPECT_EQ(at.owner(), &div);
       ++at;
     }
@@ -59,28 +54,28 @@ TEST_F(MarkupIterator, GoesRoundForward) {
   }
 }
 
-TEST_F(MarkupIterator, GoesRoundBackward) {
+TEST_F(MarkupIterator, WrapsAroundBackward) {
   const_markup_iterator at = const_div.end();
   for (int round = 0; round < 3; ++round) {
-    for (const char* letter : {"c", "b", "a"}) EXPECT_EQ(test::text_of(*--at), letter);
+    for (const char* letter : {"c", "b", "a"}) EXPECT_EQ(text_of(*--at), letter);
     EXPECT_TRUE(at == const_div.begin());
     EXPECT_TRUE(--at == const_div.end());
   }
 }
 
-TEST_F(MarkupIterator, GivesItsOldPositionBehindAPostfixMove) {
+TEST_F(MarkupIterator, ReturnsItsOldPositionFromAPostfixMove) {
   markup_iterator at = div.begin();
-  EXPECT_EQ(test::text_of(*at++), "a");
-  EXPECT_EQ(test::text_of(*at--), "b");
-  EXPECT_EQ(test::text_of(*at), "a");
+  EXPECT_EQ(text_of(*at++), "a");
+  EXPECT_EQ(text_of(*at--), "b");
+  EXPECT_EQ(text_of(*at), "a");
   const_markup_iterator const_at = const_div.begin();
-  EXPECT_EQ(test::text_of(*const_at++), "a");
-  EXPECT_EQ(test::text_of(*const_at--), "b");
+  EXPECT_EQ(text_of(*const_at++), "a");
+  EXPECT_EQ(text_of(*const_at--), "b");
   EXPECT_TRUE(const_at == const_div.begin());
 }
 
 TEST_F(MarkupIterator, IsEqualWhereNodeAndListAre) {
-  xhtml_element other = test::element(tag_id::div);
+  xhtml_element other = element(tag_id::div);
   EXPECT_TRUE(div.begin() == div.begin());
   EXPECT_TRUE(div.begin() != div.end());
   EXPECT_TRUE(div.begin() != std::next(div.begin()));
@@ -95,7 +90,7 @@ TEST_F(MarkupIterator, IsEqualWhereNodeAndListAre) {
 
 TEST_F(MarkupIterator, ConvertsToTheConstForm) {
   const const_markup_iterator converted = std::next(div.begin());
-  EXPECT_EQ(test::text_of(*converted), "b");
+  EXPECT_EQ(text_of(*converted), "b");
   EXPECT_EQ(converted->node_kind(), 5);
   EXPECT_EQ(converted.owner(), &div);
   const_markup_iterator assigned;
@@ -107,29 +102,29 @@ TEST_F(MarkupIterator, IsCopiedAndAssigned) {
   markup_iterator first = div.begin();
   markup_iterator second(first);
   ++second;
-  EXPECT_EQ(test::text_of(*first), "a");
+  EXPECT_EQ(text_of(*first), "a");
   first = second;
   EXPECT_TRUE(first == second);
   *first << u"!";
-  EXPECT_TRUE(test::is_tree(div, "div('a' 'b!' 'c')"));
+  EXPECT_TRUE(is_tree(div, "div('a' 'b!' 'c')"));
 }
 
 TEST_F(MarkupIterator, ServesStandardAlgorithms) {
-  const auto is_b = [](const xhtml_markup& node) { return test::text_of(node) == "b"; };
+  const auto is_b = [](const xhtml_markup& node) { return text_of(node) == "b"; };
   EXPECT_EQ(std::distance(div.begin(), div.end()), 3);
   EXPECT_TRUE(std::find_if(div.begin(), div.end(), is_b) == std::next(div.begin()));
   EXPECT_EQ(std::count_if(const_div.begin(), const_div.end(), is_b), 1);
-  EXPECT_EQ(test::text_of(*std::prev(div.end())), "c");
+  EXPECT_EQ(text_of(*std::prev(div.end())), "c");
   EXPECT_TRUE(std::next(const_div.begin(), 3) == const_div.end());
   std::for_each(div.begin(), div.end(), [](xhtml_markup& node) { node << u"."; });
   EXPECT_EQ(forward(div.begin(), div.end()), "a.b.c.");
   const auto from_behind = std::make_reverse_iterator(div.end());
-  EXPECT_EQ(test::text_of(*from_behind), "c.");
+  EXPECT_EQ(text_of(*from_behind), "c.");
   EXPECT_EQ(forward(from_behind, std::make_reverse_iterator(div.begin())), "c.b.a.");
 }
 
 TEST_F(MarkupIterator, OfAListOfOneGoesBetweenItAndTheEnd) {
-  xhtml_element p = test::element(tag_id::p);
+  xhtml_element p = element(tag_id::p);
   p << u"one";
   markup_iterator at = p.begin();
   for (int i = 0; i < 3; ++i) {
@@ -142,8 +137,9 @@ TEST_F(MarkupIterator, OfAListOfOneGoesBetweenItAndTheEnd) {
 
 TEST_F(MarkupIterator, StandsOnAnyChildMadeByHand) {
   xhtml_markup& second = *std::next(div.begin());
-  EXPECT_EQ(test::text_of(*++markup_iterator(&second, &div)), "c");
-  EXPECT_EQ(test::text_of(*--const_markup_iterator(&second, &div)), "a");
+  EXPECT_EQ(text_of(*++markup_iterator(&second, &div)), "c");
+  EXPECT_EQ(text_of(*--const_markup_iterator(&second, &div)), "a");
 }
 
 }  // namespace
+}  // namespace test

@@ -11,29 +11,20 @@
 #include <utility>
 
 #include "tests/markup/tree_text.h"
+#include "tests/support/golden.h"
 #include "xport/markup/leaf_nodes.h"
 
+namespace test {
 namespace {
 
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::xhtml_comment;
-using Xport::xhtml_doctype_declaration;
-using Xport::xhtml_element;
-using Xport::xhtml_end_tag;
-using Xport::xhtml_markup;
-using Xport::xhtml_pcdata;
-using Xport::xhtml_processing_instruction;
-
-static_assert(static_cast<int>(Xport::node_type::none) == 0);
-static_assert(static_cast<int>(Xport::node_type::doctype) == 1);
-static_assert(static_cast<int>(Xport::node_type::element) == 2);
-static_assert(static_cast<int>(Xport::node_type::comment) == 3);
-static_assert(static_cast<int>(Xport::node_type::processing_instruction) == 4);
-static_assert(static_cast<int>(Xport::node_type::pcdata) == 5);
-static_assert(Xport::category_none == 0 && Xport::category_block == 1);
-static_assert(Xport::category_inline == 2 && Xport::category_text == 4);
+static_assert(static_cast<int>(node_type::none) == 0);
+static_assert(static_cast<int>(node_type::doctype) == 1);
+static_assert(static_cast<int>(node_type::element) == 2);
+static_assert(static_cast<int>(node_type::comment) == 3);
+static_assert(static_cast<int>(node_type::processing_instruction) == 4);
+static_assert(static_cast<int>(node_type::pcdata) == 5);
+static_assert(category_none == 0 && category_block == 1);
+static_assert(category_inline == 2 && category_text == 4);
 static_assert(static_cast<int>(tag_id::invalid_tag) == 92);
 
 static_assert(std::has_virtual_destructor_v<xhtml_markup>);
@@ -67,8 +58,8 @@ struct kind {
 
 /// The text of a node that is one, else empty.
 std::string text_if_any(const xhtml_markup& node) {
-  const auto* const leaf = dynamic_cast<const Xport::text_leaf*>(&node);
-  return leaf != nullptr ? test::printable(leaf->text()) : std::string();
+  const auto* const leaf = dynamic_cast<const text_leaf*>(&node);
+  return leaf != nullptr ? printable(leaf->text()) : std::string();
 }
 
 template <class Node, class... Arguments>
@@ -96,17 +87,17 @@ class NodeInterface : public ::testing::TestWithParam<kind> {
   std::string original_text() const { return is_a_text() ? expected().text : ""; }
 
   /// Whether `result` is the end of the node's own list.
-  bool is_end(const Xport::markup_iterator& result) { return result == node().end(); }
+  bool is_end(const markup_iterator& result) { return result == node().end(); }
 
   void expect_unchanged() {
-    EXPECT_TRUE(test::is_intact(node()));
+    EXPECT_TRUE(is_intact(node()));
     EXPECT_TRUE(node().begin() == node().end());
     EXPECT_EQ(node().parent(), nullptr);
     EXPECT_EQ(text_if_any(node()), original_text());
   }
 
-  const xhtml_element span_ = test::element(tag_id::span);
-  xhtml_element list_ = test::element(tag_id::ul);
+  const xhtml_element span_ = element(tag_id::span);
+  xhtml_element list_ = element(tag_id::ul);
 
  private:
   std::unique_ptr<xhtml_markup> node_ = GetParam().make();
@@ -121,7 +112,7 @@ TEST_P(NodeInterface, TellsItsKind) {
   EXPECT_EQ(node().tag(), expected().tag);
   EXPECT_EQ(node().category_flags(), expected().category_flags);
   EXPECT_EQ(node().is_end_tag(), expected().is_end_tag);
-  EXPECT_EQ(test::printable(node().tag_name()), expected().tag_name);
+  EXPECT_EQ(printable(node().tag_name()), expected().tag_name);
 }
 
 TEST_P(NodeInterface, HasAnEmptyChildListThatIsACircle) {
@@ -134,7 +125,7 @@ TEST_P(NodeInterface, HasAnEmptyChildListThatIsACircle) {
   expect_unchanged();
 }
 
-TEST_P(NodeInterface, TakesNoChild) {
+TEST_P(NodeInterface, AcceptsNoChild) {
   EXPECT_TRUE(is_end(node().insert_copy(node().begin(), span_)));
   EXPECT_TRUE(is_end(node().insert_copy(list_.end(), span_)));
   EXPECT_TRUE(is_end(node().append_copy(span_)));
@@ -145,7 +136,7 @@ TEST_P(NodeInterface, TakesNoChild) {
   expect_unchanged();
 }
 
-TEST_P(NodeInterface, TakesNoText) {
+TEST_P(NodeInterface, AcceptsNoText) {
   EXPECT_TRUE(is_end(node().insert_text(node().begin(), u"more")));
   EXPECT_TRUE(is_end(node().insert_text(list_.end(), u"more")));
   EXPECT_TRUE(is_end(node().append_text(u"more")));
@@ -155,13 +146,13 @@ TEST_P(NodeInterface, TakesNoText) {
   expect_unchanged();
 }
 
-TEST_P(NodeInterface, TakesNoRangeAndNoCopies) {
-  list_.append_copy(test::element(tag_id::li));
+TEST_P(NodeInterface, AcceptsNoRangeAndNoCopies) {
+  list_.append_copy(element(tag_id::li));
   node().insert_range(node().end(), list_.begin(), list_.end());
   node().insert_range(list_.end(), list_.begin(), list_.end());
   node().insert_copies(node().end(), 3, span_);
   node().insert_copies(list_.end(), 3, span_);
-  EXPECT_TRUE(test::is_tree(list_, "ul(li)"));
+  EXPECT_TRUE(is_tree(list_, "ul(li)"));
   expect_unchanged();
 }
 
@@ -176,7 +167,7 @@ TEST_P(NodeInterface, LeavesANodeToItsCaller) {
 TEST_P(NodeInterface, ContainsNothing) {
   for (const kind& other : kinds) EXPECT_FALSE(node().can_contain(*other.make())) << other.name;
   for (int number = 0; number <= 93; ++number)
-    EXPECT_FALSE(node().can_contain(test::element(number))) << number;
+    EXPECT_FALSE(node().can_contain(element(number))) << number;
   EXPECT_EQ(node().content_flags(), 0u);
 }
 
@@ -208,7 +199,7 @@ TEST_P(NodeInterface, IsNoElement) {
   expect_unchanged();
 }
 
-TEST_P(NodeInterface, ClonesItselfOrGivesNull) {
+TEST_P(NodeInterface, ClonesItselfOrReturnsNull) {
   const std::unique_ptr<xhtml_markup> copy(node().clone());
   ASSERT_EQ(copy != nullptr, is_a_text());
   if (copy == nullptr) return;
@@ -216,7 +207,7 @@ TEST_P(NodeInterface, ClonesItselfOrGivesNull) {
   const xhtml_markup& made = *copy;
   EXPECT_EQ(typeid(made), typeid(original));
   EXPECT_EQ(copy->parent(), nullptr);
-  EXPECT_EQ(test::text_of(*copy), test::text_of(node()));
+  EXPECT_EQ(text_of(*copy), text_of(node()));
   *copy << u"!";
   expect_unchanged();
 }
@@ -235,8 +226,8 @@ TEST_P(NodeInterface, TrimsCharacterDataOnly) {
 }
 
 TEST(NodeDefaults, WriteNothing) {
-  EXPECT_EQ(test::written(xhtml_markup()), u"");
-  EXPECT_EQ(test::written(xhtml_end_tag(u"</p>")), u"");
+  EXPECT_EQ(written(xhtml_markup()), u"");
+  EXPECT_EQ(written(xhtml_end_tag(u"</p>")), u"");
 }
 
 TEST(NodeDefaults, LeaveACopyOfTheBaseClassAlone) {
@@ -256,10 +247,11 @@ TEST(CommentSelf, IsTheComment) {
 // A doctype's text has no effect on what is written.
 TEST(NodeDefaults, LeaveADoctypesTextUnwritten) {
   xhtml_doctype_declaration doctype;
-  const Xport::ustring plain = test::written(doctype);
+  const ustring plain = written(doctype);
   doctype << u"html SYSTEM";
-  EXPECT_EQ(test::text_of(doctype), "html SYSTEM");
-  EXPECT_TRUE(test::is_text(test::written(doctype), plain));
+  EXPECT_EQ(text_of(doctype), "html SYSTEM");
+  EXPECT_TRUE(same_units(written(doctype), plain));
 }
 
 }  // namespace
+}  // namespace test

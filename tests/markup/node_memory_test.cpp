@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "tests/support/allocation_failure.h"
+#include "tests/support/names.h"
 
+namespace test {
 namespace {
-
-using Xport::node_pool;
 
 bool is_aligned(const void* memory) {
   return reinterpret_cast<std::uintptr_t>(memory) % node_pool::granule == 0;
@@ -46,7 +46,7 @@ TEST(NodePool, RoundsUpToGranules) {
   EXPECT_EQ(node_pool::round_up(512), 512u);
 }
 
-TEST(NodePool, GivesMemoryOfEverySizeAlignedAndApart) {
+TEST(NodePool, ReturnsMemoryOfEverySizeAlignedAndApart) {
   node_pool pool;
   std::vector<block> blocks;
   for (unsigned size = 1; size <= 2000; ++size) {
@@ -56,7 +56,7 @@ TEST(NodePool, GivesMemoryOfEverySizeAlignedAndApart) {
   for (const block& b : blocks) ASSERT_TRUE(b.is_untouched()) << b.bytes;
 }
 
-TEST(NodePool, GivesReleasedMemoryAgainToTheSameSize) {
+TEST(NodePool, ReusesReleasedMemoryForTheSameSize) {
   for (std::size_t size = 1; size <= node_pool::largest_small; ++size) {
     node_pool pool;
     void* const first = pool.allocate(size);
@@ -71,49 +71,49 @@ TEST(NodePool, GivesReleasedMemoryAgainToTheSameSize) {
   }
 }
 
-TEST(NodePool, GivesLargeMemoryBackOnRelease) {
+TEST(NodePool, FreesLargeMemoryOnRelease) {
   node_pool pool;
   std::vector<void*> blocks;
   for (int i = 0; i < 10; ++i) blocks.push_back(pool.allocate(node_pool::largest_small + 1));
-  const std::size_t with_all = test::live_allocations();
+  const std::size_t with_all = live_allocations();
   // From the middle, the end and the start of the pool's list.
   for (const std::size_t i : {4u, 0u, 9u, 5u, 1u, 8u, 2u, 3u, 7u, 6u})
     pool.release(blocks[i], node_pool::largest_small + 1);
-  EXPECT_EQ(test::live_allocations(), with_all - 10);
+  EXPECT_EQ(live_allocations(), with_all - 10);
 }
 
-TEST(NodePool, GivesAllMemoryBackWithItself) {
-  const std::size_t before = test::live_allocations();
+TEST(NodePool, FreesAllMemoryWhenItIsDestroyed) {
+  const std::size_t before = live_allocations();
   {
     node_pool pool;
     for (std::size_t size = 1; size < 5000; size += 3) pool.allocate(size);
-    EXPECT_GT(test::live_allocations(), before);
+    EXPECT_GT(live_allocations(), before);
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
-TEST(NodePool, TakesNoMemoryBeforeItIsAsked) {
-  const std::size_t calls = test::allocation_calls();
+TEST(NodePool, AllocatesNothingBeforeItIsAsked) {
+  const std::size_t calls = allocation_calls();
   { const node_pool pool; }
-  EXPECT_EQ(test::allocation_calls(), calls);
+  EXPECT_EQ(allocation_calls(), calls);
 }
 
-TEST(NodePool, TakesMemoryInLargePieces) {
-  const std::size_t calls = test::allocation_calls();
+TEST(NodePool, AllocatesLargePieces) {
+  const std::size_t calls = allocation_calls();
   node_pool pool;
   for (int i = 0; i < 1000000; ++i) std::memset(pool.allocate(64), i & 0xFF, 64);
-  EXPECT_LT(test::allocation_calls() - calls, 50u);
+  EXPECT_LT(allocation_calls() - calls, 50u);
 }
 
 TEST(NodePool, DoesNotGrowWhereMemoryComesBack) {
   node_pool pool;
   pool.allocate(8);
-  const std::size_t calls = test::allocation_calls();
+  const std::size_t calls = allocation_calls();
   for (int i = 0; i < 100000; ++i) pool.release(pool.allocate(88), 88);
-  EXPECT_EQ(test::allocation_calls(), calls);
+  EXPECT_EQ(allocation_calls(), calls);
 }
 
-TEST(NodePool, KeepsBlocksApartWhateverTheOrder) {
+TEST(NodePool, KeepsBlocksApartInAnyOrder) {
   std::mt19937 random(2);
   node_pool pool;
   std::vector<block> blocks;
@@ -142,10 +142,10 @@ TEST(NodePool, RefusesSizesThatNoMachineHas) {
 }
 
 TEST(NodePool, StaysWholeWhenTheSystemHasNoMemory) {
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   {
     node_pool pool;
-    const std::size_t failures = test::fail_each_allocation(
+    const std::size_t failures = fail_each_allocation(
         [&pool] {
           for (int i = 0; i < 1000; ++i) take(pool, 100, 7);
           take(pool, 1000, 7);
@@ -153,7 +153,7 @@ TEST(NodePool, StaysWholeWhenTheSystemHasNoMemory) {
         [&pool] { take(pool, 8, 7); });
     EXPECT_GT(failures, 1u);
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(NodePool, RemembersThatNodesWereAdopted) {
@@ -164,3 +164,4 @@ TEST(NodePool, RemembersThatNodesWereAdopted) {
 }
 
 }  // namespace
+}  // namespace test

@@ -8,19 +8,12 @@
 #include <string>
 
 #include "tests/markup/tree_text.h"
+#include "tests/support/golden.h"
 #include "tests/support/locale.h"
 #include "xport/markup/leaf_nodes.h"
 
+namespace test {
 namespace {
-
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_comment;
-using Xport::xhtml_doctype_declaration;
-using Xport::xhtml_end_tag;
-using Xport::xhtml_pcdata;
-using Xport::xhtml_processing_instruction;
 
 struct token_case {
   const char16_t* token;
@@ -89,13 +82,13 @@ const token_case instructions[] = {
 
 TEST(NodeTokens, GiveCommentsTheirBody) {
   for (const token_case& c : comments)
-    EXPECT_TRUE(test::is_text(xhtml_comment(c.token).text(), c.body)) << test::printable(c.token);
+    EXPECT_TRUE(same_units(xhtml_comment(c.token).text(), c.body)) << printable(c.token);
 }
 
 TEST(NodeTokens, GiveInstructionsTheirBody) {
   for (const token_case& c : instructions)
-    EXPECT_TRUE(test::is_text(xhtml_processing_instruction(c.token).text(), c.body))
-        << test::printable(c.token);
+    EXPECT_TRUE(same_units(xhtml_processing_instruction(c.token).text(), c.body))
+        << printable(c.token);
 }
 
 /// The rule step by step, for tokens in which only the blank is white space.
@@ -124,16 +117,15 @@ void for_each_token(ustring_view alphabet, Visit visit) {
 
 TEST(NodeTokens, OfAllShortFormsGiveCommentsTheirBody) {
   for_each_token(u"<-> a", [](const ustring& token) {
-    ASSERT_TRUE(test::is_text(xhtml_comment(token).text(), body(token, u"<--", u"-->")))
-        << test::printable(token);
+    ASSERT_TRUE(same_units(xhtml_comment(token).text(), body(token, u"<--", u"-->")))
+        << printable(token);
   });
 }
 
 TEST(NodeTokens, OfAllShortFormsGiveInstructionsTheirBody) {
   for_each_token(u"<?> a", [](const ustring& token) {
-    ASSERT_TRUE(
-        test::is_text(xhtml_processing_instruction(token).text(), body(token, u"<?", u"?>")))
-        << test::printable(token);
+    ASSERT_TRUE(same_units(xhtml_processing_instruction(token).text(), body(token, u"<?", u"?>")))
+        << printable(token);
   });
 }
 
@@ -159,8 +151,8 @@ const end_tag_case end_tags[] = {
 TEST(NodeTokens, GiveEndTagsTheirElementAndStayAsTheyAre) {
   for (const end_tag_case& c : end_tags) {
     const xhtml_end_tag end_tag{ustring_view(c.token)};
-    EXPECT_EQ(end_tag.tag(), tag_id{c.tag}) << test::printable(c.token);
-    EXPECT_TRUE(test::is_text(end_tag.tag_name(), c.token));
+    EXPECT_EQ(end_tag.tag(), tag_id{c.tag}) << printable(c.token);
+    EXPECT_TRUE(same_units(end_tag.tag_name(), c.token));
     EXPECT_TRUE(end_tag.is_end_tag());
     EXPECT_EQ(end_tag.node_kind(), 0);
     EXPECT_EQ(end_tag.category_flags(), 0u);
@@ -169,18 +161,18 @@ TEST(NodeTokens, GiveEndTagsTheirElementAndStayAsTheyAre) {
 
 TEST(NodeTokens, MayHoldAnyUnits) {
   const ustring odd{0xD800, 0xFFFF, 0, 0xDC00, u'x'};
-  EXPECT_TRUE(test::is_text(xhtml_comment(odd).text(), odd));
-  EXPECT_TRUE(test::is_text(xhtml_processing_instruction(odd).text(), odd));
-  EXPECT_TRUE(test::is_text(xhtml_pcdata(odd).text(), odd));
-  EXPECT_TRUE(test::is_text(xhtml_end_tag(odd).tag_name(), odd));
+  EXPECT_TRUE(same_units(xhtml_comment(odd).text(), odd));
+  EXPECT_TRUE(same_units(xhtml_processing_instruction(odd).text(), odd));
+  EXPECT_TRUE(same_units(xhtml_pcdata(odd).text(), odd));
+  EXPECT_TRUE(same_units(xhtml_end_tag(odd).tag_name(), odd));
   EXPECT_EQ(xhtml_end_tag(odd).tag(), tag_id::invalid_tag);
   EXPECT_EQ(xhtml_end_tag(ustring_view(u"</p\0q>", 6)).tag(), tag_id::p) << "cut at the zero";
 }
 
 TEST(NodeTokens, LeaveCharacterDataAndDoctypesAsTheyAre) {
-  EXPECT_EQ(test::text_of(xhtml_pcdata(u"")), "");
-  EXPECT_EQ(test::text_of(xhtml_pcdata(u" <-- a --> &amp; < ")), " <-- a --> &amp; < ");
-  EXPECT_EQ(test::text_of(xhtml_doctype_declaration()), "");
+  EXPECT_EQ(text_of(xhtml_pcdata(u"")), "");
+  EXPECT_EQ(text_of(xhtml_pcdata(u" <-- a --> &amp; < ")), " <-- a --> &amp; < ");
+  EXPECT_EQ(text_of(xhtml_doctype_declaration()), "");
 }
 
 /// White space as some locale might have it: '_' and U+2003 too, but no tab.
@@ -194,19 +186,18 @@ class odd_space : public std::ctype<wchar_t> {
 };
 
 TEST(WhiteSpace, IsWhatTheGlobalLocaleSays) {
-  const test::global_locale guard{std::locale(std::locale::classic(), new odd_space)};
-  EXPECT_EQ(test::text_of(xhtml_comment(u"<--_ \u2003a b\u2003_-->")), "a b");
-  EXPECT_EQ(test::text_of(xhtml_comment(u"\ta\t")), "\\u0009a\\u0009");
-  EXPECT_EQ(test::text_of(xhtml_processing_instruction(u"<?_abc\u2003?>")), "abc");
+  const global_locale guard{std::locale(std::locale::classic(), new odd_space)};
+  EXPECT_EQ(text_of(xhtml_comment(u"<--_ \u2003a b\u2003_-->")), "a b");
+  EXPECT_EQ(text_of(xhtml_comment(u"\ta\t")), "\\u0009a\\u0009");
+  EXPECT_EQ(text_of(xhtml_processing_instruction(u"<?_abc\u2003?>")), "abc");
   xhtml_pcdata text(u"__a\t_ \u2003");
   text.trim_trailing_space();
-  EXPECT_EQ(test::text_of(text), "__a\\u0009");
+  EXPECT_EQ(text_of(text), "__a\\u0009");
 }
 
 TEST(WhiteSpace, OfTheClassicLocaleIsAsciiOnly) {
-  const test::global_locale guard{std::locale::classic()};
-  EXPECT_EQ(test::text_of(xhtml_comment(u" \t\n\v\f\ra\u00A0\u2003\u3000")),
-            "a\\u00A0\\u2003\\u3000");
+  const global_locale guard{std::locale::classic()};
+  EXPECT_EQ(text_of(xhtml_comment(u" \t\n\v\f\ra\u00A0\u2003\u3000")), "a\\u00A0\\u2003\\u3000");
 }
 
 TEST(WhiteSpace, IsTrimmedFromTheEndOfCharacterDataOnly) {
@@ -216,9 +207,9 @@ TEST(WhiteSpace, IsTrimmedFromTheEndOfCharacterDataOnly) {
   for (const token_case& c : cases) {
     xhtml_pcdata text{ustring_view(c.token)};
     text.trim_trailing_space();
-    EXPECT_TRUE(test::is_text(text.text(), c.body));
+    EXPECT_TRUE(same_units(text.text(), c.body));
     text.trim_trailing_space();
-    EXPECT_TRUE(test::is_text(text.text(), c.body));
+    EXPECT_TRUE(same_units(text.text(), c.body));
   }
 }
 
@@ -226,9 +217,9 @@ TEST(WhiteSpace, IsTrimmedFromLongCharacterData) {
   for (const std::size_t size : {1u, 7u, 8u, 9u, 220u, 221u, 100000u}) {
     xhtml_pcdata text(ustring(size, u'a') + ustring(size, u' '));
     text.trim_trailing_space();
-    EXPECT_TRUE(test::is_text(text.text(), ustring(size, u'a')));
+    EXPECT_TRUE(same_units(text.text(), ustring(size, u'a')));
     text << u"b";
-    EXPECT_TRUE(test::is_text(text.text(), ustring(size, u'a') + u'b'));
+    EXPECT_TRUE(same_units(text.text(), ustring(size, u'a') + u'b'));
   }
 }
 
@@ -244,3 +235,4 @@ TEST(EndTagCase, FollowsTheCLibrary) {
 }
 
 }  // namespace
+}  // namespace test

@@ -6,9 +6,11 @@
 #include <locale>
 #include <type_traits>
 
+#include "tests/support/names.h"
+
+namespace test {
 namespace {
 
-using Xport::NullCodecvt;
 using facet = std::codecvt<char16_t, char, std::mbstate_t>;
 
 static_assert(std::is_base_of_v<facet, NullCodecvt>);
@@ -16,7 +18,7 @@ static_assert(std::is_base_of_v<facet, NullCodecvt>);
 /// The facet as streams meet it: through the standard interface of a locale.
 class NullConversion : public ::testing::Test {
  protected:
-  const std::locale locale = Xport::with_null_codecvt(std::locale::classic());
+  const std::locale locale = with_null_codecvt(std::locale::classic());
   const facet& conversion = std::use_facet<facet>(locale);
   std::mbstate_t state{};
   char bytes[8] = {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'};
@@ -26,7 +28,7 @@ class NullConversion : public ::testing::Test {
 TEST_F(NullConversion, IsTheFacetOfTheLocale) {
   EXPECT_NE(dynamic_cast<const NullCodecvt*>(&conversion), nullptr);
   EXPECT_EQ(locale.name(), "*");
-  EXPECT_EQ(Xport::with_null_codecvt(locale).name(), "*");
+  EXPECT_EQ(with_null_codecvt(locale).name(), "*");
 }
 
 TEST_F(NullConversion, LeavesTheRestOfTheLocaleAlone) {
@@ -79,3 +81,4 @@ TEST_F(NullConversion, MeasuresTheSmallerOfCountAndBytes) {
 }
 
 }  // namespace
+}  // namespace test

@@ -9,13 +9,8 @@
 
 #include "tests/markup/tree_text.h"
 
+namespace test {
 namespace {
-
-using Xport::const_markup_iterator;
-using Xport::reverse_markup_iterator;
-using Xport::tag_id;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 static_assert(std::has_virtual_destructor_v<reverse_markup_iterator>);
 static_assert(std::is_base_of_v<const_markup_iterator, reverse_markup_iterator>);
@@ -32,7 +27,7 @@ class ReverseMarkupIterator : public ::testing::Test {
     last = reverse_markup_iterator(div.begin());
   }
 
-  xhtml_element div = test::element(tag_id::div);
+  xhtml_element div = element(tag_id::div);
   const xhtml_element& const_div = div;
   reverse_markup_iterator first;
   reverse_markup_iterator last;
@@ -40,38 +35,38 @@ class ReverseMarkupIterator : public ::testing::Test {
 
 TEST_F(ReverseMarkupIterator, WalksFromTheLastChildToTheFirst) {
   std::string text;
-  for (reverse_markup_iterator at = first; at != last; ++at) text += test::text_of(*at);
+  for (reverse_markup_iterator at = first; at != last; ++at) text += text_of(*at);
   EXPECT_EQ(text, "cba");
 }
 
 TEST_F(ReverseMarkupIterator, StandsOnTheChildBeforeItsBase) {
   reverse_markup_iterator at(std::next(div.begin()));
-  EXPECT_EQ(test::text_of(*at), "a");
+  EXPECT_EQ(text_of(*at), "a");
   EXPECT_TRUE(at.base() == std::next(const_div.begin()));
-  EXPECT_EQ(test::text_of(*at.base()), "b");
+  EXPECT_EQ(text_of(*at.base()), "b");
   EXPECT_EQ(&*reverse_markup_iterator(const_div.end()), &*std::prev(const_div.end()));
 }
 
 TEST_F(ReverseMarkupIterator, AdvancingMovesTheBaseBack) {
   reverse_markup_iterator at = first;
   EXPECT_TRUE(at.base() == const_div.end());
-  EXPECT_EQ(test::text_of(*++at), "b");
+  EXPECT_EQ(text_of(*++at), "b");
   EXPECT_TRUE(at.base() == std::next(const_div.begin(), 2));
-  EXPECT_EQ(test::text_of(*--at), "c");
+  EXPECT_EQ(text_of(*--at), "c");
   EXPECT_TRUE(at == first);
 }
 
-TEST_F(ReverseMarkupIterator, GivesItsOldPositionBehindAPostfixMove) {
+TEST_F(ReverseMarkupIterator, ReturnsItsOldPositionFromAPostfixMove) {
   reverse_markup_iterator at = first;
-  EXPECT_EQ(test::text_of(*at++), "c");
-  EXPECT_EQ(test::text_of(*at--), "b");
-  EXPECT_EQ(test::text_of(*at), "c");
+  EXPECT_EQ(text_of(*at++), "c");
+  EXPECT_EQ(text_of(*at--), "b");
+  EXPECT_EQ(text_of(*at), "c");
 }
 
-TEST_F(ReverseMarkupIterator, GoesRound) {
+TEST_F(ReverseMarkupIterator, WrapsAround) {
   reverse_markup_iterator at = first;
   for (int round = 0; round < 3; ++round) {
-    for (const char* letter : {"c", "b", "a"}) EXPECT_EQ(test::text_of(*at++), letter);
+    for (const char* letter : {"c", "b", "a"}) EXPECT_EQ(text_of(*at++), letter);
     EXPECT_TRUE(at == last);
     EXPECT_EQ(at->node_kind(), 0);
     ++at;
@@ -89,16 +84,16 @@ TEST_F(ReverseMarkupIterator, ItsEndLeadsToANodeOfNoKind) {
 }
 
 TEST_F(ReverseMarkupIterator, OfAnEmptyListIsAtItsEnd) {
-  const xhtml_element p = test::element(tag_id::p);
+  const xhtml_element p = element(tag_id::p);
   EXPECT_TRUE(reverse_markup_iterator(p.end()) == reverse_markup_iterator(p.begin()));
   EXPECT_EQ(reverse_markup_iterator(p.end())->node_kind(), 0);
-  const Xport::xhtml_pcdata text(u"text");
+  const xhtml_pcdata text(u"text");
   EXPECT_TRUE(reverse_markup_iterator(text.end()) == reverse_markup_iterator(text.begin()));
   EXPECT_EQ(reverse_markup_iterator(text.end())->node_kind(), 0);
 }
 
 TEST_F(ReverseMarkupIterator, IsEqualWhereTheBasesAre) {
-  xhtml_element other = test::element(tag_id::div);
+  xhtml_element other = element(tag_id::div);
   EXPECT_TRUE(first != last);
   EXPECT_TRUE(first == reverse_markup_iterator(const_div.end()));
   EXPECT_TRUE(first != reverse_markup_iterator(other.end()));
@@ -107,19 +102,20 @@ TEST_F(ReverseMarkupIterator, IsEqualWhereTheBasesAre) {
 
 TEST_F(ReverseMarkupIterator, ServesStandardAlgorithms) {
   EXPECT_EQ(std::distance(first, last), 3);
-  const auto b = std::find_if(first, last,
-                              [](const xhtml_markup& node) { return test::text_of(node) == "b"; });
+  const auto b =
+      std::find_if(first, last, [](const xhtml_markup& node) { return text_of(node) == "b"; });
   EXPECT_TRUE(b == std::next(first));
-  EXPECT_EQ(test::text_of(*std::prev(last)), "a");
+  EXPECT_EQ(text_of(*std::prev(last)), "a");
 }
 
 TEST_F(ReverseMarkupIterator, StaysValidBesideInsertions) {
   const reverse_markup_iterator on_b(std::next(div.begin(), 2));
   div.insert_text(div.begin(), u"x");
-  EXPECT_EQ(test::text_of(*on_b), "b");
+  EXPECT_EQ(text_of(*on_b), "b");
   div.insert_text(on_b.base(), u"y");
-  EXPECT_EQ(test::text_of(*on_b), "y") << "it stands before its base";
-  EXPECT_TRUE(test::is_tree(div, "div('x' 'a' 'b' 'y' 'c')"));
+  EXPECT_EQ(text_of(*on_b), "y") << "it stands before its base";
+  EXPECT_TRUE(is_tree(div, "div('x' 'a' 'b' 'y' 'c')"));
 }
 
 }  // namespace
+}  // namespace test

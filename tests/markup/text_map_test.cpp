@@ -12,25 +12,19 @@
 
 #include "tests/markup/tree_text.h"
 #include "tests/support/allocation_failure.h"
+#include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using Xport::attr_id;
-using Xport::attribute_map;
-using Xport::css_property_id;
-using Xport::node_pool;
-using Xport::style_map;
-using Xport::ustring;
-using Xport::ustring_view;
 
 /// The entries as "key=value " in the order of the walk.
 template <class Map>
 std::string listing(const Map& map) {
-  EXPECT_EQ(test::detail::map_fault(map), "");
+  EXPECT_EQ(detail::map_fault(map), "");
   std::string text;
   for (const auto& entry : map)
-    text += std::to_string(static_cast<std::int32_t>(entry.first)) + "=" +
-            test::printable(entry.second) + " ";
+    text += std::to_string(static_cast<std::int32_t>(entry.first)) + "=" + printable(entry.second) +
+            " ";
   return text;
 }
 
@@ -44,7 +38,7 @@ TEST(TextMap, IsEmptyAtFirst) {
   EXPECT_EQ(map.pool(), nullptr);
 }
 
-TEST(TextMap, AscendsByNumberWhateverTheOrderOfStoring) {
+TEST(TextMap, AscendsByNumberInAnyOrderOfStoring) {
   int keys[] = {0, 31, 73, 127, 243};
   do {
     attribute_map map;
@@ -65,7 +59,7 @@ TEST(TextMap, ReplacesTheTextOfAKey) {
   for (const int key : {1, 2, 3}) map.insert_or_assign(attr_id{key}, u"ab");
   for (const char16_t* value : {u"", u"longer than before", u"c", u"cd", u"cde"}) {
     map.insert_or_assign(attr_id{2}, value);
-    EXPECT_EQ(listing(map), "1=ab 2=" + test::printable(value) + " 3=ab ");
+    EXPECT_EQ(listing(map), "1=ab 2=" + printable(value) + " 3=ab ");
   }
 }
 
@@ -120,7 +114,7 @@ TEST(TextMap, KeepsTextsOfEveryLength) {
   for (int size = 0; size <= 600; ++size)
     ASSERT_EQ(map[attr_id{size}], ustring(static_cast<std::size_t>(size), u'\uFFFF'));
   map.insert_or_assign(attr_id{7}, ustring(5000000, u'z'));
-  EXPECT_TRUE(test::is_text(map[attr_id{7}], ustring(5000000, u'z')));
+  EXPECT_TRUE(same_units(map[attr_id{7}], ustring(5000000, u'z')));
   EXPECT_EQ(map.size(), 601u);
 }
 
@@ -166,7 +160,7 @@ TEST(TextMap, AnEmptyTextThatIsThereCountsAsThere) {
   EXPECT_EQ(listing(map), "1= ");
 }
 
-TEST(TextMap, TakesTheFirstOfEqualKeysOfSeveralNewEntries) {
+TEST(TextMap, StoresTheFirstOfEqualKeysOfSeveralNewEntries) {
   attribute_map map;
   map.insert_missing(entries{{attr_id{3}, u"first"},
                              {attr_id{1}, u""},
@@ -186,21 +180,21 @@ TEST(TextMap, StoresSeveralNumbersOutsideTheTables) {
   EXPECT_EQ(listing(map), "-2147483648=x -1=x 0=x 1000=x 2147483647=x ");
 }
 
-TEST(TextMap, TakesOneBlockForSeveralNewEntries) {
+TEST(TextMap, AllocatesOneBlockForSeveralNewEntries) {
   attribute_map map;
   const entries given = {{attr_id{3}, u"a"}, {attr_id{1}, u"b"}, {attr_id{2}, u"c"}};
-  const std::size_t before = test::allocation_calls();
+  const std::size_t before = allocation_calls();
   map.insert_missing(given);
-  EXPECT_EQ(test::allocation_calls() - before, 1u);
+  EXPECT_EQ(allocation_calls() - before, 1u);
   EXPECT_EQ(listing(map), "1=b 2=c 3=a ");
   const entries more = {{attr_id{9}, u"d"}, {attr_id{1}, u"e"}, {attr_id{0}, u"f"}};
-  const std::size_t middle = test::allocation_calls();
+  const std::size_t middle = allocation_calls();
   map.insert_missing(more);
-  EXPECT_EQ(test::allocation_calls() - middle, 1u);
+  EXPECT_EQ(allocation_calls() - middle, 1u);
   EXPECT_EQ(listing(map), "0=f 1=b 2=c 3=a 9=d ");
 }
 
-TEST(TextMap, TakesNoMemoryWhereNothingIsNew) {
+TEST(TextMap, AllocatesNothingWhereNothingIsNew) {
   attribute_map map;
   map.insert_missing({});
   EXPECT_TRUE(map.empty());
@@ -208,10 +202,10 @@ TEST(TextMap, TakesNoMemoryWhereNothingIsNew) {
   map.insert_or_assign(attr_id{2}, u"b");
   const ustring_view text = map[attr_id{1}];
   const entries given = {{attr_id{2}, u"x"}, {attr_id{1}, u"y"}, {attr_id{2}, u"z"}};
-  const std::size_t before = test::allocation_calls();
+  const std::size_t before = allocation_calls();
   map.insert_missing(given);
   map.insert_missing({});
-  EXPECT_EQ(test::allocation_calls(), before);
+  EXPECT_EQ(allocation_calls(), before);
   EXPECT_EQ(map[attr_id{1}].data(), text.data());
   EXPECT_EQ(listing(map), "1=a 2=b ");
 }
@@ -258,8 +252,8 @@ TEST(TextMap, StaysAsItWasWhenMemoryRunsOutForSeveralEntries) {
   attribute_map map;
   map.insert_or_assign(attr_id{2}, u"kept");
   const entries given = {{attr_id{3}, u"c"}, {attr_id{1}, u"a"}};
-  const std::size_t failures = test::fail_each_allocation(
-      [&] { map.insert_missing(given); }, [&] { EXPECT_EQ(listing(map), "2=kept "); });
+  const std::size_t failures = fail_each_allocation([&] { map.insert_missing(given); },
+                                                    [&] { EXPECT_EQ(listing(map), "2=kept "); });
   EXPECT_EQ(failures, 1u);
   EXPECT_EQ(listing(map), "1=a 2=kept 3=c ");
 }
@@ -288,7 +282,7 @@ void store_batches_by_chance(attribute_map& map) {
     auto entry = map.begin();
     for (const auto& [number, text] : expected) {
       ASSERT_EQ((*entry).first, attr_id{number});
-      ASSERT_TRUE(test::is_text((*entry).second, text));
+      ASSERT_TRUE(same_units((*entry).second, text));
       ++entry;
     }
   }
@@ -341,7 +335,7 @@ void change_by_chance(attribute_map& map) {
     auto entry = map.begin();
     for (const auto& [number, text] : expected) {
       ASSERT_EQ((*entry).first, attr_id{number});
-      ASSERT_TRUE(test::is_text((*entry).second, text));
+      ASSERT_TRUE(same_units((*entry).second, text));
       ++entry;
     }
     ASSERT_TRUE(entry == map.end());
@@ -372,3 +366,4 @@ TEST(TextMap, AssignmentByKeyDoesNotCompile) {
 }
 
 }  // namespace
+}  // namespace test

@@ -9,14 +9,8 @@
 #include "tests/markup/writer_kit.h"
 #include "xport/markup/xhtml_writer.h"
 
+namespace test {
 namespace {
-
-using test::make;
-using test::same_units;
-using test::written;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_element;
 
 // One letter for each element by number, in groups of ten: I inline, B block, P
 // preformatted, R `br`. Written down from the classes of the elements.
@@ -62,8 +56,8 @@ bool is_empty(int number) {
 }
 
 TEST(WriterBreakFlags, DefaultTable) {
-  Xport::ustring_stream stream;
-  const Xport::xhtml_writer writer(stream);
+  ustring_stream stream;
+  const xhtml_writer writer(stream);
   ASSERT_EQ(writer.layout_table.size(), 92u);
   for (std::size_t number = 0; number < 92; ++number)
     EXPECT_EQ(writer.layout_table[number], flags_of(classes[number])) << number;
@@ -96,14 +90,14 @@ TEST(WriterBreakFlags, EachElementAlone) {
 }
 
 // A text on both sides shows all four flags of what stands between.
-TEST(WriterBreakFlags, EachElementThatADivTakesBetweenTexts) {
+TEST(WriterBreakFlags, EachElementThatADivAcceptsBetweenTexts) {
   int placed = 0;
   for (int number = 1; number < 92; ++number) {
     xhtml_element div = make(tag_id::div, u"a");
     const auto child = div.append_copy(make(static_cast<tag_id>(number)));
     if (child == div.end()) continue;
     ++placed;
-    test::add(div, u"b");
+    add(div, u"b");
     const ustring name = child->tag_name();
     ustring inside;
     switch (classes[number]) {
@@ -138,13 +132,12 @@ TEST(WriterBreakFlags, ElementsThatStrictLacksAreBlocksWithoutAName) {
 TEST(WriterBreakFlags, ElementsThatStrictLacksIndentTheirContent) {
   EXPECT_TRUE(same_units(written(make(tag_id::font, make(tag_id::p, u"x"))),
                          u"<>\n  <p>\n    x\n  </p>\n</>\n"));
-  EXPECT_TRUE(
-      same_units(written(make(tag_id::center, test::comment(u"x"))), u"<>\n  <!-- x -->\n</>\n"));
+  EXPECT_TRUE(same_units(written(make(tag_id::center, comment(u"x"))), u"<>\n  <!-- x -->\n</>\n"));
 }
 
 TEST(WriterBreakFlags, TheirFlagsAreNotThoseOfTheTable) {
-  const auto out = test::write_with(
-      make(tag_id::font), [](Xport::xhtml_writer& writer) { writer.layout_table.fill(0); });
+  const auto out =
+      write_with(make(tag_id::font), [](xhtml_writer& writer) { writer.layout_table.fill(0); });
   EXPECT_TRUE(same_units(out.text, u"<>\n</>\n"));
 }
 
@@ -156,26 +149,27 @@ TEST(WriterBreakFlags, TheRowInvalidTagIsWrittenAsABlock) {
 TEST(WriterBreakFlags, AnElementWithoutARecordWritesNothing) {
   for (const int number : {93, 1000, -1}) {
     const xhtml_element element = make(static_cast<tag_id>(number));
-    const auto out = test::write_with(element, [](Xport::xhtml_writer& writer) {
+    const auto out = write_with(element, [](xhtml_writer& writer) {
       writer.column = 4;
       writer.indent_level = -3;
     });
-    EXPECT_TRUE(test::is_outcome(out, u"", 4)) << number;
+    EXPECT_TRUE(is_outcome(out, u"", 4)) << number;
     EXPECT_EQ(out.indent_level, -3) << number;
   }
 }
 
 TEST(WriterBreakFlags, AChangedTableIsObeyed) {
   const xhtml_element div = make(tag_id::div, u"a", make(tag_id::p, u"b"), u"c");
-  const auto as_inline = test::write_with(div, [](Xport::xhtml_writer& writer) {
+  const auto as_inline = write_with(div, [](xhtml_writer& writer) {
     writer.layout_table[static_cast<std::size_t>(tag_id::p)] = 0;
   });
   EXPECT_TRUE(same_units(as_inline.text, u"<div>\n  a<p>b</p>c\n</div>\n"));
   // All four breaks, but not the value 15: no level is added.
-  const auto no_level = test::write_with(div, [](Xport::xhtml_writer& writer) {
+  const auto no_level = write_with(div, [](xhtml_writer& writer) {
     writer.layout_table[static_cast<std::size_t>(tag_id::p)] = 15 + 16;
   });
   EXPECT_TRUE(same_units(no_level.text, u"<div>\n  a\n  <p>\n  b\n  </p>\n  c\n</div>\n"));
 }
 
 }  // namespace
+}  // namespace test

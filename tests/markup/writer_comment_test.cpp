@@ -4,18 +4,11 @@
 
 #include "tests/markup/writer_kit.h"
 
+namespace test {
 namespace {
 
-using test::comment;
-using test::is_outcome;
-using test::make;
-using test::same_units;
-using test::written;
-using Xport::tag_id;
-
-test::outcome at_level(Xport::ustring_view text, std::int16_t level) {
-  return test::write_with(comment(text),
-                          [level](Xport::xhtml_writer& writer) { writer.indent_level = level; });
+outcome at_level(ustring_view text, std::int16_t level) {
+  return write_with(comment(text), [level](xhtml_writer& writer) { writer.indent_level = level; });
 }
 
 TEST(WriterComment, Plain) {
@@ -66,8 +59,8 @@ TEST(WriterComment, ANegativeLevelHasNoBlanksButCounts) {
 }
 
 TEST(WriterComment, LongLinesAreNotWrapped) {
-  const auto out = test::write_with(
-      comment(u"aaaa bbbb cccc"), [](Xport::xhtml_writer& writer) { writer.max_line_length = 5; });
+  const auto out = write_with(comment(u"aaaa bbbb cccc"),
+                              [](xhtml_writer& writer) { writer.max_line_length = 5; });
   EXPECT_TRUE(is_outcome(out, u"<!-- aaaa bbbb cccc -->", 23));
 }
 
@@ -93,3 +86,4 @@ TEST(WriterComment, DirectlyBelowTheDocument) {
 }
 
 }  // namespace
+}  // namespace test

@@ -7,15 +7,8 @@
 #include "tests/markup/writer_kit.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::char16;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_markup;
-using Xport::xhtml_writer;
 
 // `depth` elements, each in the one before, and the last with a text.
 void nest(xhtml_doc& doc, tag_id tag, std::size_t depth) {
@@ -24,7 +17,7 @@ void nest(xhtml_doc& doc, tag_id tag, std::size_t depth) {
   *parent << u"x";
 }
 
-ustring repeated(Xport::ustring_view part, std::size_t count) {
+ustring repeated(ustring_view part, std::size_t count) {
   ustring text;
   text.reserve(part.size() * count);
   for (; count != 0; --count) text += part;
@@ -35,7 +28,7 @@ TEST(WriterDepth, AMillionInlineElements) {
   constexpr std::size_t depth = 1'000'000;
   xhtml_doc doc(0);
   nest(doc, tag_id::span, depth);
-  Xport::ustring_stream stream;
+  ustring_stream stream;
   xhtml_writer writer(stream);
   writer.byte_order_mark = 0;
   ASSERT_TRUE(doc.write(writer));
@@ -48,13 +41,13 @@ TEST(WriterDepth, BlocksBeyondTheHighestLevel) {
   constexpr std::size_t depth = 32770;
   xhtml_doc doc(0);
   nest(doc, tag_id::div, depth);
-  Xport::ustring_stream stream;
+  ustring_stream stream;
   xhtml_writer writer(stream);
   writer.indent_step = 0;
   doc.root()->begin()->write(writer);
   EXPECT_TRUE(same_units(stream.str(),
                          repeated(u"<div>\n", depth) + u"x\n" + repeated(u"</div>\n", depth)));
-  // The 32769th one starts at -32768 and goes on from 0, so that the way back ends
+  // The 32769th one starts at -32768 and continues from 0, so that the way back ends
   // 32768 levels below 0.
   EXPECT_EQ(writer.indent_level, -32768);
 }
@@ -92,3 +85,4 @@ TEST(WriterDepth, TheStreamIsAskedByUnitsAndNotByElements) {
 }
 
 }  // namespace
+}  // namespace test

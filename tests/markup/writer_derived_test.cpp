@@ -9,17 +9,8 @@
 #include "tests/markup/writer_kit.h"
 #include "tests/support/locale.h"
 
+namespace test {
 namespace {
-
-using test::make;
-using test::same_units;
-using test::written;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_writer;
 
 void put(xhtml_writer& writer, ustring_view text) {
   writer.stream->write(text.data(), static_cast<std::streamsize>(text.size()));
@@ -178,14 +169,14 @@ TEST(WriterDerived, TagsAreWhatTheOperationsSay) {
 
 TEST(WriterDerived, LengthOfTheTagsCountsInTheColumn) {
   renamed_element b(tag_id::b);
-  const auto out = test::write_with(b, [](xhtml_writer&) {});
-  EXPECT_TRUE(test::is_outcome(out, u"<x:name id='i'></x:end >", 24));
+  const auto out = write_with(b, [](xhtml_writer&) {});
+  EXPECT_TRUE(is_outcome(out, u"<x:name id='i'></x:end >", 24));
 }
 
 TEST(WriterDerived, EndTagWrapsByItsOwnLength) {
   renamed_element b(tag_id::b);
   const auto wrapped = [&b](std::uint64_t length) {
-    return test::write_with(b, [&](xhtml_writer& writer) { writer.max_line_length = length; }).text;
+    return write_with(b, [&](xhtml_writer& writer) { writer.max_line_length = length; }).text;
   };
   EXPECT_TRUE(same_units(wrapped(24), u"<x:name id='i'></x:end >"));
   EXPECT_TRUE(same_units(wrapped(23), u"<x:name id='i'>\n</x:end >"));
@@ -228,7 +219,7 @@ struct endless_element : renamed_element {
 };
 
 TEST(WriterDerived, WhatWasWrittenBeforeAnExceptionIsOnTheStream) {
-  Xport::ustring_stream stream;
+  ustring_stream stream;
   xhtml_writer writer(stream);
   const xhtml_element p = make(tag_id::p, u"a", endless_element(tag_id::b), u"c");
   EXPECT_THROW(p.write(writer), std::domain_error);
@@ -249,12 +240,12 @@ TEST(WriterDerived, ElementWithoutARecordIsAskedToo) {
 // --- What an operation fetches at its start ---
 
 TEST(WriterLocale, IsThatAtTheStartOfEachWrite) {
-  Xport::ustring_stream stream;
+  ustring_stream stream;
   xhtml_writer writer(stream);
-  const Xport::xhtml_comment comment = test::comment(u"axxb");
+  const xhtml_comment comment = test::comment(u"axxb");
   comment.write(writer);
   {
-    const test::global_locale changed(test::locale_with(L'x', std::ctype_base::space));
+    const global_locale changed(locale_with(L'x', std::ctype_base::space));
     comment.write(writer);
   }
   comment.write(writer);
@@ -262,8 +253,8 @@ TEST(WriterLocale, IsThatAtTheStartOfEachWrite) {
 }
 
 /// Writes `b` with lines of `length` units that start in column -6, without blanks.
-test::outcome written_before_the_line(const xhtml_element& b, std::uint64_t length) {
-  return test::write_with(b, [length](xhtml_writer& writer) {
+outcome written_before_the_line(const xhtml_element& b, std::uint64_t length) {
+  return write_with(b, [length](xhtml_writer& writer) {
     writer.indent_level = 3;
     writer.indent_step = -2;
     writer.max_line_length = length;
@@ -272,15 +263,16 @@ test::outcome written_before_the_line(const xhtml_element& b, std::uint64_t leng
 
 // `</b>` doesn't fit into 5 units after `<b>c `. It takes 4 units from column -6 on.
 TEST(WriterColumn, NegativeNumberOfBlanksWraps) {
-  EXPECT_TRUE(test::is_outcome(written_before_the_line(make(tag_id::b, u"c"), 5), u"<b>c\n</b>",
-                               std::uint64_t{0} - 2));
+  EXPECT_TRUE(is_outcome(written_before_the_line(make(tag_id::b, u"c"), 5), u"<b>c\n</b>",
+                         std::uint64_t{0} - 2));
 }
 
 // Column -6 is far beyond the longest line, so that every word is on a line of its own. `</b>`
 // ends in column 0, which is short enough.
 TEST(WriterColumn, NegativeNumberOfBlanksWrapsEveryWord) {
-  EXPECT_TRUE(test::is_outcome(written_before_the_line(make(tag_id::b, u"c d e"), 4),
-                               u"<b>c \nd \ne</b>", 0));
+  EXPECT_TRUE(
+      is_outcome(written_before_the_line(make(tag_id::b, u"c d e"), 4), u"<b>c \nd \ne</b>", 0));
 }
 
 }  // namespace
+}  // namespace test

@@ -2,17 +2,8 @@
 
 #include "tests/markup/writer_kit.h"
 
+namespace test {
 namespace {
-
-using test::comment;
-using test::instruction;
-using test::make;
-using test::same_units;
-using test::written;
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::xhtml_element;
 
 TEST(WriterElement, TextIsWrittenAsItIs) {
   EXPECT_TRUE(same_units(written(make(tag_id::p, u"a<b & c>\u00E9\u4E2D&lt;\xD83D")),
@@ -25,9 +16,9 @@ TEST(WriterElement, AttributeValuesAreWrittenAsTheyAre) {
   EXPECT_TRUE(same_units(written(p), u"<p title='it's <&\u20AC\n\"'>\n</p>\n"));
 }
 
-TEST(WriterElement, TextInADivOfLevel3HasEightBlanksBehindEachLineFeed) {
-  const auto out = test::write_with(make(tag_id::div, u"a\nb\n\nc"),
-                                    [](Xport::xhtml_writer& w) { w.indent_level = 3; });
+TEST(WriterElement, TextInADivOfLevel3HasEightBlanksAfterEachLineFeed) {
+  const auto out =
+      write_with(make(tag_id::div, u"a\nb\n\nc"), [](xhtml_writer& w) { w.indent_level = 3; });
   EXPECT_TRUE(same_units(out.text,
                          u"<div>\n"
                          u"        a\n"
@@ -89,7 +80,7 @@ TEST(WriterElement, BrInSpan) {
                  u"<div>\n  <span>a<br/>\n  b</span>\n</div>\n"));
 }
 
-TEST(WriterElement, AnEndTagBehindBrIsIndented) {
+TEST(WriterElement, AnEndTagAfterBrIsIndented) {
   EXPECT_TRUE(same_units(written(make(tag_id::div, make(tag_id::span, u"a", make(tag_id::br)))),
                          u"<div>\n  <span>a<br/>\n  </span>\n</div>\n"));
 }
@@ -134,11 +125,11 @@ TEST(WriterElement, AnInstructionInAnInlineElement) {
 }
 
 TEST(WriterElement, InstructionTextIsUnchangedAndTheColumnStays) {
-  const auto out = test::write_with(instruction(u"a\n  b"), [](Xport::xhtml_writer& writer) {
+  const auto out = write_with(instruction(u"a\n  b"), [](xhtml_writer& writer) {
     writer.column = 3;
     writer.indent_level = 2;
   });
-  EXPECT_TRUE(test::is_outcome(out, u"<?a\n  b ?>\n", 3));
+  EXPECT_TRUE(is_outcome(out, u"<?a\n  b ?>\n", 3));
 }
 
 TEST(WriterElement, EmptyElementsAreOneTag) {
@@ -155,7 +146,7 @@ TEST(WriterElement, ACommentInAnEmptyElementFollowsTheTag) {
                          u"<p>\n  <img/>\n    <?n ?>\n</p>\n"));
 }
 
-// `br` has the flag of a break behind its end, so its parent takes the line as fresh.
+// `br` has the flag of a break after its end, so its parent treats the line as fresh.
 TEST(WriterElement, ACommentInBrLeavesTheLineOpen) {
   EXPECT_TRUE(
       same_units(written(make(tag_id::div, make(tag_id::p, make(tag_id::br, comment(u"n"))))),
@@ -187,6 +178,7 @@ TEST(WriterElement, AnEmptyTextIsOnItsLineAllTheSame) {
   EXPECT_TRUE(same_units(written(make(tag_id::p, u"")), u"<p>\n  \n</p>\n"));
 }
 
-TEST(WriterElement, AnEndTagWritesNothing) { EXPECT_EQ(written(Xport::xhtml_markup()).size(), 0u); }
+TEST(WriterElement, AnEndTagWritesNothing) { EXPECT_EQ(written(xhtml_markup()).size(), 0u); }
 
 }  // namespace
+}  // namespace test

@@ -11,21 +11,8 @@
 #include "tests/markup/writer_kit.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::add;
-using test::make;
-using test::outcome;
-using test::same_units;
-using test::write_with;
-using Xport::attr_id;
-using Xport::char16;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_stream;
-using Xport::xhtml_element;
-using Xport::xhtml_writer;
 
 xhtml_element sample() {
   xhtml_element p = make(tag_id::p, u"x\ny");
@@ -76,10 +63,10 @@ TEST(WriterOption, QuotesAndEquals) {
 }
 
 TEST(WriterOption, TheDoctypeIsNotQuotedDifferently) {
-  Xport::xhtml_doctype_declaration doctype;
+  xhtml_doctype_declaration doctype;
   const outcome out =
       write_with(doctype, [](xhtml_writer& writer) { writer.double_quotes = true; });
-  EXPECT_TRUE(same_units(out.text, test::written(doctype)));
+  EXPECT_TRUE(same_units(out.text, written(doctype)));
 }
 
 TEST(WriterOption, IndentStep) {
@@ -103,7 +90,7 @@ TEST(WriterOption, WideIndentation) {
   }
 }
 
-// A stream that counts how often it goes.
+// A stream that counts how often it is destroyed.
 class mortal_stream : public ustring_stream {
  public:
   explicit mortal_stream(int& deaths) : deaths_(deaths) {}
@@ -191,7 +178,7 @@ TEST(WriterOption, ADocumentWithAStreamThatFailsOnTheWayIsTrue) {
   short_buffer buffer(10);
   std::basic_ostream<char16> stream(&buffer);
   xhtml_writer writer(stream);
-  EXPECT_TRUE(Xport::xhtml_doc(1).write(writer));
+  EXPECT_TRUE(xhtml_doc(1).write(writer));
   EXPECT_TRUE(stream.bad());
 }
 
@@ -210,3 +197,4 @@ TEST(WriterOption, ExceptionsOfTheStreamPassThrough) {
 }
 
 }  // namespace
+}  // namespace test

@@ -6,16 +6,8 @@
 #include "tests/markup/writer_kit.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::is_golden;
-using test::make;
-using test::same_units;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_stream;
-using Xport::xhtml_doc;
-using Xport::xhtml_writer;
 
 ustring page(const xhtml_doc& doc, std::uint32_t byte_order_mark) {
   ustring_stream stream;
@@ -57,7 +49,7 @@ TEST(WriterPage, ByteOrderMarks) {
 }
 
 TEST(WriterPage, AnElementWrittenAloneHasNoMark) {
-  EXPECT_TRUE(same_units(test::written(make(tag_id::p)), u"<p>\n</p>\n"));
+  EXPECT_TRUE(same_units(written(make(tag_id::p)), u"<p>\n</p>\n"));
 }
 
 TEST(WriterPage, AFailedStreamIsRefusedAndGetsNothing) {
@@ -80,8 +72,8 @@ TEST(WriterPage, AStreamWithEofbitIsAskedToWrite) {
 }
 
 TEST(WriterPage, DoctypeHas114UnitsAndALineFeed) {
-  Xport::xhtml_doctype_declaration doctype;
-  const ustring text = test::written(doctype);
+  xhtml_doctype_declaration doctype;
+  const ustring text = written(doctype);
   EXPECT_TRUE(same_units(text,
                          u"<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n"
                          u"     \"http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd\">\n"));
@@ -90,15 +82,14 @@ TEST(WriterPage, DoctypeHas114UnitsAndALineFeed) {
 }
 
 TEST(WriterPage, DoctypeTextIsIgnoredAndTheColumnStays) {
-  Xport::xhtml_doctype_declaration doctype;
+  xhtml_doctype_declaration doctype;
   doctype << u"html SYSTEM";
-  const test::outcome out =
-      test::write_with(doctype, [](xhtml_writer& writer) { writer.column = 7; });
-  EXPECT_TRUE(same_units(out.text, test::written(Xport::xhtml_doctype_declaration())));
+  const outcome out = write_with(doctype, [](xhtml_writer& writer) { writer.column = 7; });
+  EXPECT_TRUE(same_units(out.text, written(xhtml_doctype_declaration())));
   EXPECT_EQ(out.column, 7u);
 }
 
-TEST(WriterPage, ABlankLineStandsBehindTheDoctypeOnly) {
+TEST(WriterPage, ABlankLineFollowsTheDoctypeOnly) {
   xhtml_doc doc(1);
   *doc.body() << make(tag_id::p, u"a") << make(tag_id::hr) << make(tag_id::p, u"b");
   const ustring text = page(doc, no_mark);
@@ -112,13 +103,13 @@ TEST(WriterPage, TheWholeTextIsOnTheStreamWhenWriteReturns) {
   xhtml_writer writer(stream);
   make(tag_id::b, u"x").write(writer);
   EXPECT_TRUE(same_units(stream.str(), u"<b>x</b>"));
-  Xport::xhtml_pcdata(u"y").write(writer);
+  xhtml_pcdata(u"y").write(writer);
   EXPECT_TRUE(same_units(stream.str(), u"<b>x</b>y"));
 }
 
 TEST(WriterPage, StyleTextKeepsInStepWithTheIndentation) {
   xhtml_doc doc(1);
-  Xport::xhtml_element style = make(tag_id::style, u"h1 { \n   color: red;\n}\n\n");
+  xhtml_element style = make(tag_id::style, u"h1 { \n   color: red;\n}\n\n");
   doc.head()->append_copy(style);
   const ustring text = page(doc, no_mark);
   EXPECT_NE(text.find(u"    <style>\n"
@@ -129,7 +120,8 @@ TEST(WriterPage, StyleTextKeepsInStepWithTheIndentation) {
                       u"      \n"
                       u"    </style>\n"),
             ustring::npos)
-      << test::printable(text);
+      << printable(text);
 }
 
 }  // namespace
+}  // namespace test

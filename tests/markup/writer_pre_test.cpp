@@ -4,14 +4,8 @@
 
 #include "tests/markup/writer_kit.h"
 
+namespace test {
 namespace {
-
-using test::comment;
-using test::make;
-using test::same_units;
-using test::written;
-using Xport::tag_id;
-using Xport::xhtml_writer;
 
 TEST(WriterPre, WithoutChildren) {
   EXPECT_TRUE(same_units(written(make(tag_id::pre)), u"<pre>\n</pre>"));
@@ -25,9 +19,9 @@ TEST(WriterPre, TextIsUntouched) {
 }
 
 TEST(WriterPre, TextIsUntouchedWhereLinesAreWrapped) {
-  const auto out = test::write_with(make(tag_id::pre, u"aaaa   bbbb\ncccc"),
-                                    [](xhtml_writer& writer) { writer.max_line_length = 6; });
-  EXPECT_TRUE(test::is_outcome(out, u"<pre>aaaa   bbbb\ncccc\n</pre>", 6));
+  const auto out = write_with(make(tag_id::pre, u"aaaa   bbbb\ncccc"),
+                              [](xhtml_writer& writer) { writer.max_line_length = 6; });
+  EXPECT_TRUE(is_outcome(out, u"<pre>aaaa   bbbb\ncccc\n</pre>", 6));
 }
 
 // Only text that is a child of `pre` itself keeps its lines.
@@ -37,7 +31,7 @@ TEST(WriterPre, TextOfAnInlineChildIsIndented) {
       u"<div>\n  <pre>1\n2<b>x\n  y</b>z\n\n  </pre>\n</div>\n"));
 }
 
-TEST(WriterPre, BrInPreHasNoIndentationBehindIt) {
+TEST(WriterPre, BrInPreHasNoIndentationAfterIt) {
   EXPECT_TRUE(
       same_units(written(make(tag_id::div, make(tag_id::pre, u"a", make(tag_id::br), u"b"))),
                  u"<div>\n  <pre>a<br/>\nb\n  </pre>\n</div>\n"));
@@ -93,14 +87,14 @@ TEST(WriterPre, ACommentInPreIsSqueezedAsAnyOther) {
 
 TEST(WriterPre, AnInstructionInPreStandsOnALineAtTheLevelOfPre) {
   EXPECT_TRUE(
-      same_units(written(make(tag_id::div, make(tag_id::pre, u"a", test::instruction(u"x"), u"b"))),
+      same_units(written(make(tag_id::div, make(tag_id::pre, u"a", instruction(u"x"), u"b"))),
                  u"<div>\n  <pre>a\n  <?x ?>\nb\n  </pre>\n</div>\n"));
 }
 
 // What belongs to the layout and what to the element are asked apart.
 TEST(WriterPre, PreWithAnotherLayoutKeepsItsLineFeedsUnindented) {
   const auto out =
-      test::write_with(make(tag_id::div, make(tag_id::pre, u"a\nb")), [](xhtml_writer& writer) {
+      write_with(make(tag_id::div, make(tag_id::pre, u"a\nb")), [](xhtml_writer& writer) {
         writer.layout_table[static_cast<std::size_t>(tag_id::pre)] = 15;
       });
   EXPECT_TRUE(same_units(out.text, u"<div>\n  <pre>\n    a\nb\n  </pre>\n</div>\n"));
@@ -108,7 +102,7 @@ TEST(WriterPre, PreWithAnotherLayoutKeepsItsLineFeedsUnindented) {
 
 TEST(WriterPre, AnotherElementWithTheLayoutOfPre) {
   const auto out =
-      test::write_with(make(tag_id::div, make(tag_id::p, u"a  b\nc")), [](xhtml_writer& writer) {
+      write_with(make(tag_id::div, make(tag_id::p, u"a  b\nc")), [](xhtml_writer& writer) {
         writer.layout_table[static_cast<std::size_t>(tag_id::p)] = 32;
         writer.max_line_length = 12;
       });
@@ -118,8 +112,8 @@ TEST(WriterPre, AnotherElementWithTheLayoutOfPre) {
 TEST(WriterPre, ScriptTextIsIndentedAndNeverReflowed) {
   for (const std::uint64_t length : {0u, 5u}) {
     const auto out =
-        test::write_with(make(tag_id::div, make(tag_id::script, u" a  <b;\nccccccccc;")),
-                         [length](xhtml_writer& writer) { writer.max_line_length = length; });
+        write_with(make(tag_id::div, make(tag_id::script, u" a  <b;\nccccccccc;")),
+                   [length](xhtml_writer& writer) { writer.max_line_length = length; });
     EXPECT_TRUE(same_units(
         out.text, u"<div>\n  <script>\n     a  <b;\n    ccccccccc;\n  </script>\n</div>\n"))
         << length;
@@ -127,8 +121,8 @@ TEST(WriterPre, ScriptTextIsIndentedAndNeverReflowed) {
 }
 
 TEST(WriterPre, StyleTextIsIndentedAndNeverReflowed) {
-  const auto out = test::write_with(make(tag_id::head, make(tag_id::style, u"a  {\n   b: c;\n}\n")),
-                                    [](xhtml_writer& writer) { writer.max_line_length = 5; });
+  const auto out = write_with(make(tag_id::head, make(tag_id::style, u"a  {\n   b: c;\n}\n")),
+                              [](xhtml_writer& writer) { writer.max_line_length = 5; });
   EXPECT_TRUE(same_units(out.text,
                          u"<head>\n"
                          u"  <style>\n"
@@ -141,3 +135,4 @@ TEST(WriterPre, StyleTextIsIndentedAndNeverReflowed) {
 }
 
 }  // namespace
+}  // namespace test

@@ -6,11 +6,6 @@
 #include "tests/markup/writer_kit.h"
 
 namespace test {
-
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_element;
-
 namespace {
 
 // Elements that take much, so that trees get deep.
@@ -19,8 +14,8 @@ constexpr tag_id favourites[] = {tag_id::div,  tag_id::p,     tag_id::pre,    ta
                                  tag_id::img,  tag_id::label, tag_id::script, tag_id::textarea,
                                  tag_id::form, tag_id::ul,    tag_id::table,  tag_id::doc_root};
 
-constexpr Xport::char16 odd_units[] = {0x1,    0xA0,   0xE9,   0x2028, 0x3000,
-                                       0x4E2D, 0xD83D, 0xDE00, 0xFEFF, 0xFFFF};
+constexpr char16 odd_units[] = {0x1,    0xA0,   0xE9,   0x2028, 0x3000,
+                                0x4E2D, 0xD83D, 0xDE00, 0xFEFF, 0xFFFF};
 
 template <class T, std::size_t Size>
 T any_of(random_source& random, const T (&values)[Size]) {
@@ -50,7 +45,7 @@ ustring random_source::text() {
         text += u"\r\n";
         break;
       default:
-        text.append(1 + below(7), static_cast<Xport::char16>(u'a' + below(26)));
+        text.append(1 + below(7), static_cast<char16>(u'a' + below(26)));
         break;
     }
   }
@@ -60,7 +55,7 @@ ustring random_source::text() {
 
 void random_source::decorate(xhtml_element& element) {
   for (std::uint32_t count = below(3); count != 0; --count) {
-    const auto attribute = static_cast<Xport::attr_id>(below(244));
+    const auto attribute = static_cast<attr_id>(below(244));
     if (one_in(2))
       element.set_attribute(attribute, text());
     else
@@ -68,7 +63,7 @@ void random_source::decorate(xhtml_element& element) {
   }
   if (one_in(3))
     for (std::uint32_t count = below(4); count != 0; --count)
-      element.set_style(static_cast<Xport::css_property_id>(below(102)), text());
+      element.set_style(static_cast<css_property_id>(below(102)), text());
 }
 
 tag_id random_source::tag_for(const xhtml_element& parent) {
@@ -96,10 +91,10 @@ void random_source::fill(xhtml_element& element, int depth, int& budget) {
         if (one_in(2))
           element.append_copy(instruction(text()));
         else
-          element.append_copy(Xport::xhtml_doctype_declaration());
+          element.append_copy(xhtml_doctype_declaration());
         break;
       default: {
-        const Xport::markup_iterator child = element.append_element(tag_for(element));
+        const markup_iterator child = element.append_element(tag_for(element));
         if (child.cell() != nullptr && depth < 9)
           fill(*child.cell()->as_element(), depth + 1, budget);
         break;
@@ -116,7 +111,7 @@ xhtml_element random_source::tree() {
   return element;
 }
 
-void random_source::set_up(Xport::xhtml_writer& writer, reference_writer& reference) {
+void random_source::set_up(xhtml_writer& writer, plain_writer& plain) {
   static constexpr std::int32_t steps[] = {2, 2, 2, 0, 1, 3, 4, -1, -2};
   static constexpr std::int16_t levels[] = {0, 0, 0, 1, 5, -1, -7, 40, 32766, 32767, -32768};
   static constexpr std::uint64_t columns[] = {0, 0, 1, 9, 30, 200};
@@ -133,13 +128,13 @@ void random_source::set_up(Xport::xhtml_writer& writer, reference_writer& refere
     for (std::uint32_t changes = below(40); changes != 0; --changes)
       writer.layout_table[below(92)] = any_of(*this, layouts);
 
-  reference.indent_step = writer.indent_step;
-  reference.indent_level = writer.indent_level;
-  reference.max_line_length = writer.max_line_length;
-  reference.column = writer.column;
-  reference.double_quotes = writer.double_quotes;
-  reference.spaced_equals = writer.spaced_equals;
-  reference.layout_table = writer.layout_table;
+  plain.indent_step = writer.indent_step;
+  plain.indent_level = writer.indent_level;
+  plain.max_line_length = writer.max_line_length;
+  plain.column = writer.column;
+  plain.double_quotes = writer.double_quotes;
+  plain.spaced_equals = writer.spaced_equals;
+  plain.layout_table = writer.layout_table;
 }
 
 }  // namespace test

@@ -4,13 +4,14 @@
 #include <cstdint>
 #include <random>
 
-#include "tests/markup/writer_reference.h"
+#include "tests/markup/plain_writer.h"
+#include "tests/support/names.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/markup/xhtml_writer.h"
 
 namespace test {
 
-/// Makes trees, texts and writer options by chance. The same seed gives the same on
+/// Makes random trees, texts and writer options. The same seed makes the same on
 /// every machine: only the engine of the standard library is used.
 class random_source {
  public:
@@ -21,20 +22,20 @@ class random_source {
   bool one_in(std::uint32_t n) { return below(n) == 0; }
 
   /// Words, blanks, tabs, line feeds, other scripts, lone surrogates, markup.
-  Xport::ustring text();
+  ustring text();
 
   /// Fills `element` with up to `budget` nodes of all kinds; what is refused is left out.
-  void fill(Xport::xhtml_element& element, int depth, int& budget);
+  void fill(xhtml_element& element, int depth, int& budget);
 
   /// An element of any number, the document root among them, filled.
-  Xport::xhtml_element tree();
+  xhtml_element tree();
 
-  /// Gives the same options and state to both writers.
-  void set_up(Xport::xhtml_writer& writer, reference_writer& reference);
+  /// Sets the same options and state in both writers.
+  void set_up(xhtml_writer& writer, plain_writer& plain);
 
  private:
-  void decorate(Xport::xhtml_element& element);
-  Xport::tag_id tag_for(const Xport::xhtml_element& parent);
+  void decorate(xhtml_element& element);
+  tag_id tag_for(const xhtml_element& parent);
 
   std::mt19937 engine_;
 };

@@ -8,21 +8,10 @@
 #include "tests/markup/writer_kit.h"
 #include "tests/support/locale.h"
 
+namespace test {
 namespace {
 
-using test::is_outcome;
-using test::make;
-using test::outcome;
-using test::same_units;
-using test::write_with;
-using test::written;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_stream;
-using Xport::xhtml_element;
-using Xport::xhtml_writer;
-
-outcome at_level(const Xport::xhtml_markup& node, std::int16_t level, std::uint64_t column = 0) {
+outcome at_level(const xhtml_markup& node, std::int16_t level, std::uint64_t column = 0) {
   return write_with(node, [=](xhtml_writer& writer) {
     writer.indent_level = level;
     writer.column = column;
@@ -47,7 +36,7 @@ TEST(WriterState, ATextAloneKnowsItsParent) {
   EXPECT_TRUE(same_units(at_level(*pre.begin(), 2).text, u"a\nb"));
   const xhtml_element p = make(tag_id::p, u"a\nb");
   EXPECT_TRUE(same_units(at_level(*p.begin(), 2).text, u"a\n    b"));
-  EXPECT_TRUE(same_units(at_level(Xport::xhtml_pcdata(u"a\nb"), 2).text, u"a\n    b"));
+  EXPECT_TRUE(same_units(at_level(xhtml_pcdata(u"a\nb"), 2).text, u"a\n    b"));
 }
 
 TEST(WriterState, TheLevelOfTheFirstElementIsTheWriters) {
@@ -65,7 +54,7 @@ TEST(WriterState, ANegativeLevelIsSetTo0) {
 }
 
 TEST(WriterState, ANegativeLevelIsNothingToAText) {
-  const outcome out = at_level(Xport::xhtml_pcdata(u"a\nb"), -5, 9);
+  const outcome out = at_level(xhtml_pcdata(u"a\nb"), -5, 9);
   EXPECT_TRUE(is_outcome(out, u"a\nb", 9));
   EXPECT_EQ(out.indent_level, -5);
 }
@@ -121,7 +110,7 @@ TEST(WriterState, StateIsCarriedFromNodeToNode) {
   EXPECT_EQ(writer.column, 0u);
   make(tag_id::b, u"x").write(writer);
   EXPECT_EQ(writer.column, 7u);  // text isn't counted
-  test::comment(u"c").write(writer);
+  comment(u"c").write(writer);
   EXPECT_EQ(writer.column, 17u);
   make(tag_id::p).write(writer);
   EXPECT_EQ(writer.column, 0u);
@@ -137,7 +126,7 @@ TEST(WriterState, TheColumnOfInlineContent) {
 }
 
 // The blanks of a `pre` that follows nothing: its end tag sets the column.
-TEST(WriterState, TheColumnBehindPre) {
+TEST(WriterState, TheColumnAfterPre) {
   EXPECT_TRUE(is_outcome(at_level(make(tag_id::pre, u"x"), 3, 100), u"<pre>x\n      </pre>", 12));
 }
 
@@ -192,3 +181,4 @@ TEST(WriterState, AThrowingFacetLeavesWriterAndStreamUsable) {
 }
 
 }  // namespace
+}  // namespace test

@@ -7,21 +7,12 @@
 // The expected columns aren't the true ones: where lines break rests on a count that
 // departs from the text in known places.
 
+namespace test {
 namespace {
 
-using test::is_outcome;
-using test::make;
-using test::outcome;
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::ustring_view;
-using Xport::xhtml_element;
-using Xport::xhtml_writer;
-
-outcome wrapped(const Xport::xhtml_markup& node, std::uint64_t length, std::int16_t level = 0,
+outcome wrapped(const xhtml_markup& node, std::uint64_t length, std::int16_t level = 0,
                 std::uint64_t column = 0) {
-  return test::write_with(node, [=](xhtml_writer& writer) {
+  return write_with(node, [=](xhtml_writer& writer) {
     writer.max_line_length = length;
     writer.indent_level = level;
     writer.column = column;
@@ -30,7 +21,7 @@ outcome wrapped(const Xport::xhtml_markup& node, std::uint64_t length, std::int1
 
 outcome flowed(ustring_view text, std::uint64_t length, std::int16_t level = 0,
                std::uint64_t column = 0) {
-  return wrapped(Xport::xhtml_pcdata(text), length, level, column);
+  return wrapped(xhtml_pcdata(text), length, level, column);
 }
 
 xhtml_element with_attributes(tag_id tag) {
@@ -55,7 +46,7 @@ TEST(WriterWrap, AttributesOfABlock) {
 }
 
 TEST(WriterWrap, AttributesOfAnInlineElement) {
-  // 2 + 10 + 9 = 21 > 20; behind the break 2 + 9 + 1, and 4 for the end tag.
+  // 2 + 10 + 9 = 21 > 20; after the break 2 + 9 + 1, and 4 for the end tag.
   EXPECT_TRUE(is_outcome(wrapped(with_attributes(tag_id::b), 20, 1),
                          u"<b class='x'\n   id='abc'></b>", 16));
   EXPECT_TRUE(
@@ -69,7 +60,7 @@ TEST(WriterWrap, EachAttributeOnItsOwnLine) {
 
 TEST(WriterWrap, SpacedEqualsCountInAttributes) {
   const auto out = [](std::uint64_t length) {
-    return test::write_with(with_attributes(tag_id::p), [length](xhtml_writer& writer) {
+    return write_with(with_attributes(tag_id::p), [length](xhtml_writer& writer) {
       writer.max_line_length = length;
       writer.spaced_equals = true;
     });
@@ -87,14 +78,14 @@ TEST(WriterWrap, TheEndTagOfAnInlineElement) {
 }
 
 // 2, then 7 without the quote, each piece with one unit too many, the quote, ">": the
-// column is 39 behind 38 units.
+// column is 39 after 38 units.
 TEST(WriterWrap, StyleColumn) {
   EXPECT_TRUE(is_outcome(wrapped(with_style(), 0), u"<b style='color: red; margin: 0;'></b>", 39));
 }
 
 TEST(WriterWrap, SpacedStyleColumn) {
   const auto out =
-      test::write_with(with_style(), [](xhtml_writer& writer) { writer.spaced_equals = true; });
+      write_with(with_style(), [](xhtml_writer& writer) { writer.spaced_equals = true; });
   EXPECT_TRUE(is_outcome(out, u"<b style = 'color: red; margin: 0;'></b>", 41));
 }
 
@@ -156,7 +147,7 @@ TEST(WriterWrap, AWordThatIsLongerThanTheLine) {
 }
 
 TEST(WriterWrap, ALineMayBeOneUnitLongerByItsLastBlank) {
-  // "aaa" and "bbb" are 4 + 3; the blank behind "bbb" isn't asked about.
+  // "aaa" and "bbb" are 4 + 3; the blank after "bbb" isn't counted.
   EXPECT_TRUE(is_outcome(flowed(u"aaa bbb ccc", 7), u"aaa bbb \nccc", 4));
   EXPECT_TRUE(is_outcome(flowed(u"aaa bbb ccc", 6), u"aaa \nbbb \nccc", 4));
 }
@@ -171,7 +162,7 @@ TEST(WriterWrap, TextInABlock) {
   EXPECT_TRUE(is_outcome(wrapped(make(tag_id::p, u"aaa bbb"), 9), u"<p>\n  aaa bbb\n</p>\n", 0));
 }
 
-// Behind `br` in an inline element two blanks are written and four counted.
+// After `br` in an inline element two blanks are written and four counted.
 TEST(WriterWrap, AChildOfAnInlineElementIsCountedOneLevelTooDeep) {
   const xhtml_element div = make(tag_id::div, make(tag_id::span, u"a", make(tag_id::br), u"bb cc"));
   EXPECT_TRUE(is_outcome(wrapped(div, 8),
@@ -198,3 +189,4 @@ TEST(WriterWrap, ALimitThatNothingReachesChangesOnlyWhiteSpace) {
 }
 
 }  // namespace
+}  // namespace test

@@ -11,23 +11,8 @@
 #include "xport/parser/tag_reader.h"
 #include "xport/text/character_class.h"
 
+namespace test {
 namespace {
-
-using test::in_div;
-using test::message;
-using test::messages_of;
-using test::node_with_attributes;
-using test::outline_with_attributes;
-using test::parser_on;
-using test::printable;
-using test::same_units;
-using Xport::attr_id;
-using Xport::character_classes;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_element;
-using Xport::xhtml_strict;
 
 /// What next_attribute cuts off `text` as "name|value|", and what it leaves.
 std::string first_of(ustring_view text) {
@@ -44,7 +29,7 @@ std::string value_in(ustring_view text) {
 /// The element that a tag's text makes.
 std::string element_of(ustring_view tag) {
   parser_on<> parser(u"");
-  return node_with_attributes(xhtml_element(tag, *parser));
+  return outline_of_one(xhtml_element(tag, *parser));
 }
 
 /// What the parser is told about a tag's text.
@@ -111,7 +96,7 @@ TEST(AttributeValue, NothingIsEmpty) {
   EXPECT_EQ(value_in(u" \n\t "), "|");
 }
 
-TEST(AttributeValue, QuotedValueIsTakenAsItIs) {
+TEST(AttributeValue, QuotedValueStaysAsItIs) {
   EXPECT_EQ(value_in(u"'a'"), "a|");
   EXPECT_EQ(value_in(u"\"a\"b"), "a|b");
   EXPECT_EQ(value_in(u" \t\n'a' b"), "a| b");
@@ -162,7 +147,7 @@ TEST(Attributes, FirstOfEqualNamesCounts) {
   EXPECT_EQ(in_div(u"<p class='' class='b'>"), "p[class=\"\"]");
 }
 
-TEST(Attributes, NothingTellsWhetherTheElementTakesThem) {
+TEST(Attributes, TheyAreStoredEvenWhereTheElementDoesNotAcceptThem) {
   EXPECT_EQ(in_div(u"<p align='x'>"), "p[align=\"x\"]");
   EXPECT_EQ(in_div(u"<br href='x' colspan='2' xmlns='y'>"),
             "br[colspan=\"2\" href=\"x\" xmlns=\"y\"]");
@@ -201,12 +186,12 @@ TEST(Attributes, NameSpaceIsAnAttributeLikeAnyOther) {
   EXPECT_EQ(in_div(u"<p xmlns='a' xmlns='b'>"), "p[xmlns=\"a\"]");
 }
 
-TEST(Attributes, ValuesAreTakenAsTheyAre) {
+TEST(Attributes, ValuesStayAsTheyAre) {
   EXPECT_EQ(in_div(u"<p title=' &lt; \n\t&#34; \u00E9 '>"),
             "p[title=\" &lt; \n\\u0009&#34; \\u00E9 \"]");
-  test::parse_case how;
+  parse_case how;
   how.normalize_text = true;
-  EXPECT_EQ(test::parse(u"<p title='a & \u00A9'>", how).children, "p[title=\"a & \\u00A9\"]");
+  EXPECT_EQ(parse(u"<p title='a & \u00A9'>", how).children, "p[title=\"a & \\u00A9\"]");
 }
 
 TEST(Attributes, NamesAreCutAtAZeroUnit) {
@@ -248,7 +233,7 @@ TEST(TagText, MakesAnElement) {
   EXPECT_EQ(messages_about(u"<p class='a'>"), "");
 }
 
-TEST(TagText, NothingBehindANameButWhiteSpaceLeadsToAttributes) {
+TEST(TagText, OnlyWhiteSpaceAfterANameLeadsToAttributes) {
   EXPECT_EQ(element_of(u"<p>class='a'"), "p");
   EXPECT_EQ(element_of(u"<p> class='a'"), "p");
   EXPECT_EQ(element_of(u"<p/ class='a'>"), "p");
@@ -281,7 +266,7 @@ TEST(TagText, UnknownNameIsReported) {
   EXPECT_EQ(messages_about(u"<brr"), message(1, "Invalid Tag"));
 }
 
-TEST(TagText, SlashBehindANameIsReported) {
+TEST(TagText, SlashAfterANameIsReported) {
   EXPECT_EQ(messages_about(u"<p/>"), message(1, "Invalid />"));
   EXPECT_EQ(messages_about(u"<p/"), message(1, "Invalid />"));
   EXPECT_EQ(messages_about(u"<font/>"), message(1, "Invalid />"));
@@ -318,25 +303,24 @@ TEST(TagText, ElementStandsAlone) {
   EXPECT_EQ(element.begin(), element.end());
   EXPECT_EQ(element.pool(), nullptr);
   element.append_text(u"x");
-  EXPECT_EQ(outline_with_attributes(element), "'x'");
+  EXPECT_EQ(outline_of_children(element), "'x'");
 }
 
 TEST(ParseAttributes, KeepsWhatTheElementHas) {
   xhtml_element element(tag_id::p, u"a", u"b");
-  element.set_style(Xport::css_property_id::color, u"red");
+  element.set_style(css_property_id::color, u"red");
   element.parse_attributes(u"id='x' title='y' class='z' style='color:blue top:1px'");
-  EXPECT_EQ(node_with_attributes(element),
-            "p[class=\"b\" id=\"a\" title=\"y\"]{color:red;top:1px;}");
+  EXPECT_EQ(outline_of_one(element), "p[class=\"b\" id=\"a\" title=\"y\"]{color:red;top:1px;}");
 }
 
-TEST(ParseAttributes, NeedsNoWhiteSpaceInFront) {
+TEST(ParseAttributes, NeedsNoLeadingWhiteSpace) {
   xhtml_element element(tag_id::p, {}, {});
   element.parse_attributes(u"title='y'lang='z'");
-  EXPECT_EQ(node_with_attributes(element), "p[lang=\"z\" title=\"y\"]");
+  EXPECT_EQ(outline_of_one(element), "p[lang=\"z\" title=\"y\"]");
   element.parse_attributes(u"");
   element.parse_attributes(u"   ");
   element.parse_attributes(u"foo");
-  EXPECT_EQ(node_with_attributes(element), "p[lang=\"z\" title=\"y\"]");
+  EXPECT_EQ(outline_of_one(element), "p[lang=\"z\" title=\"y\"]");
 }
 
 TEST(ParseAttributes, ElementWithoutARecordStoresNothing) {
@@ -359,7 +343,7 @@ TEST(ParseAttributes, EveryNameOfTheTable) {
   element.parse_attributes(text);
   EXPECT_EQ(element.attributes()->size(), 232u);
   for (const auto& [id, value] : *element.attributes()) EXPECT_TRUE(same_units(value, u"first"));
-  EXPECT_TRUE(test::is_intact(element));
+  EXPECT_TRUE(is_intact(element));
 }
 
 TEST(ParseAttributes, ManyAttributes) {
@@ -389,3 +373,4 @@ TEST(ParseAttributes, LongValues) {
 }
 
 }  // namespace
+}  // namespace test

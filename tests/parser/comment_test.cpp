@@ -1,4 +1,4 @@
-// Comments: where they end, and what becomes of broken ones.
+// Comments: where they end, and how broken ones are read.
 
 #include <gtest/gtest.h>
 
@@ -9,23 +9,8 @@
 #include "tests/support/golden.h"
 #include "xport/markup/leaf_nodes.h"
 
+namespace test {
 namespace {
-
-using test::in_body;
-using test::in_div;
-using test::in_p;
-using test::in_root;
-using test::message;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using test::parser_on;
-using test::same_units;
-using test::shown;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_element;
 
 TEST(Comment, LosesWhiteSpaceAtBothEnds) {
   EXPECT_EQ(in_div(u"<!-- a -->"), "#a#");
@@ -55,14 +40,14 @@ TEST(Comment, DashesInside) {
   EXPECT_EQ(in_div(u"<!--->a-->b"), "#->a# 'b'");
 }
 
-// The unit behind two dashes is taken, whatever it is.
+// Any unit after two dashes is consumed with them.
 TEST(Comment, ThreeDashesDontEndIt) {
   EXPECT_EQ(in_div(u"<!-- a --->b-->"), "#a --->b#");
   EXPECT_EQ(in_div(u"<!-- a --->b-->c"), "#a --->b# 'c'");
   EXPECT_EQ(in_div(u"<!-- a ---->b-->c"), "#a ---->b# 'c'");
   EXPECT_EQ(in_div(u"<!-- a ----->b"), "#a ---# 'b'");  // three dashes, then the end
   EXPECT_EQ(in_div(u"<!-- a --- -->b"), "#a ---# 'b'");
-  // Without another end it goes on to the end of the input.
+  // Without another end it continues to the end of the input.
   EXPECT_EQ(in_div(u"<!-- a --->b<p>c"), "#a --->b<p>c#");
   EXPECT_EQ(in_div(u"<!----->b"), "#--->b#");
 }
@@ -75,7 +60,7 @@ TEST(Comment, CutOffEndsWithTheInput) {
 }
 
 // The dash that was looked at last counts once more.
-TEST(Comment, CutOffBehindDashes) {
+TEST(Comment, CutOffAfterDashes) {
   EXPECT_EQ(in_div(u"<!-- a -"), "#a ---#");
   EXPECT_EQ(in_div(u"<!-- a --"), "#a ---#");
   EXPECT_EQ(in_div(u"<!-- a ---"), "#a ---#");
@@ -86,7 +71,7 @@ TEST(Comment, CutOffBehindDashes) {
   EXPECT_EQ(messages_of(u"<!-- a -", 15), "");
 }
 
-TEST(Comment, EndOfInputBehindTheFirstDash) {
+TEST(Comment, EndOfInputAfterTheFirstDash) {
   EXPECT_EQ(in_div(u"a<!-"), "'a'");
   EXPECT_EQ(in_div(u"a<!-\uFFFF-b-->"), "'a'");
   EXPECT_EQ(messages_of(u"a<!-", 1), message(1, "Invalid end of document."));
@@ -109,7 +94,7 @@ TEST(Comment, OneDashMakesTextWithoutTheMark) {
 TEST(Comment, OneDashWhereNoTextMayStandIsDropped) { EXPECT_EQ(in_body(u"<!-x<p>y"), "p('y')"); }
 
 // As the node's constructor takes tokens.
-TEST(Comment, DelimitersInsideAreTakenForThoseOfAToken) {
+TEST(Comment, DelimitersInsideAreReadAsThoseOfAToken) {
   EXPECT_EQ(in_div(u"<!--<--x-->"), "#x#");
   EXPECT_EQ(in_div(u"<!--<----->"), "#-#");
   EXPECT_EQ(in_div(u"<!--<---->"), "#-->#");  // what is left is too short to lose its end
@@ -133,13 +118,13 @@ TEST(Comment, IsNotRewritten) {
 TEST(Comment, MillionDashes) {
   const auto text_of_dashes = [](std::size_t count, ustring_view tail) {
     parser_on<> parser(u"--" + ustring(count, u'-').append(tail));
-    const std::unique_ptr<Xport::xhtml_markup> node(parser->read_comment(nullptr));
+    const std::unique_ptr<xhtml_markup> node(parser->read_comment(nullptr));
     EXPECT_EQ(node->node_kind(), 3);
     return ustring(node->as_text()->text());
   };
   // Dashes are taken by threes, and the end is found where two are left.
   EXPECT_TRUE(same_units(text_of_dashes(1'000'001, u">"), ustring(999'999, u'-')));
-  // Otherwise the comment goes on; the node then drops "-->" from its end.
+  // Otherwise the comment continues; the node then drops "-->" from its end.
   EXPECT_TRUE(same_units(text_of_dashes(1'000'000, u">"), ustring(999'998, u'-')));
   EXPECT_TRUE(same_units(text_of_dashes(1'000'002, u">"), ustring(1'000'000, u'-')));
   EXPECT_TRUE(same_units(text_of_dashes(1'000'000, u""), ustring(1'000'002, u'-')));
@@ -149,7 +134,7 @@ TEST(Comment, MillionDashes) {
 
 TEST(Comment, LongOne) {
   const ustring text(1'000'000, u'c');
-  EXPECT_EQ(in_div(u"<!--" + text + u"-->x"), "#" + test::printable(text) + "# 'x'");
+  EXPECT_EQ(in_div(u"<!--" + text + u"-->x"), "#" + printable(text) + "# 'x'");
 }
 
 TEST(Comment, ReadAlone) {
@@ -180,3 +165,4 @@ TEST(Comment, OneDashInPreLeadsToItsContent) {
 }
 
 }  // namespace
+}  // namespace test

@@ -27,11 +27,10 @@
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
-
-using Xport::ustring;
 
 constexpr std::size_t most_files = 300;
 constexpr std::uintmax_t most_bytes = 4'000'000;
@@ -84,7 +83,7 @@ std::string bytes_of(const fs::path& path) {
 // UTF-8, or else Latin-1, as most old pages are.
 ustring units_of(const std::string& bytes) {
   try {
-    return test::from_utf8(bytes);
+    return from_utf8(bytes);
   } catch (const std::runtime_error&) {
     ustring text;
     for (const char byte : bytes) text += static_cast<unsigned char>(byte);
@@ -92,7 +91,7 @@ ustring units_of(const std::string& bytes) {
   }
 }
 
-std::size_t count_by_walk(Xport::xhtml_doc& doc) {
+std::size_t count_by_walk(xhtml_doc& doc) {
   std::size_t count = 0;
   for (auto at = doc.descendant_begin(); at != doc.descendant_end(); ++at) ++count;
   return count - 1;  // without the root
@@ -104,11 +103,11 @@ std::size_t count_by_outline(const std::vector<ustring>& outline) {
 }
 
 template <class Parser>
-void read_into(Xport::xhtml_doc& doc, Parser& parser, const test::round_trip_options& options) {
-  Xport::ustring_stream messages;
+void read_into(xhtml_doc& doc, Parser& parser, const round_trip_options& options) {
+  ustring_stream messages;
   parser.normalize_text = options.normalize_text;
   parser.preserve_newlines = options.preserve_newlines;
-  parser.message_mask = Xport::level_structure | Xport::level_end_tag;
+  parser.message_mask = level_structure | level_end_tag;
   parser.messages = &messages;
   parse_page(parser, *doc.root());
   doc.reindex();
@@ -116,23 +115,23 @@ void read_into(Xport::xhtml_doc& doc, Parser& parser, const test::round_trip_opt
 
 class Corpus : public testing::Test {
  protected:
-  void read_page(const ustring& text, const test::round_trip_options& options) {
-    Xport::xhtml_doc doc(0);
-    std::basic_istringstream<Xport::char16> stream(text);
-    test::guarded_parser parser(&stream);
+  void read_page(const ustring& text, const round_trip_options& options) {
+    xhtml_doc doc(0);
+    std::basic_istringstream<char16> stream(text);
+    guarded_parser parser(&stream);
     read_into(doc, parser, options);
 
-    EXPECT_TRUE(test::is_intact(*doc.root()));
-    const std::vector<ustring> outline = test::outline_of(*doc.root());
+    EXPECT_TRUE(is_intact(*doc.root()));
+    const std::vector<ustring> outline = outline_of(*doc.root());
     const std::size_t nodes = count_by_outline(outline);
     EXPECT_EQ(count_by_walk(doc), nodes);
-    EXPECT_EQ(test::round_trip_fault(*doc.root(), options), "");
+    EXPECT_EQ(round_trip_fault(*doc.root(), options), "");
     if (parser.met_endless())
       ++endless_;
     else
-      EXPECT_EQ(test::outline_difference(unguarded_outline(text, options), outline), "");
+      EXPECT_EQ(outline_difference(unguarded_outline(text, options), outline), "");
 
-    const char* const exemption = test::round_trip_exemption(*doc.root(), options);
+    const char* const exemption = round_trip_exemption(*doc.root(), options);
     ++outcomes_[exemption != nullptr ? exemption : "the same tree comes back"];
     nodes_ += nodes;
   }
@@ -148,12 +147,12 @@ class Corpus : public testing::Test {
  private:
   // What the parser makes of a page that it comes to an end with.
   static std::vector<ustring> unguarded_outline(const ustring& text,
-                                                const test::round_trip_options& options) {
-    Xport::xhtml_doc doc(0);
-    std::basic_istringstream<Xport::char16> stream(text);
-    Xport::xhtml_parser parser(&stream);
+                                                const round_trip_options& options) {
+    xhtml_doc doc(0);
+    std::basic_istringstream<char16> stream(text);
+    xhtml_parser parser(&stream);
     read_into(doc, parser, options);
-    return test::outline_of(*doc.root());
+    return outline_of(*doc.root());
   }
 
   std::map<std::string, std::size_t> outcomes_;
@@ -167,8 +166,8 @@ TEST_F(Corpus, RealPagesAreReadWrittenAndReadAgain) {
   find_pages(folder.empty() ? "/usr/share" : folder, pages);
   if (pages.empty()) GTEST_SKIP() << "there are no HTML files on this machine";
 
-  test::round_trip_options plain;
-  test::round_trip_options other;
+  round_trip_options plain;
+  round_trip_options other;
   other.normalize_text = true;
   other.preserve_newlines = true;
   other.double_quotes = true;
@@ -188,3 +187,4 @@ TEST_F(Corpus, RealPagesAreReadWrittenAndReadAgain) {
 }
 
 }  // namespace
+}  // namespace test

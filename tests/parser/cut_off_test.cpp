@@ -8,20 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/parser/parser_reference.h"
+#include "tests/parser/plain_parser.h"
 #include "tests/support/tree_check.h"
 #include "tests/support/unit_buffers.h"
 
+namespace test {
 namespace {
-
-using test::parse;
-using test::parse_case;
-using test::parse_plainly;
-using test::printable;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_element;
 
 /// Parses `text` unit by unit longer, each of its beginnings in a `div`; the first of `expected`
 /// is what nothing makes.
@@ -30,8 +22,8 @@ void expect_each(ustring_view text, std::initializer_list<std::string> expected)
   std::size_t length = 0;
   for (const std::string& children : expected) {
     const ustring_view beginning = text.substr(0, length++);
-    EXPECT_EQ(test::in_div(beginning), children) << printable(beginning);
-    EXPECT_EQ(test::in_div(ustring(beginning) + u"\uFFFF<b>\">'--?"), children)
+    EXPECT_EQ(in_div(beginning), children) << printable(beginning);
+    EXPECT_EQ(in_div(ustring(beginning) + u"\uFFFF<b>\">'--?"), children)
         << printable(beginning) << " and U+FFFF";
   }
 }
@@ -99,7 +91,7 @@ const ustring texts[] = {
     u"\xD83D<\xDE00>\U0001F600<p \u00E9='\u00E9'>\uFFFE</p>\u2028",
 };
 
-// Whatever the place, parsing ends with an intact tree, as parse() sees to.
+// Wherever the text ends, the tree is intact, as parse() checks.
 TEST(CutOff, TrickyTexts) {
   const std::vector<tag_id> paths[] = {
       {},
@@ -126,18 +118,19 @@ TEST(CutOff, ByAnExceptionOfTheInput) {
   for (const ustring& text : texts)
     for (std::size_t length = 0; length <= text.size(); ++length)
       for (const bool in_pool : {false, true}) {
-        test::raising_buffer buffer(text.substr(0, length));
+        raising_buffer buffer(text.substr(0, length));
         std::basic_istream<char16_t> input(&buffer);
-        Xport::xhtml_parser parser(&input);
+        xhtml_parser parser(&input);
         xhtml_element body(tag_id::body, {}, {});
-        Xport::xhtml_doc doc(0);
+        xhtml_doc doc(0);
         xhtml_element* const receiver = in_pool ? doc.root() : &body;
         try {
           delete parser.parse_children(receiver);  // an end tag may end it before
-        } catch (const test::input_broke&) {
+        } catch (const input_broke&) {
         }
-        ASSERT_TRUE(test::is_intact(*receiver)) << printable(text.substr(0, length));
+        ASSERT_TRUE(is_intact(*receiver)) << printable(text.substr(0, length));
       }
 }
 
 }  // namespace
+}  // namespace test

@@ -7,15 +7,8 @@
 #include "tests/parser/reader_kit.h"
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::in_div;
-using test::in_root;
-using test::messages_of;
-using test::parser_on;
-using test::same_units;
-using Xport::tag_id;
-using Xport::ustring;
 
 TEST(Declaration, BecomesAnEmptyDoctype) {
   EXPECT_EQ(in_root(u"<!DOCTYPE html PUBLIC \"a\" \"b\"><html></html>"), "!! html");
@@ -50,7 +43,7 @@ TEST(Declaration, LongOne) {
   EXPECT_EQ(in_root(u"<!" + ustring(1'000'000, u'<') + u">x"), "!! 'x'");
 }
 
-TEST(ReadDeclaration, GivesThePrefixAndTheTextThroughGreaterThan) {
+TEST(ReadDeclaration, ReturnsThePrefixAndTheTextThroughGreaterThan) {
   parser_on<> parser(u"DOCTYPE\nhtml\n>x>");
   parser->last_tag = tag_id::pre;
   EXPECT_TRUE(same_units(parser->read_declaration(u"<"), u"<DOCTYPE\nhtml\n>"));
@@ -69,3 +62,4 @@ TEST(ReadDeclaration, NewlinesOfThePrefixArentCounted) {
 }
 
 }  // namespace
+}  // namespace test

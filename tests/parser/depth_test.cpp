@@ -1,7 +1,6 @@
 // The depth of a page costs memory, and neither machine stack nor more time than its length.
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 #include <time.h>
 
 #include <cstddef>
@@ -12,40 +11,19 @@
 #include "tests/support/allocation_failure.h"
 #include "tests/support/derived_nodes.h"
 #include "tests/support/golden.h"
+#include "tests/support/small_stack.h"
 #include "tests/support/tree_check.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/markup/xhtml_writer.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::char16;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_parser;
 
 constexpr std::size_t levels = 1'000'000;
 
-/// Runs `work` on a thread with a stack of 8 MiB.
-void on_small_stack(std::function<void()> work) {
-  pthread_attr_t attributes;
-  ASSERT_EQ(::pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::size_t{8} << 20), 0);
-  pthread_t thread;
-  const auto run = [](void* given) -> void* {
-    (*static_cast<std::function<void()>*>(given))();
-    return nullptr;
-  };
-  ASSERT_EQ(::pthread_create(&thread, &attributes, run, &work), 0);
-  EXPECT_EQ(::pthread_join(thread, nullptr), 0);
-  ::pthread_attr_destroy(&attributes);
-}
+constexpr std::size_t stack_size = std::size_t{8} << 20;
 
 ustring repeated(ustring_view part, std::size_t count) {
   ustring text;
@@ -70,17 +48,17 @@ void parse_into(xhtml_element& receiver, const ustring& text) {
 std::size_t depth_of(const xhtml_markup& top) {
   std::size_t depth = 0;
   const xhtml_markup* node = &top;
-  while (node->begin().cell() != nullptr && node->begin()->type() == Xport::node_type::element) {
+  while (node->begin().cell() != nullptr && node->begin()->type() == node_type::element) {
     node = node->begin().cell();
     ++depth;
   }
-  EXPECT_EQ(node->begin()->type(), Xport::node_type::pcdata);
+  EXPECT_EQ(node->begin()->type(), node_type::pcdata);
   return depth;
 }
 
 ustring written_page(const xhtml_markup& top) {
-  Xport::ustring_stream stream;
-  Xport::xhtml_writer writer(stream);
+  ustring_stream stream;
+  xhtml_writer writer(stream);
   top.write(writer);
   return stream.str();
 }
@@ -90,7 +68,7 @@ void use_deep_page(const ustring& text) {
   xhtml_doc doc(0);
   parse_into<xhtml_parser>(*doc.root(), text);
   EXPECT_EQ(depth_of(*doc.root()), levels);
-  EXPECT_TRUE(test::is_intact(*doc.root()));
+  EXPECT_TRUE(is_intact(*doc.root()));
 
   std::size_t walked = 0;
   const auto end = doc.descendant_end();
@@ -106,28 +84,28 @@ void use_deep_page(const ustring& text) {
 }
 
 TEST(ParserDepth, ClosedElements) {
-  on_small_stack([] { use_deep_page(nested(u"<b>", u"</b>", levels)); });
+  on_small_stack(stack_size, [] { use_deep_page(nested(u"<b>", u"</b>", levels)); });
 }
 
 TEST(ParserDepth, OpenElements) {
-  on_small_stack([] { use_deep_page(nested(u"<b>", u"", levels)); });
+  on_small_stack(stack_size, [] { use_deep_page(nested(u"<b>", u"", levels)); });
 }
 
 // Each open element is a call of parse_children, so the stack sets a limit, which is far beyond
 // the pages that people write.
 TEST(ParserDepth, ElementsOfADerivedParser) {
-  on_small_stack([] {
+  on_small_stack(stack_size, [] {
     constexpr std::size_t levels_by_calls = 5'000;
     for (const ustring_view end : {u"</b>", u""}) {
       xhtml_doc doc(0);
-      parse_into<test::derived_parser>(*doc.root(), nested(u"<b>", end, levels_by_calls));
+      parse_into<derived_parser>(*doc.root(), nested(u"<b>", end, levels_by_calls));
       EXPECT_EQ(depth_of(*doc.root()), levels_by_calls);
     }
   });
 }
 
 TEST(ParserDepth, ElementsOnTheHeap) {
-  on_small_stack([] {
+  on_small_stack(stack_size, [] {
     for (const ustring_view end : {u"</b>", u""}) {
       xhtml_element root(tag_id::doc_root, {}, {});
       parse_into<xhtml_parser>(root, nested(u"<b>", end, levels));
@@ -140,7 +118,7 @@ TEST(ParserDepth, ElementsOnTheHeap) {
 }
 
 TEST(ParserDepth, DestroyedWithItsDocument) {
-  on_small_stack([] {
+  on_small_stack(stack_size, [] {
     auto doc = std::make_unique<xhtml_doc>(0);
     parse_into<xhtml_parser>(*doc->root(), nested(u"<span class='a long class'>", u"", levels));
     doc.reset();
@@ -151,7 +129,7 @@ TEST(ParserDepth, DestroyedWithItsDocument) {
 }
 
 TEST(ParserDepth, NestedLists) {
-  on_small_stack([] {
+  on_small_stack(stack_size, [] {
     const struct {
       ustring_view open;
       ustring_view close;
@@ -161,7 +139,7 @@ TEST(ParserDepth, NestedLists) {
       xhtml_element& body = *doc.root();
       parse_into<xhtml_parser>(body, nested(form.open, form.close, levels / 2));
       EXPECT_EQ(depth_of(body), levels);
-      EXPECT_TRUE(test::is_intact(body));
+      EXPECT_TRUE(is_intact(body));
       const std::unique_ptr<xhtml_markup> copy(body.clone());
       EXPECT_EQ(depth_of(*copy), levels);
     }
@@ -169,7 +147,7 @@ TEST(ParserDepth, NestedLists) {
 }
 
 TEST(ParserDepth, EndTagsThatMatchNothing) {
-  on_small_stack([] {
+  on_small_stack(stack_size, [] {
     xhtml_doc doc(0);
     parse_into<xhtml_parser>(*doc.root(), nested(u"<b>", u"</i>", levels));
     EXPECT_EQ(depth_of(*doc.root()), levels);
@@ -177,7 +155,7 @@ TEST(ParserDepth, EndTagsThatMatchNothing) {
 }
 
 TEST(ParserDepth, EndTagsThatCloseTwoLevelsEach) {
-  on_small_stack([] {
+  on_small_stack(stack_size, [] {
     xhtml_doc doc(0);
     parse_into<xhtml_parser>(*doc.root(), nested(u"<b><i>", u"</b>", levels / 2));
     EXPECT_EQ(depth_of(*doc.root()), levels);
@@ -200,17 +178,17 @@ struct cost {
 
 /// What it takes to read `text` into a new element on the heap and to destroy that.
 cost cost_of(const ustring& text) {
-  const std::size_t calls = test::allocation_calls();
+  const std::size_t calls = allocation_calls();
   const double start = cpu_seconds();
   {
     xhtml_element root(tag_id::doc_root, {}, {});
     parse_into<xhtml_parser>(root, text);
   }
-  return {test::allocation_calls() - calls, cpu_seconds() - start};
+  return {allocation_calls() - calls, cpu_seconds() - start};
 }
 
-TEST(ParserDepth, FourTimesTheDepthTakesFourTimesAsMuch) {
-  on_small_stack([] {
+TEST(ParserDepth, FourTimesTheDepthCostsFourTimesAsMuch) {
+  on_small_stack(stack_size, [] {
     const struct {
       ustring_view open;
       ustring_view close;
@@ -229,9 +207,10 @@ TEST(ParserDepth, FourTimesTheDepthTakesFourTimesAsMuch) {
         ratio = whole.seconds / quarter.seconds;
         if (ratio < 12) break;
       }
-      EXPECT_LT(ratio, 12) << test::printable(form.open);
+      EXPECT_LT(ratio, 12) << printable(form.open);
     }
   });
 }
 
 }  // namespace
+}  // namespace test

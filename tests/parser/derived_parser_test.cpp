@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <new>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -17,25 +16,14 @@
 #include "tests/support/derived_nodes.h"
 #include "tests/support/locale.h"
 #include "tests/support/tree_check.h"
+#include "tests/support/unit_bytes.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 
+namespace test {
 namespace {
 
-using test::is_intact;
-using test::outline_with_attributes;
-using test::parser_on;
-using Xport::char16;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_parser;
-using Xport::xhtml_pcdata;
 using owned_node = std::unique_ptr<xhtml_markup>;
 
 /// A page with every construct, with short and long texts, and with recoveries.
@@ -98,8 +86,7 @@ TEST(ReturnedNode, OfOurOwnParserIsTheCallersToo) {
   EXPECT_FALSE(other.body()->adopt_child(left.get()) == other.body()->end());
   xhtml_markup& div = *left.release();
   EXPECT_EQ(parser->parse_children(&div), nullptr);
-  EXPECT_EQ(outline_with_attributes(*other.body()),
-            "div[title=\"a long title of the element\"]('b')");
+  EXPECT_EQ(outline_of_children(*other.body()), "div[title=\"a long title of the element\"]('b')");
 }
 
 /// Deletes each comment, and returns one of its own for it.
@@ -108,7 +95,7 @@ class deleting_parser : public xhtml_parser {
   using xhtml_parser::xhtml_parser;
   xhtml_markup* read_comment(xhtml_markup* parent) override {
     delete xhtml_parser::read_comment(parent);
-    return new Xport::xhtml_comment(u"mine");
+    return new xhtml_comment(u"mine");
   }
 };
 
@@ -116,7 +103,7 @@ TEST(ReturnedNode, MayBeDeleted) {
   xhtml_doc doc(1);
   parser_on<deleting_parser> parser(u"<p>a<!-- " + ustring(700, u'l') + u" -->b<!--c--></p>");
   EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a' #mine# 'b' #mine#)");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p('a' #mine# 'b' #mine#)");
 }
 
 /// Keeps each text in an element of another tree, and returns an instruction for it.
@@ -128,7 +115,7 @@ class hoarding_parser : public xhtml_parser {
     owned_node node(xhtml_parser::read_pcdata(parent, prefix));
     if (node == nullptr || hoard_.adopt_child(node.get()) == hoard_.end()) return node.release();
     node.release();
-    return new Xport::xhtml_processing_instruction(u"t");
+    return new xhtml_processing_instruction(u"t");
   }
 
  private:
@@ -142,11 +129,11 @@ TEST(ReturnedNode, MayBeAdoptedByAnElementOfItsOwn) {
     std::basic_istringstream<char16> input(u"<p>a text that is long<b>c</b>d</p>");
     hoarding_parser parser(&input, hoard);
     EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
-    EXPECT_EQ(outline_with_attributes(*doc.body()), "p(?t? b(?t?) ?t?)");
+    EXPECT_EQ(outline_of_children(*doc.body()), "p(?t? b(?t?) ?t?)");
   }
   *hoard.begin() << ustring(700, u'l');  // after the page was deleted
   EXPECT_TRUE(is_intact(hoard));
-  EXPECT_EQ(outline_with_attributes(hoard),
+  EXPECT_EQ(outline_of_children(hoard),
             "'a text that is long" + std::string(700, 'l') + "' 'c' 'd'");
 }
 
@@ -157,9 +144,9 @@ TEST(ReturnedNode, MayBeAdoptedByAnotherDocument) {
     std::basic_istringstream<char16> input(u"<p>a<b>c</b>d</p>");
     hoarding_parser parser(&input, *append_element(*other.body(), tag_id::p));
     EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
-    EXPECT_EQ(outline_with_attributes(*other.body()), "p('a' 'c' 'd')");
+    EXPECT_EQ(outline_of_children(*other.body()), "p('a' 'c' 'd')");
   }
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(?t? b(?t?) ?t?)");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p(?t? b(?t?) ?t?)");
 }
 
 /// Fills each element before it returns it, while the element has no parent.
@@ -185,7 +172,7 @@ TEST(ReturnedNode, LeavesNothingOverWhileItHasNoParent) {
     parser_on<early_parser> parser(u"<p>a<p>b</p>c</p>");
     EXPECT_EQ(parser->parse_children(receiver), nullptr);
     EXPECT_EQ(parser->leftovers, 0);
-    EXPECT_EQ(outline_with_attributes(*receiver), "p('a' 'c')");
+    EXPECT_EQ(outline_of_children(*receiver), "p('a' 'c')");
   }
 }
 
@@ -212,7 +199,7 @@ TEST(ReturnedNode, MayBeReturnedLater) {
   parser_on<swapping_parser> parser(u"<!--a--><?b?><p></p><!--c-->");
   EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
   // The `p` comes after its end tag, and so the last comment stands in it.
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "?b? #a# p(#c#)");
+  EXPECT_EQ(outline_of_children(*doc.body()), "?b? #a# p(#c#)");
   EXPECT_TRUE(is_intact(*doc.root()));
 }
 
@@ -225,8 +212,7 @@ class noting_parser : public xhtml_parser {
   std::string calls;
 
   xhtml_markup* parse_children(xhtml_markup* parent) override {
-    calls +=
-        (calls.empty() ? "" : " ") + std::to_string(depth_++) + test::node_with_attributes(*parent);
+    calls += (calls.empty() ? "" : " ") + std::to_string(depth_++) + outline_of_one(*parent);
     xhtml_markup* const left = xhtml_parser::parse_children(parent);
     --depth_;
     return left;
@@ -241,14 +227,14 @@ TEST(ParseChildren, IsCalledForEachNodeThatWasAdopted) {
   parser_on<noting_parser> parser(u"<p>a<b>c</b><br><!--d--></p>e");
   EXPECT_EQ(parser->parse_children(&div), nullptr);
   EXPECT_EQ(parser->calls, "0div 1p 2'a' 2b 3'c' 2br 2#d# 1'e'");
-  EXPECT_EQ(outline_with_attributes(div), "p('a' b('c') br #d#) 'e'");
+  EXPECT_EQ(outline_of_children(div), "p('a' b('c') br #d#) 'e'");
 }
 
 TEST(ParseChildren, LeftoverOfAChildIsDealtWithAsIfItHadBeenRead) {
   xhtml_doc doc(1);
   parser_on<noting_parser> parser(u"<p>a<p>b<div>c</div>");
   EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a') p('b') div('c')");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p('a') p('b') div('c')");
   EXPECT_EQ(parser->calls, "0body 1p 2'a' 1p 2'b' 1div 2'c'");
 }
 
@@ -267,7 +253,7 @@ TEST(ParseChildren, CanBeReplacedForInnerElements) {
   xhtml_doc doc(1);
   parser_on<skipping_parser> parser(u"<p><b>a<i>b</i></b></p>");
   EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(b('skipped') 'a' i('b'))");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p(b('skipped') 'a' i('b'))");
 }
 
 // --- Receivers ---
@@ -286,18 +272,18 @@ TEST(DerivedReceiver, ContentGoesWhereAdoptChildPutsIt) {
     xhtml_element* const target = append_element(*other.body(), tag_id::div)->as_element();
     forwarding_element receiver(*target);
     std::basic_istringstream<char16> input(u"<p>a<b>c</b></p>d<p>e<p>f</p></div>g");
-    std::unique_ptr<xhtml_parser> parser = derived ? std::make_unique<test::derived_parser>(&input)
-                                                   : std::make_unique<xhtml_parser>(&input);
+    std::unique_ptr<xhtml_parser> parser =
+        derived ? std::make_unique<derived_parser>(&input) : std::make_unique<xhtml_parser>(&input);
     EXPECT_EQ(parser->parse_children(&receiver), nullptr);
     EXPECT_TRUE(receiver.begin() == receiver.end());
     EXPECT_TRUE(is_intact(*other.root()));
-    EXPECT_EQ(outline_with_attributes(*target), "p('a' b('c')) 'd' p('e') p('f')");
+    EXPECT_EQ(outline_of_children(*target), "p('a' b('c')) 'd' p('e') p('f')");
   }
 }
 
 /// Notes what it is asked about.
 struct asked_element : xhtml_element {
-  explicit asked_element(Xport::node_pool* content = nullptr)
+  explicit asked_element(node_pool* content = nullptr)
       : xhtml_element(tag_id::div, {}, {}, content) {}
   bool can_contain(const xhtml_markup& node) const override {
     ++asked;
@@ -309,8 +295,8 @@ struct asked_element : xhtml_element {
 };
 
 TEST(DerivedReceiver, ParentOfTheReceiverIsShownANodeWithoutAParent) {
-  Xport::node_pool pool;
-  for (Xport::node_pool* const content : {static_cast<Xport::node_pool*>(nullptr), &pool}) {
+  node_pool pool;
+  for (node_pool* const content : {static_cast<node_pool*>(nullptr), &pool}) {
     asked_element above(content);
     xhtml_element& ul = *append_element(above, tag_id::ul)->as_element();
     EXPECT_EQ(ul.pool(), content);
@@ -347,7 +333,7 @@ TEST(DerivedReceiver, MayBeNoElementOfOurs) {
   gathering_node node;
   parser_on<> parser(u"a<p>b</p><li></ul></div>c");
   EXPECT_EQ(parser->parse_children(&node), nullptr);
-  EXPECT_EQ(outline_with_attributes(node.content), "'a' p('b')");
+  EXPECT_EQ(outline_of_children(node.content), "'a' p('b')");
   EXPECT_EQ(parser.rest(), "c");
   EXPECT_NE(parser.messages().find("Couldn't insert <li> into <gathering>."), std::string::npos);
   EXPECT_NE(parser.messages().find("Expecting end tag </gathering>.  Encountered </ul>"),
@@ -364,55 +350,55 @@ TEST(DerivedReceiver, LastTextIsTrimmedByItsOwnOperation) {
   p.adopt_child(new untrimmed_text(u"a "));
   parser_on<> parser(u"</p>");
   EXPECT_EQ(parser->parse_children(&p), nullptr);
-  EXPECT_EQ(outline_with_attributes(p), "'a !'");
+  EXPECT_EQ(outline_of_children(p), "'a !'");
 }
 
 // --- What an operation fetches at its start ---
 
 TEST(ParserLocale, IsThatAtTheStartOfEachParse) {
-  const std::locale changed = test::locale_with(L'x', std::ctype_base::space);
+  const std::locale changed = locale_with(L'x', std::ctype_base::space);
   xhtml_element p(tag_id::p, {}, {});
   xhtml_element second(tag_id::p, {}, {});
   parser_on<> parser(u"axx</p>axx</p>axx</p>");
   delete parser->parse_children(&p);
   {
-    const test::global_locale scope(changed);
+    const global_locale scope(changed);
     delete parser->parse_children(&second);
   }
   delete parser->parse_children(&p);
-  EXPECT_EQ(outline_with_attributes(p), "'axx' 'axx'");
-  EXPECT_EQ(outline_with_attributes(second), "'a'");
+  EXPECT_EQ(outline_of_children(p), "'axx' 'axx'");
+  EXPECT_EQ(outline_of_children(second), "'a'");
 }
 
 // Small letters and blanks aren't what they are in the locales of the standard library.
 TEST(ParserLocale, EveryUnitIsAskedWhereTheClassesAreAHosts) {
   xhtml_element p(tag_id::p, {}, {});
   {
-    const test::global_locale scope(test::locale_with(L'x', std::ctype_base::space));
+    const global_locale scope(locale_with(L'x', std::ctype_base::space));
     delete parser_on<>(u"<bxclass='a' >xxc</b><Bxidx='d' >")->parse_children(&p);
-    EXPECT_EQ(outline_with_attributes(p), "b[class=\"a\"](' c') b[id=\"d\"]");
+    EXPECT_EQ(outline_of_children(p), "b[class=\"a\"](' c') b[id=\"d\"]");
   }
   p.clear_children();
   {
-    const test::global_locale scope(test::locale_with(L' ', std::ctype_base::punct));
+    const global_locale scope(locale_with(L' ', std::ctype_base::punct));
     delete parser_on<>(u"<b>  a</b>")->parse_children(&p);
-    EXPECT_EQ(outline_with_attributes(p), "b('  a')");
+    EXPECT_EQ(outline_of_children(p), "b('  a')");
   }
 }
 
 TEST(ParserLocale, IsThatAtTheStartOfEachReader) {
-  const std::locale changed = test::locale_with(L'x', std::ctype_base::space);
+  const std::locale changed = locale_with(L'x', std::ctype_base::space);
   xhtml_element p(tag_id::p, {}, {});
   parser_on<> parser(u"axx<axx<axx");
-  EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'axx'");
+  EXPECT_EQ(shown(parser->read_pcdata(&p, {})), "'axx'");
   {
-    const test::global_locale scope(changed);
-    EXPECT_EQ(test::shown(parser->read_pcdata(&p, u"<")), "'<'") << "stops at once";
+    const global_locale scope(changed);
+    EXPECT_EQ(shown(parser->read_pcdata(&p, u"<")), "'<'") << "stops at once";
     parser->input->get();
-    EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'a'");
+    EXPECT_EQ(shown(parser->read_pcdata(&p, {})), "'a'");
   }
   parser->input->get();
-  EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'axx'");
+  EXPECT_EQ(shown(parser->read_pcdata(&p, {})), "'axx'");
 }
 
 TEST(ParserLocale, OfAParseHoldsForItsReaders) {
@@ -420,15 +406,15 @@ TEST(ParserLocale, OfAParseHoldsForItsReaders) {
    public:
     using xhtml_parser::xhtml_parser;
     xhtml_markup* read_comment(xhtml_markup* parent) override {
-      std::locale::global(test::locale_with(L'x', std::ctype_base::space));
+      std::locale::global(locale_with(L'x', std::ctype_base::space));
       return xhtml_parser::read_comment(parent);
     }
   };
-  const test::global_locale restored{std::locale()};
+  const global_locale restored{std::locale()};
   xhtml_element p(tag_id::p, {}, {});
   parser_on<changing_parser> parser(u"axx<!--bxx-->cxx</p>");
   delete parser->parse_children(&p);
-  EXPECT_EQ(outline_with_attributes(p), "'axx' #bxx# 'cxx'");
+  EXPECT_EQ(outline_of_children(p), "'axx' #bxx# 'cxx'");
 }
 
 // --- Calls from within ---
@@ -463,10 +449,10 @@ TEST(CallsFromWithin, StreamOfTheMessagesReadsNodesOfItsOwn) {
     parser.message_mask = 1;
     EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
     EXPECT_TRUE(is_intact(*doc.root()));
-    EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a text' 'c' 'd')");
+    EXPECT_EQ(outline_of_children(*doc.body()), "p('a text' 'c' 'd')");
   }
   EXPECT_EQ(buffer.with_parent, 0);
-  EXPECT_EQ(outline_with_attributes(buffer.keep), "b[class=\"x\"] i");
+  EXPECT_EQ(outline_of_children(buffer.keep), "b[class=\"x\"] i");
 }
 
 /// Goes on in another input at each instruction.
@@ -478,20 +464,18 @@ class including_parser : public xhtml_parser {
   xhtml_markup* read_processing_instruction() override {
     delete xhtml_parser::read_processing_instruction();
     input = &more;
-    return new Xport::xhtml_comment(u"from here on");
+    return new xhtml_comment(u"from here on");
   }
 };
 
 TEST(CallsFromWithin, InputThatAReaderExchangesStaysItsOwners) {
-  for (const bool swapped : {false, true}) {
-    ustring page = u"\uFEFF<b>a</b><?x?><i>b</i>";
-    if (swapped)
-      for (char16& unit : page) unit = static_cast<char16>(unit << 8 | unit >> 8);
+  const ustring text = u"\uFEFF<b>a</b><?x?><i>b</i>";
+  for (const ustring& page : {text, swapped(text)}) {
     std::basic_istringstream<char16> input(page);
     including_parser parser(&input);
     xhtml_element div(tag_id::div, {}, {});
     parse_page(parser, div);
-    EXPECT_EQ(outline_with_attributes(div), "b('a') #from here on# p('included')");
+    EXPECT_EQ(outline_of_children(div), "b('a') #from here on# p('included')");
     EXPECT_EQ(parser.input, &parser.more);
   }
 }
@@ -511,8 +495,8 @@ TEST(CallsFromWithin, TextThatIsRewrittenIsNoneOfTheParsers) {
   xhtml_element p(tag_id::p, {}, {});
   parser_on<looking_ahead_parser> parser(u"hello<b>c");
   parser->normalize_text = true;
-  EXPECT_EQ(test::shown(parser->read_pcdata(&p, {})), "'hello!'");
-  EXPECT_EQ(test::printable(parser->ahead), "<b>");
+  EXPECT_EQ(shown(parser->read_pcdata(&p, {})), "'hello!'");
+  EXPECT_EQ(printable(parser->ahead), "<b>");
 }
 
 // --- Where memory is refused ---
@@ -524,7 +508,7 @@ class busy_parser : public xhtml_parser {
 
   xhtml_markup* read_comment(xhtml_markup* parent) override {
     delete xhtml_parser::read_comment(parent);
-    return new Xport::xhtml_comment(u"mine");
+    return new xhtml_comment(u"mine");
   }
   xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
     owned_node node(xhtml_parser::read_pcdata(parent, prefix));
@@ -535,12 +519,12 @@ class busy_parser : public xhtml_parser {
   xhtml_markup* read_start_tag(xhtml_markup* parent) override {
     owned_node node(xhtml_parser::read_start_tag(parent));
     const xhtml_element* const element = node->as_element();
-    return element != nullptr ? new test::derived_element(*element) : node.release();
+    return element != nullptr ? new derived_element(*element) : node.release();
   }
   xhtml_markup* read_processing_instruction() override {
     owned_node node(xhtml_parser::read_processing_instruction());
     held_.swap(node);
-    return node != nullptr ? node.release() : new Xport::xhtml_comment(u"first");
+    return node != nullptr ? node.release() : new xhtml_comment(u"first");
   }
 
  private:
@@ -554,42 +538,34 @@ TEST(DerivedParserInRefusedMemory, LosesNothing) {
     const ustring text = page_text() + u"<?a?><?b?>";
     std::string whole;
     whole.reserve(10'000);  // not to be counted below
-    for (std::size_t number = 0;; ++number) {
-      const std::size_t before = test::live_allocations();
-      bool passed = false;
+    const auto fails = [&](std::size_t number) {
+      const std::size_t before = live_allocations();
+      bool failed = false;
       {
         xhtml_doc doc(1);
         xhtml_element heap(tag_id::doc_root, {}, {});
         xhtml_element& receiver = in_document ? *doc.root() : heap;
         xhtml_doc other(1);
         std::basic_istringstream<char16> input(text);
-        Xport::ustring_stream messages;
+        ustring_stream messages;
         busy_parser parser(&input, *append_element(*other.body(), tag_id::p));
         parser.messages = &messages;
         parser.message_mask = 15;
-        const std::size_t calls = test::allocation_calls();
-        test::fail_allocation(number);
-        try {
-          parse_page(parser, receiver);
-          test::fail_allocation(0);
-          passed = number != 0 && test::allocation_calls() - calls < number;
-        } catch (const std::bad_alloc&) {
-          test::fail_allocation(0);
-        }
-        EXPECT_TRUE(is_intact(receiver)) << "request " << number;
-        EXPECT_TRUE(is_intact(*other.root())) << "request " << number;
-        if (number == 0) whole = outline_with_attributes(receiver);
-        if (passed) {
-          EXPECT_EQ(outline_with_attributes(receiver), whole);
+        failed = try_without_memory(number, [&] { parse_page(parser, receiver); }).ran_out;
+        EXPECT_TRUE(is_intact(receiver));
+        EXPECT_TRUE(is_intact(*other.root()));
+        if (number == 0) whole = outline_of_children(receiver);
+        if (!failed) {
+          EXPECT_EQ(outline_of_children(receiver), whole);
         }
       }
-      EXPECT_EQ(test::live_allocations(), before) << "request " << number;
-      if (passed || HasFailure()) {
-        EXPECT_GT(number, 100u);
-        break;
-      }
-    }
+      EXPECT_EQ(live_allocations(), before);
+      return failed;
+    };
+    EXPECT_FALSE(fails(0));
+    EXPECT_GT(for_each_allocation(fails), 100u);
   }
 }
 
 }  // namespace
+}  // namespace test

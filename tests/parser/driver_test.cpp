@@ -1,5 +1,5 @@
-// One call of parse_children: what it reads, what it gives back, and what it makes of the
-// nodes that readers of a derived class give it.
+// One call of parse_children: what it reads, what it returns, and what it does with the
+// nodes that readers of a derived class return.
 
 #include <gtest/gtest.h>
 
@@ -12,31 +12,15 @@
 #include "xport/markup/leaf_nodes.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
-
-using test::is_intact;
-using test::message;
-using test::outline_with_attributes;
-using test::parse;
-using test::parse_case;
-using test::parse_result;
-using test::printable;
-using Xport::char16;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_end_tag;
-using Xport::xhtml_markup;
-using Xport::xhtml_parser;
 
 using owned_node = std::unique_ptr<xhtml_markup>;
 
 const std::vector<tag_id> body_path = {tag_id::html, tag_id::body};
 const std::vector<tag_id> p_path = {tag_id::html, tag_id::body, tag_id::p};
 
-parse_result parse_in(const std::vector<tag_id>& path, Xport::ustring_view text,
-                      std::uint32_t mask = 0) {
+parse_result parse_in(const std::vector<tag_id>& path, ustring_view text, std::uint32_t mask = 0) {
   parse_case how;
   how.path = path;
   how.message_mask = mask;
@@ -69,10 +53,10 @@ TEST(Driver, ElementsWithoutRulesReadNothing) {
 }
 
 TEST(Driver, LeavesReadNothing) {
-  EXPECT_EQ(left_by(Xport::xhtml_pcdata(u"t")), " x<p>");
-  EXPECT_EQ(left_by(Xport::xhtml_comment(u"t")), " x<p>");
-  EXPECT_EQ(left_by(Xport::xhtml_processing_instruction(u"t")), " x<p>");
-  EXPECT_EQ(left_by(Xport::xhtml_doctype_declaration()), " x<p>");
+  EXPECT_EQ(left_by(xhtml_pcdata(u"t")), " x<p>");
+  EXPECT_EQ(left_by(xhtml_comment(u"t")), " x<p>");
+  EXPECT_EQ(left_by(xhtml_processing_instruction(u"t")), " x<p>");
+  EXPECT_EQ(left_by(xhtml_doctype_declaration()), " x<p>");
   EXPECT_EQ(left_by(xhtml_markup()), " x<p>");
 }
 
@@ -140,14 +124,14 @@ TEST(Driver, LeftoverIsANodeOfItsOwn) {
   ASSERT_NE(left, nullptr);
   EXPECT_EQ(left->tag(), tag_id::div);
   EXPECT_EQ(left->parent(), nullptr);
-  EXPECT_EQ(left->get_attribute(Xport::attr_id::class_), u"a value of more than a few units");
+  EXPECT_EQ(left->get_attribute(attr_id::class_), u"a value of more than a few units");
 
   // The parent takes it and reads on, as the parser does for a child.
-  const Xport::markup_iterator at = doc.body()->adopt_child(left.get());
+  const markup_iterator at = doc.body()->adopt_child(left.get());
   ASSERT_TRUE(at != doc.body()->end());
   xhtml_markup* const div = left.release();
   EXPECT_EQ(parser.parse_children(div), nullptr);
-  EXPECT_EQ(outline_with_attributes(*doc.body()),
+  EXPECT_EQ(outline_of_children(*doc.body()),
             "p('a') div[class=\"a value of more than a few units\"]('b')");
   EXPECT_TRUE(is_intact(*doc.root()));
 }
@@ -164,7 +148,7 @@ TEST(Driver, LeftoverOutlivesItsTree) {
     end_tag.reset(parser.parse_children(&p));
   }
   ASSERT_NE(element, nullptr);
-  EXPECT_EQ(element->get_attribute(Xport::attr_id::title), u"long enough to need memory");
+  EXPECT_EQ(element->get_attribute(attr_id::title), u"long enough to need memory");
   ASSERT_NE(end_tag, nullptr);
   EXPECT_TRUE(end_tag->is_end_tag());
   EXPECT_EQ(end_tag->tag(), tag_id::body);
@@ -174,12 +158,12 @@ TEST(Driver, LeftoverOutlivesItsTree) {
 TEST(Driver, ElementOnTheHeapHasNoParentToAsk) {
   xhtml_element p(tag_id::p, {}, {});
   std::basic_istringstream<char16> input(u"a<div>b</div></body>c</p>d");
-  Xport::ustring_stream messages;
+  ustring_stream messages;
   xhtml_parser parser(&input);
   parser.messages = &messages;
   parser.message_mask = 3;
   EXPECT_EQ(parser.parse_children(&p), nullptr);
-  EXPECT_EQ(outline_with_attributes(p), "'a' 'b' 'c'");
+  EXPECT_EQ(outline_of_children(p), "'a' 'b' 'c'");
   EXPECT_EQ(
       printable(messages.str()),
       message(1, "Couldn't insert <div> into <p>.\nSkipping <div> tag.\n") +
@@ -206,7 +190,7 @@ TEST(Driver, CopyOfAnElementAsksTheParentOfTheOriginal) {
   const owned_node left(parser.parse_children(copy.get()));
   ASSERT_NE(left, nullptr);
   EXPECT_EQ(left->tag(), tag_id::div);
-  EXPECT_EQ(outline_with_attributes(*copy), "'a'");
+  EXPECT_EQ(outline_of_children(*copy), "'a'");
 }
 
 TEST(Driver, PreAsTheReceiver) {
@@ -233,8 +217,8 @@ TEST(Driver, OneParserFillsSeveralNodesInTurn) {
   EXPECT_EQ(parser.parse_children(doc.root()), nullptr);
   EXPECT_EQ(parser.parse_children(&heap), nullptr);
   EXPECT_EQ(parser.parse_children(doc.root()), nullptr);
-  EXPECT_EQ(outline_with_attributes(*doc.root()), "p('a') p('c')");
-  EXPECT_EQ(outline_with_attributes(heap), "p('b')");
+  EXPECT_EQ(outline_of_children(*doc.root()), "p('a') p('c')");
+  EXPECT_EQ(outline_of_children(heap), "p('b')");
   EXPECT_TRUE(is_intact(*doc.root()));
   EXPECT_TRUE(is_intact(heap));
 }
@@ -258,7 +242,7 @@ class odd_node : public xhtml_markup {
   int& deaths_;
 };
 
-/// Gives an odd node for each instruction.
+/// Returns an odd node for each instruction.
 class odd_parser : public xhtml_parser {
  public:
   odd_parser(input_type* stream, tag_id tag, std::uint32_t category, int& deaths)
@@ -287,35 +271,34 @@ odd_result parse_odd(const char16_t* text, tag_id tag, std::uint32_t category,
   xhtml_doc doc(1);
   xhtml_markup& receiver = *append_element(*doc.body(), receiver_tag);
   std::basic_istringstream<char16> input(text);
-  Xport::ustring_stream messages;
+  ustring_stream messages;
   odd_parser parser(&input, tag, category, result.deaths);
   parser.messages = &messages;
   parser.message_mask = 15;
   EXPECT_EQ(parser.parse_children(&receiver), nullptr);
   EXPECT_TRUE(is_intact(*doc.root()));
-  result.children = outline_with_attributes(receiver);
+  result.children = outline_of_children(receiver);
   result.messages = printable(messages.str());
   doc.root()->clear_children();
   return result;
 }
 
-TEST(DerivedParser, NodeOfTheCategoryOfTextIsTakenWhereTextIs) {
-  const odd_result result = parse_odd(u"a<?x?>b", tag_id::b, Xport::category_text);
+TEST(DerivedParser, NodeOfTheCategoryOfTextIsAcceptedWhereTextIs) {
+  const odd_result result = parse_odd(u"a<?x?>b", tag_id::b, category_text);
   EXPECT_EQ(result.children, "'a' odd 'b'");
   EXPECT_EQ(result.messages, "");
   EXPECT_EQ(result.deaths, 1) << "with the tree";
 }
 
 TEST(DerivedParser, NodeOfTextThatIsNoElementIsRefusedSilently) {
-  const odd_result result =
-      parse_odd(u"<?x?>", tag_id::invalid_tag, Xport::category_text, tag_id::table);
+  const odd_result result = parse_odd(u"<?x?>", tag_id::invalid_tag, category_text, tag_id::table);
   EXPECT_EQ(result.children, "");
   EXPECT_EQ(result.messages, "");
   EXPECT_EQ(result.deaths, 1);
 }
 
 TEST(DerivedParser, NodeOfTextThatSaysItIsAnElement) {
-  const odd_result result = parse_odd(u"<?x?>", tag_id::b, Xport::category_text, tag_id::table);
+  const odd_result result = parse_odd(u"<?x?>", tag_id::b, category_text, tag_id::table);
   EXPECT_EQ(result.children, "");
   EXPECT_EQ(result.messages,
             message(1, "Couldn't insert pc data into <table>.\nSkipping pc data tag.\n"));
@@ -323,7 +306,7 @@ TEST(DerivedParser, NodeOfTextThatSaysItIsAnElement) {
 }
 
 TEST(DerivedParser, NodeOfNoKindThatSaysItIsAnElement) {
-  const odd_result result = parse_odd(u"<p><?x?></p>", tag_id::b, Xport::category_inline);
+  const odd_result result = parse_odd(u"<p><?x?></p>", tag_id::b, category_inline);
   EXPECT_EQ(result.children, "p");
   EXPECT_EQ(result.messages,
             message(1, "p encountered.\n") +
@@ -346,9 +329,8 @@ class heap_parser : public xhtml_parser {
 
   xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override {
     owned_node read(xhtml_parser::read_pcdata(parent, prefix));
-    if (!texts_too || read == nullptr || read->type() != Xport::node_type::pcdata)
-      return read.release();
-    return new Xport::xhtml_pcdata(read->as_text()->text());
+    if (!texts_too || read == nullptr || read->type() != node_type::pcdata) return read.release();
+    return new xhtml_pcdata(read->as_text()->text());
   }
 };
 
@@ -360,7 +342,7 @@ TEST(DerivedParser, NodesOfTheHeapInADocument) {
     heap_parser parser(&input);
     parser.texts_too = texts_too;
     EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
-    EXPECT_EQ(outline_with_attributes(*doc.body()),
+    EXPECT_EQ(outline_of_children(*doc.body()),
               "p[class=\"mine\"]('a text that is longer than a few units' "
               "b[class=\"mine\"]('c' #d#)) p[class=\"mine\"]('e' ?f?)");
     EXPECT_TRUE(is_intact(*doc.root()));
@@ -374,7 +356,7 @@ TEST(DerivedParser, LeftoverOfTheHeapGoesUpIntoTheDocument) {
   std::basic_istringstream<char16> input(u"<p>a<p>b<div>c</b></div>d<p>e");
   heap_parser parser(&input);
   EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
-  EXPECT_EQ(outline_with_attributes(*doc.body()),
+  EXPECT_EQ(outline_of_children(*doc.body()),
             "p[class=\"mine\"]('a') p[class=\"mine\"]('b') div[class=\"mine\"]('c') "
             "p[class=\"mine\"]('e')");
   EXPECT_TRUE(is_intact(*doc.root()));
@@ -394,7 +376,7 @@ TEST(DerivedParser, DecidesWhatMatches) {
   std::basic_istringstream<char16> input(u"<p>a<b>c</x>d</y>e</z>f");
   lenient_parser parser(&input);
   EXPECT_EQ(parser.parse_children(&div), nullptr);
-  EXPECT_EQ(outline_with_attributes(div), "p('a' b('c') 'd') 'e'");
+  EXPECT_EQ(outline_of_children(div), "p('a' b('c') 'd') 'e'");
   EXPECT_EQ(input.rdbuf()->sgetc(), u'f');
 }
 
@@ -414,12 +396,12 @@ TEST(DerivedParser, NothingReadEndsOneElement) {
   std::basic_istringstream<char16> input(u"<p>a<b>|<i>|</p><em>|<p>c");
   short_parser parser(&input);
   EXPECT_EQ(parser.parse_children(&div), nullptr);
-  EXPECT_EQ(outline_with_attributes(div), "p('a' b i) em p('c')");
+  EXPECT_EQ(outline_of_children(div), "p('a' b i) em p('c')");
   std::basic_istringstream<char16> more(u"d<b>|</b>|e");
   xhtml_element p(tag_id::p, {}, {});
   short_parser next(&more);
   EXPECT_EQ(next.parse_children(&p), nullptr);
-  EXPECT_EQ(outline_with_attributes(p), "'d' b");
+  EXPECT_EQ(outline_of_children(p), "'d' b");
   EXPECT_EQ(more.rdbuf()->sgetc(), u'e');
 }
 
@@ -456,7 +438,7 @@ TEST(DerivedParser, ReadersCallEachOtherThroughTheTable) {
       u"<p>a<b>c</b></p>\n<p>d</p><!--e--><!-f<foo g></p></body>");
   counting_parser parser(&input);
   EXPECT_EQ(parser.parse_children(doc.body()), nullptr);
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a' b('c')) p('d') #e#");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p('a' b('c')) p('d') #e#");
   EXPECT_EQ(parser.start_tags, 4);  // with <foo g>
   EXPECT_EQ(parser.end_tags, 5);
   EXPECT_EQ(parser.comments, 2);
@@ -469,8 +451,7 @@ class nested_parser : public xhtml_parser {
   using xhtml_parser::xhtml_parser;
   xhtml_markup* read_comment(xhtml_markup* parent) override {
     delete xhtml_parser::read_comment(parent);
-    auto box =
-        std::make_unique<xhtml_element>(tag_id::span, Xport::ustring_view{}, Xport::ustring_view{});
+    auto box = std::make_unique<xhtml_element>(tag_id::span, ustring_view{}, ustring_view{});
     const owned_node left(parse_children(box.get()));
     return box.release();
   }
@@ -483,7 +464,7 @@ TEST(DerivedParser, FillsAnotherNodeInBetween) {
   nested_parser parser(&input);
   EXPECT_EQ(parser.parse_children(&p), nullptr);
   // What a reader gave is then filled from where it left off, as any other element.
-  EXPECT_EQ(outline_with_attributes(p), "b('a' span('in' i('side') 'c')) 'd'");
+  EXPECT_EQ(outline_of_children(p), "b('a' span('in' i('side') 'c')) 'd'");
   EXPECT_TRUE(is_intact(*doc.root()));
 }
 
@@ -510,10 +491,11 @@ TEST(DerivedParser, FillsAnotherDocumentInBetween) {
   std::basic_istringstream<char16> more(u"<p><?<i>b</doc root>d?></p>e");
   parser.input = &more;
   EXPECT_EQ(parser.parse_children(&heap), nullptr);
-  EXPECT_EQ(outline_with_attributes(*other->root()), "b('a') i('b')");
+  EXPECT_EQ(outline_of_children(*other->root()), "b('a') i('b')");
   other.reset();
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(?c?)");
-  EXPECT_EQ(outline_with_attributes(heap), "p(?d?) 'e'");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p(?c?)");
+  EXPECT_EQ(outline_of_children(heap), "p(?d?) 'e'");
 }
 
 }  // namespace
+}  // namespace test

@@ -1,4 +1,4 @@
-// End tags: what they name, and what becomes of those that are cut off.
+// End tags: what they name, and how those that are cut off are read.
 
 #include <gtest/gtest.h>
 
@@ -7,21 +7,10 @@
 
 #include "tests/parser/reader_kit.h"
 
+namespace test {
 namespace {
 
-using test::in_div;
-using test::message;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using test::parse_result;
-using test::parser_on;
-using test::shown;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_markup;
-
-/// What reading of the end tag behind "<" gives, and last_tag.
+/// What read_end_tag returns for an end tag after its "<", and last_tag.
 std::string read(const ustring& text, tag_id& last_tag) {
   parser_on<> parser(text);
   const std::string node = shown(parser->read_end_tag());
@@ -34,7 +23,7 @@ std::string read(const ustring& text, tag_id& last_tag) {
 tag_id tag_named_by(const ustring& text) {
   tag_id last_tag{};
   const ustring token = u"<" + text;
-  EXPECT_EQ(read(text, last_tag), test::printable(token) + "|");
+  EXPECT_EQ(read(text, last_tag), printable(token) + "|");
   return last_tag;
 }
 
@@ -78,7 +67,7 @@ TEST(EndTag, QuotesDontHideItsEnd) {
 }
 
 // The table has a name with a blank, and rows without rules.
-TEST(EndTag, NamesThatNoStartTagGives) {
+TEST(EndTag, NamesThatNoStartTagHas) {
   EXPECT_EQ(tag_named_by(u"/doc root>"), tag_id::doc_root);
   EXPECT_EQ(tag_named_by(u"/font>"), tag_id::font);
   EXPECT_EQ(tag_named_by(u"/invalid tag>"), tag_id::invalid_tag);
@@ -116,7 +105,7 @@ TEST(EndTag, CutOffIsDroppedInSilence) {
 
 TEST(EndTag, LongOnes) {
   const ustring name(1'000'000, u'p');
-  const std::string tag = "</" + test::printable(name) + ">";
+  const std::string tag = "</" + printable(name) + ">";
   EXPECT_EQ(in_div(u"a</" + name + u">b"), "'a' 'b'");
   EXPECT_EQ(messages_of(u"</" + name + u">", 3),
             message(1, "Expecting end tag </div>.  Encountered " + tag + "\nSkipping " + tag +
@@ -130,7 +119,7 @@ TEST(EndTag, NodeOfItsOwnKind) {
   EXPECT_TRUE(node->is_end_tag());
   EXPECT_EQ(node->node_kind(), 0);
   EXPECT_EQ(node->tag(), tag_id::div);
-  EXPECT_EQ(test::printable(node->tag_name()), "</DIV>");
+  EXPECT_EQ(printable(node->tag_name()), "</DIV>");
   EXPECT_EQ(node->parent(), nullptr);
 }
 
@@ -143,3 +132,4 @@ TEST(EndTag, OneThatTheReceiverMatchesEndsTheReading) {
 }
 
 }  // namespace
+}  // namespace test

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <new>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -14,20 +13,12 @@
 #include "tests/support/allocation_failure.h"
 #include "tests/support/fake_input.h"
 #include "tests/support/tree_check.h"
+#include "tests/support/unit_bytes.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
-
-using test::is_intact;
-using test::outline_with_attributes;
-using Xport::char16;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_parser;
 
 /// A page with a construct of every kind, short and long, and recoveries of every kind.
 ustring page_text() {
@@ -39,12 +30,6 @@ ustring page_text() {
          u"<!-- " + longer + u" --></ul><foo " + longer + u"><bar><center>f</center><b><i>g</b>" +
          u"<pre>h\n" + longer + u"</pre><table><tr><td>i<tr><td>j</table>k</td></tr></table>" +
          u"<?php " + longer + u"?><br/></" + longer + u"></body></html><li></html><";
-}
-
-ustring swapped(const ustring& text) {
-  ustring result;
-  for (const unsigned unit : text) result += static_cast<char16>(unit << 8 | unit >> 8);
-  return result;
 }
 
 /// Whether `node` is null or in the document.
@@ -71,54 +56,45 @@ void expect_whole(xhtml_doc& doc) {
 }
 
 /// Runs `read` with its first, second, third ... request for memory refused until none is.
-/// `read` gets the number of the request, lets it fail by way of fail_allocation(), and says
-/// what came of it. A refusal that a stream has taken as a state of its own is one, too.
-/// Each run must give back all it took. Gives the number of refusals.
+/// `read` gets the number of the request and returns whether it was never made. A refusal that a
+/// stream has taken as a state of its own counts, too. Each run must free all it allocated.
+/// Returns the number of refusals.
 template <class Read>
 std::size_t refuse_each(Read read) {
   read(0);  // what is made once for the whole program
-  for (std::size_t number = 1;; ++number) {
-    const std::size_t before = test::live_allocations();
+  return for_each_allocation([&](std::size_t number) {
+    const std::size_t before = live_allocations();
     const bool passed = read(number);
-    EXPECT_EQ(test::live_allocations(), before) << "request " << number;
-    if (passed || testing::Test::HasFailure()) return number - 1;
-  }
+    EXPECT_EQ(live_allocations(), before);
+    return !passed;
+  });
 }
 
-/// Calls `work` with request `number` refused. Whether the request was never made.
+/// Calls `work` with request `number` refused. Returns whether the request was never made.
 template <class Work>
 bool passes(std::size_t number, Work work) {
-  const std::size_t calls = test::allocation_calls();
-  test::fail_allocation(number);
-  try {
-    work();
-    test::fail_allocation(0);
-    return number == 0 || test::allocation_calls() - calls < number;
-  } catch (const std::bad_alloc&) {
-    test::fail_allocation(0);
-    return false;
-  }
+  return !try_without_memory(number, work).ran_out;
 }
 
 TEST(InterruptedReading, OfAFile) {
   for (const bool big_endian : {false, true}) {
     const ustring text = big_endian ? swapped(page_text()) : page_text();
-    const std::string bytes = test::file_bytes(text);
+    const std::string bytes = file_bytes(text);
     std::string outline;
     const std::size_t refusals = refuse_each([&](std::size_t number) {
-      test::input_record record;
+      input_record record;
       record.bytes = bytes;
       record.reads.reserve(100);
       xhtml_doc doc(1);
-      auto file = std::make_unique<test::fake_input>(record);
+      auto file = std::make_unique<fake_input>(record);
       bool done = false;
       const bool passed = passes(number, [&] { done = read_document(doc, std::move(file)); });
       expect_whole(doc);
       EXPECT_EQ(record.deaths, 1);
-      if (number == 0) outline = outline_with_attributes(*doc.root());
+      if (number == 0) outline = outline_of_children(*doc.root());
       if (passed) {
         EXPECT_TRUE(done);
-        EXPECT_EQ(outline_with_attributes(*doc.root()), outline);
+        EXPECT_EQ(outline_of_children(*doc.root()), outline);
         EXPECT_NE(doc.body(), nullptr);
         EXPECT_NE(doc.stray(), nullptr);
       }
@@ -133,7 +109,7 @@ bool parse_with_options(std::size_t number, const ustring& text, xhtml_element& 
                         bool owns_input) {
   auto given = std::make_unique<std::basic_istringstream<char16>>(text);
   std::basic_istream<char16>* const input = owns_input ? given.release() : given.get();
-  Xport::ustring_stream messages;
+  ustring_stream messages;
   xhtml_parser parser(input);
   parser.owns_input = owns_input;
   parser.messages = &messages;
@@ -174,7 +150,7 @@ TEST(InterruptedReading, IntoAnElementOnTheHeap) {
 }
 
 /// A leftover of a receiver in a document: an element or an end tag moved to the heap.
-TEST(InterruptedReading, ThatGivesALeftover) {
+TEST(InterruptedReading, ThatReturnsALeftover) {
   const ustring element = u"<div title='" + ustring(700, u'v') + u"' class='short'>";
   const ustring end_tag = u"</body>";
   for (const ustring& left : {element, end_tag}) {
@@ -196,22 +172,23 @@ TEST(InterruptedReading, ThatGivesALeftover) {
 TEST(InterruptedReading, LosesNoLeftoverOfAPage) {
   xhtml_element body(tag_id::body, {}, {});
   auto& p = *append_element(body, tag_id::p)->as_element();
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   for (const ustring& left : {u"<div title='" + ustring(700, u'v') + u"'>", ustring(u"</body>")})
     EXPECT_TRUE(parse_with_options(0, left, p, false));
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(InterruptedReading, ReleasesASwappedPage) {
   const ustring text = swapped(u"\uFEFF<p>" + ustring(5000, u'a'));
   xhtml_element div(tag_id::div, {}, {});
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   for (const bool owns_input : {false, true}) {
     EXPECT_TRUE(parse_with_options(0, text, div, owns_input));
     EXPECT_FALSE(div.begin() == div.end());
     div.clear_children();
-    EXPECT_EQ(test::live_allocations(), before);
+    EXPECT_EQ(live_allocations(), before);
   }
 }
 
 }  // namespace
+}  // namespace test

@@ -1,4 +1,4 @@
-// What the readers store in last_tag, and the newlines of text behind a stray tag of `pre`.
+// What the readers store in last_tag, and the newlines of text after a stray tag of `pre`.
 
 #include <gtest/gtest.h>
 
@@ -7,18 +7,10 @@
 
 #include "tests/parser/reader_kit.h"
 
+namespace test {
 namespace {
 
-using test::in_div;
-using test::parse;
-using test::parse_case;
-using test::parser_on;
-using Xport::tag_id;
-using Xport::ustring_view;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-
-/// last_tag behind a call of `read` on `text`, if it was `br` before.
+/// last_tag after a call of `read` on `text`, if it was `br` before.
 template <class Read>
 tag_id behind(ustring_view text, Read read) {
   parser_on<> parser(text);
@@ -85,14 +77,14 @@ TEST(LastTag, CommentAndDeclarationLeaveIt) {
   EXPECT_EQ(behind(u"", [](auto& parser) { return parser.read_next(nullptr); }), tag_id::br);
 }
 
-TEST(LastTag, BehindAnEndTagOfPreTextKeepsItsNewlines) {
+TEST(LastTag, AfterAnEndTagOfPreTextKeepsItsNewlines) {
   EXPECT_EQ(in_div(u"a</pre>x\n  y"), "'a' 'x\ny'");
   EXPECT_EQ(in_div(u"</PRE>\nx \n\n y \n"), "'x \ny '");
   EXPECT_EQ(in_div(u"</pre >x\ny"), "'x y'");
   EXPECT_EQ(in_div(u"</pre"), "");
 }
 
-TEST(LastTag, BehindAnElementPreThatIsDroppedTextKeepsItsNewlines) {
+TEST(LastTag, AfterAnElementPreThatIsDroppedTextKeepsItsNewlines) {
   parse_case how;
   how.path = {tag_id::html, tag_id::body, tag_id::p, tag_id::b};
   EXPECT_EQ(parse(u"<pre>x\ny", how).children, "'x\ny'");
@@ -110,15 +102,16 @@ TEST(LastTag, KeepingEndsWithTheText) {
   EXPECT_EQ(in_div(u"</pre>\n<!--a-->x\ny"), "#a# 'x y'");
 }
 
-TEST(LastTag, KeepingGoesOnBehindCommentsAndDeclarations) {
+TEST(LastTag, KeepingContinuesAfterCommentsAndDeclarations) {
   EXPECT_EQ(in_div(u"</pre><!--a-->x\ny"), "#a# 'x\ny'");
   EXPECT_EQ(in_div(u"</pre><!a>x\ny"), "'x\ny'");
   EXPECT_EQ(in_div(u"</pre><!-x\ny"), "'<-x\ny'");
 }
 
-TEST(LastTag, BehindAPreThatWasReadTextIsFolded) {
+TEST(LastTag, AfterAPreThatWasReadTextIsFolded) {
   EXPECT_EQ(in_div(u"<pre>a\nb</pre>x\ny"), "pre('a\nb') 'x y'");
   EXPECT_EQ(in_div(u"<pre>a\nb</pre></pre>x\ny"), "pre('a\nb') 'x\ny'");
 }
 
 }  // namespace
+}  // namespace test

@@ -7,17 +7,10 @@
 
 #include "tests/parser/parse_kit.h"
 
+namespace test {
 namespace {
 
-using test::message;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-
-/// The line behind `text`, in a `div`. A tag of an unknown name behind it must be reported
+/// The line after `text`, in a `div`. A tag of an unknown name after it must be reported
 /// there.
 std::uint32_t line_behind(ustring_view text) {
   const std::uint32_t line = parse(text).line;
@@ -59,7 +52,7 @@ TEST(LineCount, StartTagCountsEachNewline) {
   EXPECT_EQ(line_behind(u"<b \n\n d\n>"), 4u);
 }
 
-TEST(LineCount, MessageAboutATagHasTheLineBehindIt) {
+TEST(LineCount, MessageAboutATagHasTheLineAfterIt) {
   EXPECT_EQ(messages_of(u"\n\n<foo>\n", 1), message(3, "Invalid Tag"));
   EXPECT_EQ(messages_of(u"<p/>\n", 1), message(1, "Invalid />"));
   EXPECT_EQ(messages_of(u"<b\n\n>", 4), message(3, "b encountered.\n"));
@@ -68,7 +61,7 @@ TEST(LineCount, MessageAboutATagHasTheLineBehindIt) {
 }
 
 // It is counted on its own, and again by what reads it.
-TEST(LineCount, NewlineBehindLessThanCountsTwice) {
+TEST(LineCount, NewlineAfterLessThanCountsTwice) {
   EXPECT_EQ(line_behind(u"a <\n b "), 3u);
   EXPECT_EQ(line_behind(u"<\n\n"), 4u);
   EXPECT_EQ(line_behind(u"< \n"), 2u);
@@ -79,7 +72,7 @@ TEST(LineCount, NewlineBehindLessThanCountsTwice) {
   EXPECT_EQ(parse(u"<\nb", how).children, "'<\n\nb'");
 }
 
-TEST(LineCount, NewlineBehindAnUnknownNameCountsOnce) {
+TEST(LineCount, NewlineAfterAnUnknownNameCountsOnce) {
   EXPECT_EQ(line_behind(u"<xyz\n"), 2u);
   EXPECT_EQ(line_behind(u"<xyz\na\n>"), 3u);
   EXPECT_EQ(line_behind(u"<xyz a\n>"), 2u);
@@ -128,3 +121,4 @@ TEST(LineCount, AllTogether) {
 }
 
 }  // namespace
+}  // namespace test

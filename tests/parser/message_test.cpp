@@ -12,16 +12,8 @@
 #include "xport/parser/xhtml_parser.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::char16;
-using Xport::level_end_tag;
-using Xport::level_structure;
-using Xport::level_trace_elements;
-using Xport::level_trace_end_tags;
-using Xport::ustring;
-using Xport::xhtml_parser;
 
 /// Notes what has been written at each flush.
 class flush_log : public std::basic_streambuf<char16> {
@@ -55,12 +47,12 @@ class Message : public ::testing::Test {
  protected:
   Message() { parser.messages = &messages; }
 
-  ustring written(Xport::ustring_view text, std::uint32_t level) {
+  ustring written(ustring_view text, std::uint32_t level) {
     parser.report_message(text, level);
     return messages.str();
   }
 
-  Xport::ustring_stream messages;
+  ustring_stream messages;
   xhtml_parser parser{nullptr};
 };
 
@@ -103,7 +95,7 @@ TEST_F(Message, LineZero) {
 TEST_F(Message, NeedsABitInCommon) {
   for (std::uint32_t mask = 0; mask != 16; ++mask) {
     for (std::uint32_t level = 0; level != 16; ++level) {
-      Xport::ustring_stream stream;
+      ustring_stream stream;
       parser.messages = &stream;
       parser.message_mask = mask;
       parser.report_message(u"x", level);
@@ -129,13 +121,13 @@ TEST_F(Message, WithoutAStreamThereIsNone) {
 TEST_F(Message, ChangesNothingInTheParser) {
   parser.message_mask = 15;
   parser.line = 7;
-  parser.last_tag = Xport::tag_id::p;
+  parser.last_tag = tag_id::p;
   written(u"a\nb\n", 1);
   EXPECT_EQ(parser.line, 7u);
-  EXPECT_EQ(parser.last_tag, Xport::tag_id::p);
+  EXPECT_EQ(parser.last_tag, tag_id::p);
 }
 
-TEST_F(Message, FlushesBehindEachOne) {
+TEST_F(Message, FlushesAfterEachOne) {
   flush_log log;
   std::basic_ostream<char16> stream(&log);
   parser.messages = &stream;
@@ -149,9 +141,9 @@ TEST_F(Message, FlushesBehindEachOne) {
   EXPECT_TRUE(same_units(log.at_flush[1], u"line #1:\na\nline #3:\nb\n\n"));
 }
 
-TEST_F(Message, FlushesBehindEachOneOfAPage) {
+TEST_F(Message, FlushesAfterEachOneOfAPage) {
   std::basic_istringstream<char16> input(u"<p>a<p>b</foo>");
-  Xport::xhtml_element body(Xport::tag_id::body, {}, {});
+  xhtml_element body(tag_id::body, {}, {});
   flush_log log;
   std::basic_ostream<char16> stream(&log);
   xhtml_parser reader(&input);
@@ -178,3 +170,4 @@ TEST_F(Message, StreamThatFailedIsLeftAlone) {
 }
 
 }  // namespace
+}  // namespace test

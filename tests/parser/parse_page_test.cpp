@@ -1,4 +1,4 @@
-// The steps of reading a page behind a parser, in their order.
+// The steps of reading a page with a parser, in their order.
 
 #include <gtest/gtest.h>
 
@@ -11,45 +11,27 @@
 #include <string>
 
 #include "tests/parser/parse_kit.h"
-#include "tests/support/dribble_buffer.h"
 #include "tests/support/golden.h"
 #include "tests/support/tree_check.h"
+#include "tests/support/unit_buffers.h"
+#include "tests/support/unit_bytes.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
 
-using test::is_intact;
-using test::message;
-using test::outline_with_attributes;
-using test::printable;
-using Xport::char16;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
-using Xport::xhtml_parser;
-
 using text_input = std::basic_istringstream<char16>;
-
-/// The units of a text with their bytes swapped.
-ustring swapped(ustring_view text) {
-  ustring result;
-  for (const unsigned unit : text) result += static_cast<char16>(unit << 8 | unit >> 8);
-  return result;
-}
 
 /// A receiver with something in it, and a parser for it.
 class ParsePage : public ::testing::Test {
  protected:
   ParsePage() {
-    div.set_attribute(Xport::attr_id::id, u"kept");
+    div.set_attribute(attr_id::id, u"kept");
     div << u"old";
   }
 
-  /// Reads `text` and gives the receiver's children.
+  /// Reads `text` and returns the receiver's children.
   std::string page(const ustring& text) {
     text_input input(text);
     xhtml_parser parser(&input);
@@ -63,17 +45,17 @@ class ParsePage : public ::testing::Test {
 
   std::string children() const {
     EXPECT_TRUE(is_intact(div));
-    return outline_with_attributes(div);
+    return outline_of_children(div);
   }
 
   xhtml_element div{tag_id::div, {}, {}};
-  Xport::ustring_stream messages;
+  ustring_stream messages;
   std::uint32_t line = 0;
 };
 
 TEST_F(ParsePage, ReplacesTheContentOfTheReceiver) {
   EXPECT_EQ(page(u"<p>a</p>"), "p('a')");
-  EXPECT_EQ(div.get_attribute(Xport::attr_id::id), u"kept");
+  EXPECT_EQ(div.get_attribute(attr_id::id), u"kept");
 }
 
 TEST_F(ParsePage, EmptyInputEmptiesTheReceiver) {
@@ -88,7 +70,7 @@ TEST_F(ParsePage, FailedStreamKeepsTheContent) {
     xhtml_parser parser(&input);
     parse_page(parser, div);
     EXPECT_EQ(children(), "'old'");
-    // The table is loaded before the look at the stream, and indexed behind it.
+    // The table is loaded before the stream is checked, and indexed after it.
     EXPECT_EQ(parser.references.size(), 38u);
     EXPECT_TRUE(parser.by_code.empty());
     EXPECT_TRUE(parser.by_name.empty());
@@ -122,19 +104,8 @@ TEST_F(ParsePage, BeginsAtTheStartOfTheInput) {
   EXPECT_EQ(children(), "p('a')");
 }
 
-/// A stream buffer that can't go back.
-class pipe_buffer : public std::basic_streambuf<char16> {
- public:
-  explicit pipe_buffer(ustring text) : text_(std::move(text)) {
-    setg(text_.data(), text_.data(), text_.data() + text_.size());
-  }
-
- private:
-  ustring text_;
-};
-
 TEST_F(ParsePage, InputThatCannotGoBackFails) {
-  pipe_buffer buffer(u"<p>a</p>");
+  dribble_buffer buffer(u"<p>a</p>", 100, false);
   std::basic_istream<char16> input(&buffer);
   xhtml_parser parser(&input);
   parse_page(parser, div);
@@ -155,7 +126,7 @@ TEST_F(ParsePage, ReferencesOfTheOwnerComeFirst) {
   text_input input(u"a > b < c");
   xhtml_parser parser(&input);
   parser.normalize_text = true;
-  parser.references.insert({Xport::reference_form::form_numeric, u'>', u"gt", 62});
+  parser.references.insert({reference_form::form_numeric, u'>', u"gt", 62});
   parse_page(parser, div);
   // "< " is no tag, and its white space stands twice.
   EXPECT_EQ(children(), "'a &#62; b ' '&lt;  c'");
@@ -187,9 +158,9 @@ TEST_F(ParsePage, BigEndianMarkOf32BitsSwapsNothing) {
   EXPECT_EQ(page(ustring(1, u'\0') + u"\uFFFE<p>a</p>"), "p('a')");
 }
 
-TEST_F(ParsePage, ZeroInFrontIsLost) { EXPECT_EQ(page(ustring(1, u'\0') + u"<p>a</p>"), "p('a')"); }
+TEST_F(ParsePage, LeadingZeroIsLost) { EXPECT_EQ(page(ustring(1, u'\0') + u"<p>a</p>"), "p('a')"); }
 
-TEST_F(ParsePage, MarkOfUtf8IsTakenAndNothingDecoded) {
+TEST_F(ParsePage, MarkOfUtf8IsSkippedAndNothingDecoded) {
   EXPECT_EQ(page(u"\uBBEF<p>a</p>"), "p('a')");
   EXPECT_EQ(page(u"\uEFBB<p>a</p>"), "p('a')");
 }
@@ -214,19 +185,19 @@ TEST_F(ParsePage, EitherByteOrderReadsAlike) {
             "p[class=\"x\"]('a \\u00E4 \\uD83D\\uDE00') p('b' #\\u6F22# "
             "'p{color:red}')");
   EXPECT_EQ(page(u"\uFFFE" + swapped(text)), little);
-  EXPECT_TRUE(test::same_units(messages.str(), little_messages + little_messages));
+  EXPECT_TRUE(same_units(messages.str(), little_messages + little_messages));
   EXPECT_EQ(line, little_line);
 }
 
-TEST_F(ParsePage, WhiteSpaceInFrontIsLostAndNotCounted) {
+TEST_F(ParsePage, LeadingWhiteSpaceIsLostAndNotCounted) {
   EXPECT_EQ(page(u"\n \n\uFEFF<li>a"), "'a'");
   EXPECT_EQ(printable(messages.str()),
             message(1, "Couldn't insert <li> into <div>.\nSkipping <li> tag.\n"));
   EXPECT_EQ(page(u"  a"), "'a'");
 }
 
-TEST_F(ParsePage, WhiteSpaceBehindTheMark) {
-  // The second unit of the mark is looked for behind white space.
+TEST_F(ParsePage, WhiteSpaceAfterTheMark) {
+  // White space before the second unit of the mark is skipped.
   EXPECT_EQ(page(u"\uFEFF\n a"), "'a'");
   EXPECT_EQ(line, 1u);
   EXPECT_EQ(page(u"\uFFFE" + swapped(u"\n a")), "'a'");
@@ -243,7 +214,7 @@ TEST_F(ParsePage, HighestUnitEndsTheInput) {
 
 TEST_F(ParsePage, InputOfFewUnitsAtATime) {
   for (const std::size_t at_once : {std::size_t{1}, std::size_t{2}, std::size_t{7}}) {
-    test::dribble_buffer buffer(u"\uFFFE" + swapped(u"<p>a\n b<p>c"), at_once);
+    dribble_buffer buffer(u"\uFFFE" + swapped(u"<p>a\n b<p>c"), at_once);
     std::basic_istream<char16> input(&buffer);
     xhtml_parser parser(&input);
     parse_page(parser, div);
@@ -257,11 +228,11 @@ TEST_F(ParsePage, LeftoverIsDropped) {
   text_input input(u"a<div>b</div>");
   xhtml_parser parser(&input);
   parse_page(parser, p);
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('a')");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p('a')");
   text_input other(u"c</body>d");
   parser.input = &other;
   parse_page(parser, p);
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p('c')");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p('c')");
 }
 
 TEST_F(ParsePage, TwicePerParser) {
@@ -272,7 +243,7 @@ TEST_F(ParsePage, TwicePerParser) {
   EXPECT_EQ(children(), "p('a')");
 }
 
-// --- What becomes of streams ---
+// --- Who releases the streams ---
 
 class mortal_input : public text_input {
  public:
@@ -325,32 +296,13 @@ TEST_F(ParsePage, ForeignInputOfTheOtherByteOrderStays) {
 
 // --- What passes through ---
 
-struct broken : std::runtime_error {
-  broken() : std::runtime_error("broken") {}
-};
-
-/// Raises behind its text. Can go back to the start.
-class breaking_buffer : public std::basic_streambuf<char16> {
+/// A stream buffer that can go back to the start and throws at the end.
+class breaking_buffer : public raising_buffer {
  public:
-  explicit breaking_buffer(ustring text) : text_(std::move(text)) { rewind(); }
-
- protected:
-  int_type underflow() override {
-    if (gptr() == egptr()) throw broken();
-    return traits_type::to_int_type(*gptr());
-  }
-  pos_type seekoff(off_type, std::ios_base::seekdir, std::ios_base::openmode) override {
-    rewind();
-    return pos_type(0);
-  }
-
- private:
-  void rewind() { setg(text_.data(), text_.data(), text_.data() + text_.size()); }
-
-  ustring text_;
+  explicit breaking_buffer(ustring_view text) : raising_buffer(text, text.size(), true) {}
 };
 
-TEST_F(ParsePage, InputThatRaises) {
+TEST_F(ParsePage, InputThatThrows) {
   const std::pair<const char16_t*, const char*> cases[] = {
       {u"<p>a</p>", "p('a')"},
       {u"<p>a</p", "p('a')"},
@@ -373,14 +325,14 @@ TEST_F(ParsePage, InputThatRaises) {
     breaking_buffer buffer(text);
     std::basic_istream<char16> input(&buffer);
     xhtml_parser parser(&input);
-    EXPECT_THROW(parse_page(parser, *doc.root()), broken) << printable(text);
+    EXPECT_THROW(parse_page(parser, *doc.root()), input_broke) << printable(text);
     EXPECT_TRUE(is_intact(*doc.root()));
-    EXPECT_EQ(outline_with_attributes(*doc.root()), left) << printable(text);
+    EXPECT_EQ(outline_of_children(*doc.root()), left) << printable(text);
   }
 }
 
-TEST_F(ParsePage, InputThatRaisesAtTheMark) {
-  // As with every read of a stream, what goes wrong then is a state of the stream.
+TEST_F(ParsePage, InputThatThrowsAtTheMark) {
+  // As with every read of a stream, a failure then becomes a state of the stream.
   breaking_buffer buffer(u"");
   std::basic_istream<char16> input(&buffer);
   xhtml_parser parser(&input);
@@ -389,14 +341,14 @@ TEST_F(ParsePage, InputThatRaisesAtTheMark) {
   EXPECT_TRUE(input.bad());
 }
 
-TEST_F(ParsePage, InputOfTheOtherByteOrderThatRaises) {
+TEST_F(ParsePage, InputOfTheOtherByteOrderThatThrows) {
   for (const bool owned : {false, true}) {
     breaking_buffer buffer(u"\uFFFE" + swapped(u"<p>a</p>"));
     auto input = std::make_unique<std::basic_istream<char16>>(&buffer);
     std::basic_istream<char16>* const given = owned ? input.release() : input.get();
     xhtml_parser parser(given);
     parser.owns_input = owned;
-    EXPECT_THROW(parse_page(parser, div), broken);
+    EXPECT_THROW(parse_page(parser, div), input_broke);
     EXPECT_EQ(parser.input, given);
     EXPECT_EQ(children(), "");
   }
@@ -417,7 +369,7 @@ class refusing_buffer : public std::basic_streambuf<char16> {
   int left_;
 };
 
-TEST_F(ParsePage, MessageStreamThatRaises) {
+TEST_F(ParsePage, MessageStreamThatThrows) {
   const ustring text =
       u"\uFFFE" + swapped(u"<p>a<p>b<i><li>c</foo><pre>d</pre></i><bar>e</p></body><");
   bool raised = true;
@@ -457,3 +409,4 @@ TEST_F(ParsePage, MessageStreamThatFailsSilentlyChangesNothing) {
 }
 
 }  // namespace
+}  // namespace test

@@ -10,24 +10,15 @@
 #include <streambuf>
 #include <type_traits>
 
-#include "tests/support/dribble_buffer.h"
 #include "tests/support/text.h"
+#include "tests/support/unit_buffers.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
-
-using test::printable;
-using Xport::char16;
-using Xport::node_type;
-using Xport::tag_id;
-using Xport::ustring_view;
-using Xport::xhtml_element;
-using Xport::xhtml_end_tag;
-using Xport::xhtml_markup;
-using Xport::xhtml_parser;
 
 using text_input = std::basic_istringstream<char16>;
 using owned_node = std::unique_ptr<xhtml_markup>;
@@ -35,7 +26,7 @@ using owned_node = std::unique_ptr<xhtml_markup>;
 /// An input that tells when it is destroyed.
 class mortal_input : public text_input {
  public:
-  mortal_input(const Xport::ustring& text, int& deaths) : text_input(text), deaths_(deaths) {}
+  mortal_input(const ustring& text, int& deaths) : text_input(text), deaths_(deaths) {}
   ~mortal_input() override { ++deaths_; }
 
  private:
@@ -96,7 +87,7 @@ TEST(ParserInput, InputAtTheTimeOfTheEndIsTheOneThatGoes) {
 }
 
 TEST(ParserInput, MessagesOutliveTheParser) {
-  Xport::ustring_stream messages;
+  ustring_stream messages;
   {
     xhtml_parser parser(nullptr);
     parser.owns_input = true;
@@ -123,7 +114,7 @@ TEST(ParserInput, StreamWithoutABuffer) {
   EXPECT_EQ(parser.parse_children(&div), nullptr);
 }
 
-TEST(ReadNext, StreamInAnyStateButGoodGivesNothing) {
+TEST(ReadNext, StreamInAnyStateButGoodReadsNothing) {
   for (const auto state : {std::ios_base::eofbit, std::ios_base::failbit, std::ios_base::badbit}) {
     text_input input(u"<p>");
     input.setstate(state);
@@ -170,7 +161,7 @@ TEST(ReadNext, EndOfTheInput) {
 
 TEST(ReadNext, MarkupAndTextByTurns) {
   for (const std::size_t at_once : {std::size_t{1}, std::size_t{2}, std::size_t{100}}) {
-    test::dribble_buffer buffer(u"a<b>c<!--d--><?e?></f>", at_once);
+    dribble_buffer buffer(u"a<b>c<!--d--><?e?></f>", at_once);
     std::basic_istream<char16> input(&buffer);
     xhtml_parser parser(&input);
     xhtml_element p(tag_id::p, {}, {});
@@ -207,14 +198,14 @@ struct markup {
   }
 
   text_input input;
-  Xport::ustring_stream messages;
+  ustring_stream messages;
   xhtml_element div{tag_id::div, {}, {}};
   xhtml_parser parser;
   owned_node node;
-  Xport::ustring rest;
+  ustring rest;
 };
 
-TEST(ReadMarkup, EndBehindTheSign) {
+TEST(ReadMarkup, EndAfterTheSign) {
   const markup read(u"<");
   ASSERT_NE(read.node, nullptr);
   EXPECT_EQ(read.node->node_kind(), 0);
@@ -231,7 +222,7 @@ TEST(ReadMarkup, Comment) {
   EXPECT_EQ(read.rest, u"x");
 }
 
-TEST(ReadMarkup, CommentThatEndsBehindItsFirstDash) {
+TEST(ReadMarkup, CommentThatEndsAfterItsFirstDash) {
   const markup read(u"<!-");
   EXPECT_EQ(read.node, nullptr);
   EXPECT_EQ(printable(read.messages.str()), "line #1:\nInvalid end of document.\n");
@@ -286,7 +277,7 @@ TEST(ReadMarkup, StartTag) {
   EXPECT_EQ(read.messages.str(), u"");
 }
 
-TEST(ReadMarkup, NewlineBehindTheSignCountsForItselfAndForTheTag) {
+TEST(ReadMarkup, NewlineAfterTheSignCountsForItselfAndForTheTag) {
   const markup read(u"<\n>");
   EXPECT_EQ(read.parser.line, 3u);
   ASSERT_NE(read.node, nullptr);
@@ -307,7 +298,7 @@ TEST(MatchingEndTag, IsAnEndTag) {
   xhtml_parser parser(nullptr);
   const xhtml_element p(tag_id::p, {}, {});
   EXPECT_FALSE(parser.is_matching_end_tag(&p, &p));
-  EXPECT_FALSE(parser.is_matching_end_tag(&p, std::make_unique<Xport::xhtml_pcdata>(u"").get()));
+  EXPECT_FALSE(parser.is_matching_end_tag(&p, std::make_unique<xhtml_pcdata>(u"").get()));
 }
 
 TEST(MatchingEndTag, OfTheRoot) {
@@ -332,22 +323,21 @@ TEST(ParserTree, OutlivesTheParser) {
     xhtml_parser parser(input.get());
     EXPECT_EQ(parser.parse_children(&div), nullptr);
   }
-  EXPECT_EQ(test::written(div),
-            u"<div>\n  <p>\n    a text of more than a few units\n  </p>\n</div>\n");
+  EXPECT_EQ(written(div), u"<div>\n  <p>\n    a text of more than a few units\n  </p>\n</div>\n");
 }
 
 TEST(ParserTree, NodesThatReadersGiveLaterAreNotOfIt) {
   text_input input(u"<b>x</doc root><i title='a value of more than a few units'>y");
   xhtml_parser parser(&input);
   {
-    Xport::xhtml_doc doc(0);
+    xhtml_doc doc(0);
     EXPECT_EQ(parser.parse_children(doc.root()), nullptr);
   }
   xhtml_element p(tag_id::p, {}, {});
   const owned_node element(parser.read_next(&p));
   const owned_node text(parser.read_next(&p));
   ASSERT_NE(element, nullptr);
-  EXPECT_EQ(element->get_attribute(Xport::attr_id::title), u"a value of more than a few units");
+  EXPECT_EQ(element->get_attribute(attr_id::title), u"a value of more than a few units");
   ASSERT_NE(text, nullptr);
   EXPECT_EQ(text->parent(), nullptr);
 }
@@ -365,3 +355,4 @@ TEST(ParserLine, NothingResetsIt) {
 }
 
 }  // namespace
+}  // namespace test

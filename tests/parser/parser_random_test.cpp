@@ -7,18 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/parser/parser_reference.h"
+#include "tests/parser/plain_parser.h"
 
+namespace test {
 namespace {
-
-using test::parse;
-using test::parse_case;
-using test::parse_plainly;
-using test::parse_result;
-using test::printable;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
 
 parse_case case_in(std::vector<tag_id> path) {
   parse_case how;
@@ -110,8 +102,7 @@ TEST(ParserAgainstPlainOne, EverySingleChangeOfATrickyPage) {
   }
 }
 
-/// What random texts are made of. No brace: an unclosed one makes a stylesheet that is never
-/// done with.
+/// What random texts are made of. No brace: reading a stylesheet with an unclosed one never ends.
 constexpr ustring_view signs(u"<>/!-?='\" \n\t\rab&\u00E9\u2003\xD83D\0", 20);
 const char16_t* const words[] = {u"--",
                                  u"   ",
@@ -197,3 +188,4 @@ TEST(ParserAgainstPlainOne, RandomTexts) {
 }
 
 }  // namespace
+}  // namespace test

@@ -6,18 +6,8 @@
 
 #include "tests/parser/reader_kit.h"
 
+namespace test {
 namespace {
-
-using test::in_div;
-using test::message;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using test::parse_result;
-using test::parser_on;
-using test::shown;
-using Xport::tag_id;
-using Xport::ustring;
 
 TEST(Preformatted, EndTagIsFoundInAnyCase) {
   EXPECT_EQ(in_div(u"<pre>a</PRE>b"), "pre('a') 'b'");
@@ -140,3 +130,4 @@ TEST(Preformatted, ReadAlone) {
 }
 
 }  // namespace
+}  // namespace test

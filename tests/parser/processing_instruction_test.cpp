@@ -9,20 +9,8 @@
 #include "tests/support/golden.h"
 #include "xport/markup/leaf_nodes.h"
 
+namespace test {
 namespace {
-
-using test::in_body;
-using test::in_div;
-using test::in_root;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using test::parser_on;
-using test::same_units;
-using test::shown;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
 
 TEST(ProcessingInstruction, BodyIsNotLookedAt) {
   EXPECT_EQ(in_root(u"<?xml version=\"1.0\"?><html></html>"), "?xml version=\"1.0\"? html");
@@ -40,7 +28,7 @@ TEST(ProcessingInstruction, StandsInAnyElement) {
   EXPECT_EQ(in_body(u"<?a?><ul><?b?><li>c<?d?></li></ul>"), "?a? ul(?b? li('c' ?d?))");
 }
 
-// The unit behind a question mark is taken, whatever it is.
+// Any unit after a question mark is consumed with it.
 TEST(ProcessingInstruction, TwoQuestionMarksDontEndIt) {
   EXPECT_EQ(in_div(u"<?a?\?>b?>c"), "?a?\?>b? 'c'");
   EXPECT_EQ(in_div(u"<?a??\?>b"), "?a??? 'b'");  // two, then the end
@@ -62,14 +50,14 @@ TEST(ProcessingInstruction, CutOffEndsWithTheInput) {
 }
 
 // The question mark that was looked at last counts once more.
-TEST(ProcessingInstruction, CutOffBehindAQuestionMark) {
+TEST(ProcessingInstruction, CutOffAfterAQuestionMark) {
   EXPECT_EQ(in_div(u"<?a?"), "?a???");
   EXPECT_EQ(in_div(u"<?a???"), "?a?????");
   EXPECT_EQ(in_div(u"<?a?\uFFFF>"), "?a???");
 }
 
 // As the node's constructor takes tokens.
-TEST(ProcessingInstruction, DelimitersInsideAreTakenForThoseOfAToken) {
+TEST(ProcessingInstruction, DelimitersInsideAreReadAsThoseOfAToken) {
   EXPECT_EQ(in_div(u"<?<?a?>"), "?a?");
   EXPECT_EQ(in_div(u"<?abc?\?>?>"), "?abc??");
   EXPECT_EQ(in_div(u"<?a?\?>?>"), "?a?\?>?");  // too short to lose its end
@@ -90,12 +78,12 @@ TEST(ProcessingInstruction, IsNotRewritten) {
 TEST(ProcessingInstruction, MillionQuestionMarks) {
   const auto text_of_marks = [](std::size_t count, ustring_view tail) {
     parser_on<> parser(ustring(count, u'?').append(tail));
-    const std::unique_ptr<Xport::xhtml_markup> node(parser->read_processing_instruction());
+    const std::unique_ptr<xhtml_markup> node(parser->read_processing_instruction());
     EXPECT_EQ(node->node_kind(), 4);
     return ustring(node->as_text()->text());
   };
   EXPECT_TRUE(same_units(text_of_marks(1'000'001, u">"), ustring(1'000'000, u'?')));
-  // It goes on behind an even number; the node then drops "?>" from its end.
+  // It continues after an even number; the node then drops "?>" from its end.
   EXPECT_TRUE(same_units(text_of_marks(1'000'000, u">"), ustring(999'999, u'?')));
   EXPECT_TRUE(same_units(text_of_marks(1'000'000, u""), ustring(1'000'000, u'?')));
   EXPECT_TRUE(same_units(text_of_marks(1'000'001, u""), ustring(1'000'002, u'?')));
@@ -111,3 +99,4 @@ TEST(ProcessingInstruction, ReadAlone) {
 }
 
 }  // namespace
+}  // namespace test

@@ -13,27 +13,13 @@
 #include "xport/parser/read_document.h"
 #include "xport/stream/file_input_stream.h"
 
+namespace test {
 namespace {
-
-using test::fake_input;
-using test::file_bytes;
-using test::input_record;
-using test::is_intact;
-using test::outline_with_attributes;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_doc;
-using Xport::xhtml_markup;
 
 const ustring page_text =
     u"<!DOCTYPE html>\n<html>\n  <head>\n    <title>\n      T\n    </title>\n  </head>\n"
     u"  <body>\n    <p>\n      a \u6F22\n    </p>\n  </body>\n</html>\n";
 const std::string page_outline = "!! html(head(title('T')) body(p('a \\u6F22')))";
-
-std::string big_endian(std::string bytes) {
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) std::swap(bytes[i], bytes[i + 1]);
-  return bytes;
-}
 
 /// What read_document makes of a file.
 class ReadDocument : public ::testing::Test {
@@ -45,7 +31,7 @@ class ReadDocument : public ::testing::Test {
     EXPECT_EQ(record.deaths, 1);
     record.deaths = 0;
     record.reads.clear();
-    return outline_with_attributes(*doc.root());
+    return outline_of_children(*doc.root());
   }
 
   input_record record;
@@ -55,7 +41,7 @@ class ReadDocument : public ::testing::Test {
 TEST_F(ReadDocument, FileThatCannotBeOpened) {
   const xhtml_markup* const html = doc.html();
   EXPECT_FALSE(read_document(doc, nullptr));
-  EXPECT_EQ(outline_with_attributes(*doc.root()),
+  EXPECT_EQ(outline_of_children(*doc.root()),
             "!! html[xmlns=\"http://www.w3.org/1999/xhtml\"](head(title) body)");
   EXPECT_EQ(doc.html(), html);
 }
@@ -73,11 +59,11 @@ TEST_F(ReadDocument, ReplacesThePageAndKnowsTheNewOne) {
 TEST_F(ReadDocument, AFileOfEachByteOrderReadsAlike) {
   EXPECT_EQ(read(file_bytes(page_text)), page_outline);
   EXPECT_EQ(read(file_bytes(u"\uFEFF" + page_text)), page_outline);
-  EXPECT_EQ(read(big_endian(file_bytes(u"\uFEFF" + page_text))), page_outline);
+  EXPECT_EQ(read(swapped_bytes(file_bytes(u"\uFEFF" + page_text))), page_outline);
 }
 
 TEST_F(ReadDocument, BigEndianWithoutAMarkIsTextOfOtherUnits) {
-  EXPECT_EQ(read(big_endian(file_bytes(u"<p>"))), "'\\u3C00\\u7000\\u3E00'");
+  EXPECT_EQ(read(swapped_bytes(file_bytes(u"<p>"))), "'\\u3C00\\u7000\\u3E00'");
 }
 
 TEST_F(ReadDocument, SingleByteTextIsReadInPairs) {
@@ -121,9 +107,9 @@ TEST_F(ReadDocument, ZeroUnitsAreTextLikeAnyOther) {
 }
 
 TEST_F(ReadDocument, PageOfManyBlocks) {
-  const std::size_t block = Xport::file_input_buffer::block_units;
+  const std::size_t block = file_input_buffer::block_units;
   for (const std::size_t more : {std::size_t{0}, std::size_t{1}, std::size_t{2}, std::size_t{3}}) {
-    // The text ends in front of, at and behind the end of the block.
+    // The text ends before, at and after the end of the block.
     const std::size_t length = block - 5 + more;
     const ustring text = u"<p>" + ustring(length, u'a') + u"</p><p>b</p>";
     EXPECT_EQ(read(file_bytes(text)), "p('" + std::string(length, 'a') + "') p('b')");
@@ -131,7 +117,7 @@ TEST_F(ReadDocument, PageOfManyBlocks) {
 }
 
 TEST_F(ReadDocument, ReadErrorEndsThePageThere) {
-  const std::size_t block = Xport::file_input_buffer::block_units;
+  const std::size_t block = file_input_buffer::block_units;
   const ustring text = u"<html><body><p>" + ustring(block, u'a') + u"</p><p>b</p></body></html>";
   record.failing_read = 2;
   EXPECT_EQ(read(file_bytes(text)), "html(body(p('" + std::string(block - 15, 'a') + "')))");
@@ -146,12 +132,12 @@ TEST_F(ReadDocument, ReadErrorAtTheStart) {
   EXPECT_EQ(doc.html(), nullptr);
 }
 
-TEST_F(ReadDocument, IsSilentAndTakesReferencesAsTheyAre) {
+TEST_F(ReadDocument, IsSilentAndKeepsReferencesAsTheyAre) {
   EXPECT_EQ(read(file_bytes(u"<p>a & b &gt; &#62; \u00A9<li>\n\nc")),
             "p('a & b &gt; &#62; \\u00A9' 'c')");
 }
 
-TEST_F(ReadDocument, TakesALineBreakInTextForABlank) {
+TEST_F(ReadDocument, ReadsALineBreakInTextAsABlank) {
   EXPECT_EQ(read(file_bytes(u"<p>a\n  b")), "p('a b')");
 }
 
@@ -163,8 +149,8 @@ struct broken : std::runtime_error {
   broken() : std::runtime_error("broken") {}
 };
 
-/// Gives its bytes once, as often as it takes to fill the first block, and then raises.
-class breaking_file : public Xport::byte_input {
+/// Returns its bytes once, in as many reads as fill the first block, and then throws.
+class breaking_file : public byte_input {
  public:
   explicit breaking_file(std::string bytes) : bytes_(std::move(bytes)) {}
 
@@ -184,17 +170,17 @@ class breaking_file : public Xport::byte_input {
   std::size_t at_ = 0;
 };
 
-TEST_F(ReadDocument, FileThatRaisesLeavesNothingThatDangles) {
+TEST_F(ReadDocument, FileThatThrowsLeavesNothingThatDangles) {
   for (const bool big : {false, true}) {
-    const std::size_t units = Xport::file_input_buffer::block_units;
+    const std::size_t units = file_input_buffer::block_units;
     ustring text = u"\uFEFF<html><!--s--><head><title>t</title></head><body><p>";
     text += ustring(units - text.size(), u'a');
     std::string bytes = file_bytes(text);
-    if (big) bytes = big_endian(bytes);
+    if (big) bytes = swapped_bytes(bytes);
     EXPECT_THROW(read_document(doc, std::make_unique<breaking_file>(bytes)), broken);
     EXPECT_TRUE(is_intact(*doc.root()));
     if (big) {  // nothing was parsed yet
-      EXPECT_EQ(outline_with_attributes(*doc.root()), "");
+      EXPECT_EQ(outline_of_children(*doc.root()), "");
       EXPECT_EQ(doc.html(), nullptr);
       EXPECT_EQ(doc.head(), nullptr);
       EXPECT_EQ(doc.stray(), nullptr);
@@ -202,7 +188,7 @@ TEST_F(ReadDocument, FileThatRaisesLeavesNothingThatDangles) {
       EXPECT_EQ(doc.body(), nullptr);
       continue;
     }
-    EXPECT_EQ(outline_with_attributes(*doc.root()), "html(#s# head(title('t')) body(p))");
+    EXPECT_EQ(outline_of_children(*doc.root()), "html(#s# head(title('t')) body(p))");
     EXPECT_EQ(doc.html(), &*doc.root()->begin());
     EXPECT_EQ(doc.stray(), &*doc.html()->begin());
     EXPECT_EQ(doc.head(), &*++doc.html()->begin());
@@ -220,7 +206,7 @@ TEST_F(ReindexedPage, TwoCommentsInHtml) {
             "html(#a# head #b# body)");
   EXPECT_EQ(doc.stray(), &*++ ++doc.html()->begin());
   doc.reindex();
-  EXPECT_EQ(outline_with_attributes(*doc.root()), "html(#a# head #b# body)");
+  EXPECT_EQ(outline_of_children(*doc.root()), "html(#a# head #b# body)");
 }
 
 TEST_F(ReindexedPage, TwoHeadsTitlesAndBodies) {
@@ -236,7 +222,7 @@ TEST_F(ReindexedPage, TwoHeadsTitlesAndBodies) {
   for (int i = 0; i < 2; ++i) {
     doc.reindex();
     EXPECT_TRUE(is_intact(*doc.root()));
-    EXPECT_EQ(outline_with_attributes(*doc.root()), outline);
+    EXPECT_EQ(outline_of_children(*doc.root()), outline);
   }
 }
 
@@ -258,7 +244,7 @@ TEST_F(ReindexedPage, PageWithoutHtml) {
   EXPECT_EQ(doc.stray(), nullptr);
 }
 
-TEST_F(ReindexedPage, HtmlInAnotherElementIsKnownIfTheRootTakesIt) {
+TEST_F(ReindexedPage, HtmlInAnotherElementIsKnownIfTheRootAcceptsIt) {
   EXPECT_EQ(read(file_bytes(u"<div><html><body><p>a")), "div html(body(p('a')))");
   EXPECT_EQ(doc.html(), &*--doc.root()->end());
   EXPECT_EQ(read(file_bytes(u"<div><div><html><body><p>a")), "div(div(p('a')))");
@@ -267,3 +253,4 @@ TEST_F(ReindexedPage, HtmlInAnotherElementIsKnownIfTheRootTakesIt) {
 }
 
 }  // namespace
+}  // namespace test

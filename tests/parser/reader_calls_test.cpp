@@ -11,22 +11,8 @@
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 
+namespace test {
 namespace {
-
-using test::node_with_attributes;
-using test::outline_with_attributes;
-using test::parser_on;
-using test::printable;
-using test::shown;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_comment;
-using Xport::xhtml_element;
-using Xport::xhtml_end_tag;
-using Xport::xhtml_markup;
-using Xport::xhtml_parser;
-using Xport::xhtml_pcdata;
 
 /// Notes which readers are called, and leaves the work to the base class.
 class noting_parser : public xhtml_parser {
@@ -110,16 +96,16 @@ TEST(ReaderCalls, EachReaderIsCalledThroughTheVirtualTable) {
 }
 
 TEST(ReaderCalls, ThoseOfAParse) {
-  Xport::xhtml_doc doc(0);
+  xhtml_doc doc(0);
   parser_on<noting_parser> parser(u"<p>a<!--b--></p>c");
   EXPECT_EQ(shown(parser->parse_children(doc.root())), "null");
-  EXPECT_EQ(outline_with_attributes(*doc.root()), "p('a' #b#) 'c'");
+  EXPECT_EQ(outline_of_children(*doc.root()), "p('a' #b#) 'c'");
   EXPECT_EQ(parser->calls,
             "next markup start_tag next pcdata[] next markup comment next markup end_tag matching "
             "next pcdata[] next");
 }
 
-/// Gives nodes of its own in the place of those read.
+/// Returns nodes of its own instead of those read.
 class replacing_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -152,20 +138,20 @@ class replacing_parser : public xhtml_parser {
 };
 
 TEST(ReplacedReaders, NodesOfADerivedClassGoIntoTheTree) {
-  Xport::xhtml_doc doc(0);
+  xhtml_doc doc(0);
   xhtml_markup& div = *append_element(*doc.root(), tag_id::div);
   parser_on<replacing_parser> parser(u"a<!--b--><p>c</q><?x?>d<foo x>e<!-f");
   parser->message_mask = 3;
   EXPECT_EQ(shown(parser->parse_children(&div)), "null");
-  EXPECT_EQ(outline_with_attributes(div),
+  EXPECT_EQ(outline_of_children(div),
             "'T in div' 'C in div' hr[id=\"S\"] 'T in div' #E# 'T in div' hr[id=\"S\"] 'C in div'");
-  EXPECT_TRUE(test::is_intact(*doc.root()));
-  EXPECT_EQ(parser.messages(), test::message(1,
-                                             "Expecting end tag </div>.  Encountered </foo>\n"
-                                             "Skipping </foo> tag.\n"));
+  EXPECT_TRUE(is_intact(*doc.root()));
+  EXPECT_EQ(parser.messages(), message(1,
+                                       "Expecting end tag </div>.  Encountered </foo>\n"
+                                       "Skipping </foo> tag.\n"));
 }
 
-/// Stops in front of every comment.
+/// Stops before every comment.
 class stopping_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -176,8 +162,8 @@ TEST(ReplacedReaders, NullEndsTheElementThatIsOpen) {
   xhtml_element div(tag_id::div, {}, {});
   parser_on<stopping_parser> parser(u"a<p>b<!--c");
   delete parser->parse_children(&div);
-  // The parents read on behind "<!".
-  EXPECT_EQ(outline_with_attributes(div), "'a' p('b') '--c'");
+  // The parents read on after "<!".
+  EXPECT_EQ(outline_of_children(div), "'a' p('b') '--c'");
 }
 
 /// Takes any end tag for the one that is due.
@@ -193,7 +179,7 @@ TEST(ReplacedReaders, MatchingIsAskedOfADerivedClass) {
   xhtml_element div(tag_id::div, {}, {});
   parser_on<lenient_parser> parser(u"<p><b>a</x>b</y>c</z>d");
   EXPECT_EQ(shown(parser->parse_children(&div)), "null");
-  EXPECT_EQ(outline_with_attributes(div), "p(b('a') 'b') 'c'");
+  EXPECT_EQ(outline_of_children(div), "p(b('a') 'b') 'c'");
   EXPECT_EQ(parser.rest(), "d");
 }
 
@@ -217,3 +203,4 @@ TEST(IsMatchingEndTag, ComparesKindAndTag) {
 }
 
 }  // namespace
+}  // namespace test

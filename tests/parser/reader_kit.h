@@ -14,11 +14,11 @@ namespace test {
 
 /// A parser with its input and its messages, of all levels, whose readers are called one by
 /// one, outside parse_children.
-template <class Parser = Xport::xhtml_parser>
+template <class Parser = xhtml_parser>
 class parser_on {
  public:
-  explicit parser_on(Xport::ustring_view text)
-      : buffer_(Xport::ustring(text)), input_(&buffer_), parser_(&input_) {
+  explicit parser_on(ustring_view text)
+      : buffer_(ustring(text)), input_(&buffer_), parser_(&input_) {
     parser_.messages = &messages_;
     parser_.message_mask = 15;
   }
@@ -30,26 +30,26 @@ class parser_on {
 
   /// What is left of the input; takes it.
   std::string rest() {
-    Xport::ustring units;
-    Xport::unit_input input(&buffer_);
+    ustring units;
+    unit_input input(&buffer_);
     for (; !input.at_end(); input.advance()) units += input.peek();
     return printable(units);
   }
 
  private:
-  std::basic_stringbuf<Xport::char16> buffer_;
-  std::basic_istream<Xport::char16> input_;
-  Xport::ustring_stream messages_;
+  std::basic_stringbuf<char16> buffer_;
+  std::basic_istream<char16> input_;
+  ustring_stream messages_;
   Parser parser_;
 };
 
-/// What a reader gave, which goes: a node as node_with_attributes shows it, an end tag as its
+/// Deletes what a reader returned and shows it: a node as outline_of_one does, an end tag as its
 /// text, "null", or "none" for a node of no kind.
-inline std::string shown(Xport::xhtml_markup* node) {
-  const std::unique_ptr<Xport::xhtml_markup> owned(node);
+inline std::string shown(xhtml_markup* node) {
+  const std::unique_ptr<xhtml_markup> owned(node);
   if (node == nullptr) return "null";
   if (node->is_end_tag()) return printable(node->tag_name());
-  return node->node_kind() == 0 ? "none" : node_with_attributes(*node);
+  return node->node_kind() == 0 ? "none" : outline_of_one(*node);
 }
 
 }  // namespace test

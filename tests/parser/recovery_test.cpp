@@ -10,13 +10,8 @@
 
 #include "tests/parser/parse_kit.h"
 
+namespace test {
 namespace {
-
-using test::message;
-using test::parse;
-using test::parse_case;
-using test::parse_result;
-using Xport::tag_id;
 
 constexpr std::uint32_t structure = 1;
 constexpr std::uint32_t end_tags = 2;
@@ -224,9 +219,9 @@ INSTANTIATE_TEST_SUITE_P(Levels, Recovery, ::testing::ValuesIn(recoveries),
                          [](const auto& tested) { return tested.param.name; });
 
 TEST(RecoveryLine, EachElementAndEndTagOfAPageUnderItsLine) {
-  EXPECT_EQ(test::messages_of(u"<html>\n<head>\n<title>T</title></head>\n<body>\n<p>a<br/>\nb</p>\n"
-                              u"</body>\n</html>\n",
-                              12, {}),
+  EXPECT_EQ(messages_of(u"<html>\n<head>\n<title>T</title></head>\n<body>\n<p>a<br/>\nb</p>\n"
+                        u"</body>\n</html>\n",
+                        12, {}),
             message(1, "html encountered.\n") + message(2, "head encountered.\n") +
                 message(3, "title encountered.\n") + message(3, "</title> encountered.\n") +
                 message(3, "</head> encountered.\n") + message(4, "body encountered.\n") +
@@ -235,35 +230,36 @@ TEST(RecoveryLine, EachElementAndEndTagOfAPageUnderItsLine) {
                 message(8, "</html> encountered.\n"));
 }
 
-// The line is the one behind the construct that is reported.
-TEST(RecoveryLine, BehindTheStartTag) {
-  EXPECT_EQ(test::messages_of(u"a\n\n<li\nclass='x'\n>", 1),
+// The line is that after the construct that is reported.
+TEST(RecoveryLine, AfterTheStartTag) {
+  EXPECT_EQ(messages_of(u"a\n\n<li\nclass='x'\n>", 1),
             message(5, "Couldn't insert <li> into <div>.\nSkipping <li> tag.\n"));
 }
 
-TEST(RecoveryLine, NewlineBehindTheSignCountsTwice) {
-  EXPECT_EQ(test::messages_of(u"<\n></foo>", 2),
+TEST(RecoveryLine, NewlineAfterTheSignCountsTwice) {
+  EXPECT_EQ(messages_of(u"<\n></foo>", 2),
             message(3, "Expecting end tag </div>.  Encountered </foo>\nSkipping </foo> tag.\n"));
 }
 
 TEST(RecoveryLine, NewlinesInEndTagsDoNotCount) {
   EXPECT_EQ(
-      test::messages_of(u"</p\n></p\n>", 2),
+      messages_of(u"</p\n></p\n>", 2),
       message(1, "Expecting end tag </div>.  Encountered </p\n>\nSkipping </p\n> tag.\n") +
           message(1, "Expecting end tag </div>.  Encountered </p\n>\nSkipping </p\n> tag.\n"));
 }
 
 TEST(RecoveryLine, NewlinesInPreformattedTextDoNotCount) {
-  EXPECT_EQ(test::messages_of(u"\n<pre>\n\n</pre>\n<li>", 9),
+  EXPECT_EQ(messages_of(u"\n<pre>\n\n</pre>\n<li>", 9),
             message(2, "<pre> encountered.\n") +
                 message(3, "Couldn't insert <li> into <div>.\nSkipping <li> tag.\n"));
 }
 
 TEST(RecoveryLine, EndTagFromTheLevelAboveIsReportedInOneLine) {
-  EXPECT_EQ(test::messages_of(u"\n<b>\n<i>\nx</b>\n", 10),
+  EXPECT_EQ(messages_of(u"\n<b>\n<i>\nx</b>\n", 10),
             message(4, "</b> encountered.\n") +
                 message(4, "Expecting end tag </i>.  Encountered </b>\nEnding <7> element.\n") +
                 message(4, "</b> encountered.\n"));
 }
 
 }  // namespace
+}  // namespace test

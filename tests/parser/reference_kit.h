@@ -1,9 +1,10 @@
-#ifndef TESTS_PARSER_REFERENCE_KIT_H
-#define TESTS_PARSER_REFERENCE_KIT_H
+#ifndef TESTS_PLAIN_PARSER_KIT_H
+#define TESTS_PLAIN_PARSER_KIT_H
 
 #include <cstdint>
 #include <utility>
 
+#include "tests/support/names.h"
 #include "xport/parser/character_reference.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/text/char16.h"
@@ -11,15 +12,15 @@
 namespace test {
 
 /// A parser with the stock table.
-class stock_parser : public Xport::xhtml_parser {
+class stock_parser : public xhtml_parser {
  public:
-  stock_parser() : Xport::xhtml_parser(nullptr) {
+  stock_parser() : xhtml_parser(nullptr) {
     load_default_references(references);
     rebuild_reference_indexes(*this);
   }
 
   /// Changes the form of the entry with that code, which must be there.
-  void prefer(int code, Xport::reference_form form) {
+  void prefer(int code, reference_form form) {
     auto entry = references.extract(references.find(static_cast<std::int16_t>(code)));
     entry.value().form = form;
     references.insert(std::move(entry));
@@ -27,16 +28,15 @@ class stock_parser : public Xport::xhtml_parser {
   }
 
   /// Adds an entry, unless one has that code.
-  void add(Xport::reference_form form, Xport::char16 character, Xport::ustring_view name,
-           std::int16_t code) {
-    references.insert({form, character, Xport::ustring(name), code});
+  void add(reference_form form, char16 character, ustring_view name, std::int16_t code) {
+    references.insert({form, character, ustring(name), code});
     rebuild_reference_indexes(*this);
   }
 };
 
 /// What the parser makes of `text`.
-inline Xport::ustring normalized(Xport::xhtml_parser& parser, Xport::ustring_view text) {
-  Xport::ustring rewritten(text);
+inline ustring normalized_by(xhtml_parser& parser, ustring_view text) {
+  ustring rewritten(text);
   parser.normalize_references(rewritten);
   return rewritten;
 }

@@ -12,17 +12,8 @@
 #include "tests/support/golden.h"
 #include "tests/support/text.h"
 
+namespace test {
 namespace {
-
-using test::normalized;
-using test::same_units;
-using test::stock_parser;
-using Xport::char16;
-using Xport::character_reference;
-using Xport::reference_form;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_parser;
 
 /// The same rules step by step on the text itself.
 void normalize_in_place(const xhtml_parser& parser, ustring& text) {
@@ -109,9 +100,9 @@ TEST(NormalizeReferencesRandom, TheStockTableDoesWhatTheStepsSay) {
     const ustring text = random_text(random);
     ustring expected = text;
     normalize_in_place(parser, expected);
-    const ustring actual = normalized(parser, text);
-    ASSERT_TRUE(same_units(actual, expected)) << test::printable(text);
-    ASSERT_TRUE(same_units(normalized(parser, actual), actual)) << test::printable(text);
+    const ustring actual = normalized_by(parser, text);
+    ASSERT_TRUE(same_units(actual, expected)) << printable(text);
+    ASSERT_TRUE(same_units(normalized_by(parser, actual), actual)) << printable(text);
   }
 }
 
@@ -131,7 +122,7 @@ TEST(NormalizeReferencesRandom, AnyTableDoesWhatTheStepsSay) {
       const ustring text = random_text(random);
       ustring expected = text;
       normalize_in_place(parser, expected);
-      ASSERT_TRUE(same_units(normalized(parser, text), expected)) << test::printable(text);
+      ASSERT_TRUE(same_units(normalized_by(parser, text), expected)) << printable(text);
     }
   }
 }
@@ -144,14 +135,14 @@ TEST(NormalizeReferencesRandom, TextsOfAnyUnitsStayWhenTheyAreRewrittenAgain) {
     for (std::size_t left = random() % 40; left != 0; --left)
       text +=
           random() % 3 == 0 ? static_cast<char16>(random()) : u"&#;0123456789amp"[random() % 16];
-    const ustring once = normalized(parser, text);
-    ASSERT_TRUE(same_units(normalized(parser, once), once)) << test::printable(text);
+    const ustring once = normalized_by(parser, text);
+    ASSERT_TRUE(same_units(normalized_by(parser, once), once)) << printable(text);
   }
 }
 
 // Cost.
 
-TEST(NormalizeReferencesCost, ATextOfQuotesTakesLinearTime) {
+TEST(NormalizeReferencesCost, ATextOfQuotesCostsLinearTime) {
   stock_parser parser;
   constexpr std::size_t count = 10'000'000;
   ustring text(count, u'"');
@@ -166,18 +157,19 @@ TEST(NormalizeReferencesCost, LongNamesAndNumbersTakeLinearTime) {
   constexpr std::size_t count = 1'000'000;
   const ustring letters(count, u'a');
   const ustring digits(count, u'1');
-  EXPECT_TRUE(same_units(normalized(parser, u"&" + letters), u"&amp;" + letters));
-  EXPECT_TRUE(same_units(normalized(parser, u"&" + letters + u";"), u"&" + letters + u";"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#" + digits), u"&#" + digits));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#" + digits + u";"), u"&#" + digits + u";"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#" + digits + u"<"), u"&lt;#" + digits + u"&lt;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&" + letters), u"&amp;" + letters));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&" + letters + u";"), u"&" + letters + u";"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#" + digits), u"&#" + digits));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#" + digits + u";"), u"&#" + digits + u";"));
+  EXPECT_TRUE(
+      same_units(normalized_by(parser, u"&#" + digits + u"<"), u"&lt;#" + digits + u"&lt;"));
   ustring expected;
   for (std::size_t i = 0; i < count; ++i) expected += u"&amp;#";
   expected.pop_back();
   ustring text;
   for (std::size_t i = 0; i < count; ++i) text += u"&#";
   text.pop_back();
-  EXPECT_TRUE(same_units(normalized(parser, text), expected));
+  EXPECT_TRUE(same_units(normalized_by(parser, text), expected));
 }
 
 TEST(NormalizeReferencesCost, ATextThatStaysIsNotCopied) {
@@ -185,9 +177,9 @@ TEST(NormalizeReferencesCost, ATextThatStaysIsNotCopied) {
   ustring text(1'000'000, u'x');
   text += u"&copy;&#65;&#12 ";
   const char16* const units = text.data();
-  const std::size_t before = test::allocation_calls();
+  const std::size_t before = allocation_calls();
   parser.normalize_references(text);
-  EXPECT_EQ(test::allocation_calls(), before);
+  EXPECT_EQ(allocation_calls(), before);
   EXPECT_EQ(text.data(), units);
 }
 
@@ -195,11 +187,12 @@ TEST(NormalizeReferencesCost, ATextStaysAsItWasWhenMemoryRunsOut) {
   stock_parser parser;
   const ustring before = u"a text that is long enough for memory of its own & \"more\"";
   ustring text = before;
-  const std::size_t failures = test::fail_each_allocation(
-      [&] { parser.normalize_references(text); }, [&] { ASSERT_TRUE(same_units(text, before)); });
+  const std::size_t failures = fail_each_allocation([&] { parser.normalize_references(text); },
+                                                    [&] { ASSERT_TRUE(same_units(text, before)); });
   EXPECT_GE(failures, 1u);
   EXPECT_TRUE(
       same_units(text, u"a text that is long enough for memory of its own &amp; &quot;more&quot;"));
 }
 
 }  // namespace
+}  // namespace test

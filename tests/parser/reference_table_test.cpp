@@ -7,20 +7,8 @@
 #include "xport/parser/character_reference.h"
 #include "xport/parser/xhtml_parser.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::append_spelling;
-using Xport::apply_reference;
-using Xport::char16;
-using Xport::character_reference;
-using Xport::load_default_references;
-using Xport::rebuild_reference_indexes;
-using Xport::reference_form;
-using Xport::references_by_code;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_parser;
 
 struct stock_row {
   ustring_view name;
@@ -125,7 +113,7 @@ TEST(ReferenceTable, EachFormGoesIntoTheSetsOfTheOtherSpellings) {
   EXPECT_TRUE(same_units(names, u"character numeric "));
 }
 
-TEST(ReferenceTable, OfEqualKeysTheLowestCodeIsTaken) {
+TEST(ReferenceTable, OfEqualKeysTheLowestCodeIsUsed) {
   xhtml_parser parser(nullptr);
   parser.references.insert(entry(reference_form::form_named, u'x', u"high", 9));
   parser.references.insert(entry(reference_form::form_named, u'x', u"low", -9));
@@ -193,7 +181,7 @@ TEST(ReferenceSpelling, OfNumbersAtTheEdges) {
   EXPECT_TRUE(same_units(spelling_of(entry(reference_form::form_named, u'x', u"", 1)), u"&;"));
 }
 
-TEST(ApplyReference, PutsTheSpellingInAndGivesItsLastUnit) {
+TEST(ApplyReference, InsertsTheSpellingAndReturnsItsLastUnit) {
   const character_reference named = entry(reference_form::form_named, u'x', u"name", 5);
   ustring text = u"abcdef";
   EXPECT_EQ(apply_reference(text, 2, 3, named), 7u);
@@ -206,7 +194,7 @@ TEST(ApplyReference, PutsTheSpellingInAndGivesItsLastUnit) {
   EXPECT_TRUE(same_units(text, u"abcdef&name;"));
 }
 
-TEST(ApplyReference, AnEmptySpellingGivesTheUnitInFront) {
+TEST(ApplyReference, AnEmptySpellingReturnsTheUnitBefore) {
   const character_reference none = entry(reference_form::form_none, u'x', u"name", 5);
   ustring text = u"abcdef";
   EXPECT_EQ(apply_reference(text, 2, 3, none), 1u);
@@ -216,3 +204,4 @@ TEST(ApplyReference, AnEmptySpellingGivesTheUnitInFront) {
 }
 
 }  // namespace
+}  // namespace test

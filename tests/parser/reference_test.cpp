@@ -5,22 +5,14 @@
 #include "tests/parser/reference_kit.h"
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::normalized;
-using test::same_units;
-using test::stock_parser;
-using Xport::char16;
-using Xport::reference_form;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_parser;
 
 /// What the stock table makes of `text`. What it makes of that must be the same again.
 ustring normalized(ustring_view text) {
   stock_parser parser;
-  const ustring once = normalized(parser, text);
-  EXPECT_TRUE(same_units(normalized(parser, once), once)) << "is rewritten again";
+  const ustring once = normalized_by(parser, text);
+  EXPECT_TRUE(same_units(normalized_by(parser, once), once)) << "is rewritten again";
   return once;
 }
 
@@ -84,7 +76,7 @@ TEST(NormalizeReferences, EveryUnitByItsLowByte) {
     const auto entry = parser.by_character.find(static_cast<char16>(unit & 0xFF));
     const ustring text(1, static_cast<char16>(unit));
     const ustring expected = entry != parser.by_character.end() ? u"&" + entry->name + u";" : text;
-    ASSERT_TRUE(same_units(normalized(parser, text), expected)) << unit;
+    ASSERT_TRUE(same_units(normalized_by(parser, text), expected)) << unit;
   }
 }
 
@@ -125,67 +117,68 @@ TEST(NormalizeReferences, ZerosAreUnitsLikeAnyOther) {
 TEST(NormalizeReferences, TheCharacterMayBePreferred) {
   stock_parser parser;
   parser.prefer(169, reference_form::form_character);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#169;"), u"\u00A9"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&copy;"), u"\u00A9;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"\u00A9"), u"\u00A9"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&Copy;&cop;&copy1;"), u"&Copy;&cop;&copy1;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&copy"), u"&amp;copy"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#169;"), u"\u00A9"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&copy;"), u"\u00A9;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"\u00A9"), u"\u00A9"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&Copy;&cop;&copy1;"), u"&Copy;&cop;&copy1;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&copy"), u"&amp;copy"));
 }
 
 TEST(NormalizeReferences, TheNumberMayBePreferred) {
   stock_parser parser;
   parser.prefer(169, reference_form::form_numeric);
-  EXPECT_TRUE(same_units(normalized(parser, u"\u00A9"), u"&#169;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#169;"), u"&#169;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&copy;"), u"&#169;;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"\u00A9"), u"&#169;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#169;"), u"&#169;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&copy;"), u"&#169;;"));
 }
 
-TEST(NormalizeReferences, NoFormTakesNoPart) {
+TEST(NormalizeReferences, NoFormIsNeverUsed) {
   stock_parser parser;
   parser.prefer(169, reference_form::form_none);
-  EXPECT_TRUE(same_units(normalized(parser, u"\u00A9&#169;&copy;"), u"\u00A9&#169;&copy;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"\u00A9&#169;&copy;"), u"\u00A9&#169;&copy;"));
 }
 
 TEST(NormalizeReferences, WithoutIndexesTextStays) {
   xhtml_parser parser(nullptr);
-  EXPECT_TRUE(same_units(normalized(parser, u"a & \"b\" &#38; &copy;"), u"a & \"b\" &#38; &copy;"));
+  EXPECT_TRUE(
+      same_units(normalized_by(parser, u"a & \"b\" &#38; &copy;"), u"a & \"b\" &#38; &copy;"));
 }
 
-TEST(NormalizeReferences, AnAmpersandThatStaysTakesTheUnitBehindTheNameAlong) {
+TEST(NormalizeReferences, AnAmpersandThatStaysSkipsTheUnitAfterTheName) {
   stock_parser parser;
   parser.prefer(38, reference_form::form_character);
-  EXPECT_TRUE(same_units(normalized(parser, u"&\"\""), u"&\"&quot;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&abc\"\""), u"&abc\"&quot;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&&\""), u"&&&quot;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&"), u"&"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#38;lt;"), u"&lt;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&amp;\""), u"&;&quot;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&\"\""), u"&\"&quot;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&abc\"\""), u"&abc\"&quot;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&&\""), u"&&&quot;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&"), u"&"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#38;lt;"), u"&lt;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&amp;\""), u"&;&quot;"));
 }
 
 TEST(NormalizeReferences, AfterAReplacedNameTheSemicolonIsLookedAt) {
   stock_parser parser;
   parser.prefer(169, reference_form::form_character);
   parser.add(reference_form::form_named, u';', u"semi", 59);
-  EXPECT_TRUE(same_units(normalized(parser, u"&copy;"), u"\u00A9&semi;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&amp;;"), u"&amp;&semi;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#169;;"), u"\u00A9&semi;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&copy;"), u"\u00A9&semi;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&amp;;"), u"&amp;&semi;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#169;;"), u"\u00A9&semi;"));
 }
 
 TEST(NormalizeReferences, TheEndOfTheTextCountsAsAZero) {
   stock_parser parser;
   parser.add(reference_form::form_named, u'\0', u"nul", 0);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#12"), u"&nul;#12"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#"), u"&nul;#"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&"), u"&amp;"));
-  EXPECT_TRUE(same_units(normalized(parser, ustring(1, u'\0')), u"&nul;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"\u0100&#0;"), u"&nul;&nul;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#12"), u"&nul;#12"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#"), u"&nul;#"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&"), u"&amp;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, ustring(1, u'\0')), u"&nul;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"\u0100&#0;"), u"&nul;&nul;"));
 }
 
 TEST(NormalizeReferences, AnEntryForANumberSign) {
   stock_parser parser;
   parser.add(reference_form::form_named, u'#', u"num", 35);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#12\""), u"&quot;&num;12&quot;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&##"), u"&num;&num;&num;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#12\""), u"&quot;&num;12&quot;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&##"), u"&num;&num;&num;"));
 }
 
 TEST(NormalizeReferences, AReferenceThatStaysIsPassedAsAWhole) {
@@ -193,60 +186,60 @@ TEST(NormalizeReferences, AReferenceThatStaysIsPassedAsAWhole) {
   parser.add(reference_form::form_named, u'#', u"num", 35);
   parser.add(reference_form::form_named, u';', u"semi", 59);
   parser.add(reference_form::form_named, u'6', u"six", 54);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#65;"), u"&#65;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&a6;"), u"&a6;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"#6;"), u"&num;&six;&semi;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#65;"), u"&#65;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&a6;"), u"&a6;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"#6;"), u"&num;&six;&semi;"));
 }
 
 TEST(NormalizeReferences, CharactersAbove255AreFoundByNumberAndNameOnly) {
   stock_parser parser;
   parser.add(reference_form::form_named, u'\u20AC', u"euro", 8364);
-  EXPECT_TRUE(same_units(normalized(parser, u"\u20AC"), u"&not;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#8364;"), u"&euro;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"\u20AC"), u"&not;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#8364;"), u"&euro;"));
   parser.prefer(8364, reference_form::form_character);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#8364;&euro;"), u"\u20AC\u20AC;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#8364;&euro;"), u"\u20AC\u20AC;"));
 }
 
 TEST(NormalizeReferences, TheLargestNumberOfTheType) {
   stock_parser parser;
   parser.add(reference_form::form_named, u'\u7FFF', u"max", 32767);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#32767;&#032767;"), u"&max;&max;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#32768;&#98303;"), u"&#32768;&#98303;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#32767;&#032767;"), u"&max;&max;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#32768;&#98303;"), u"&#32768;&#98303;"));
 }
 
 TEST(NormalizeReferences, ANumberWithoutDigitsIsNoZero) {
   stock_parser parser;
   parser.add(reference_form::form_named, u'x', u"zero", 0);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#;"), u"&#;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#0;&#000;"), u"&zero;&zero;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#;"), u"&#;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#0;&#000;"), u"&zero;&zero;"));
 }
 
 TEST(NormalizeReferences, NegativeCodesAreFoundByNoNumber) {
   stock_parser parser;
   parser.add(reference_form::form_named, u'x', u"minus", -1);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#-1;&#65535;"), u"&#-1;&#65535;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"x"), u"&minus;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#-1;&#65535;"), u"&#-1;&#65535;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"x"), u"&minus;"));
 }
 
 TEST(NormalizeReferences, ANameMayBeEmpty) {
   stock_parser parser;
   parser.add(reference_form::form_numeric, u'x', u"", 1);
-  EXPECT_TRUE(same_units(normalized(parser, u"&;"), u"&#1;;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&;"), u"&#1;;"));
 }
 
 TEST(NormalizeReferences, AnEntryWithoutASpellingLeavesNothing) {
   xhtml_parser parser(nullptr);
   parser.by_character.insert({reference_form::form_none, u'x', u"x", 1});
   parser.by_name.insert({reference_form::form_none, u'x', u"gone", 1});
-  EXPECT_TRUE(same_units(normalized(parser, u"xaxxbx&gone;x"), u"ab;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"x"), u""));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"xaxxbx&gone;x"), u"ab;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"x"), u""));
 }
 
 TEST(NormalizeReferences, WhatIsRewrittenNeedNotStayWithOtherForms) {
   stock_parser parser;
   parser.prefer(38, reference_form::form_character);
-  EXPECT_TRUE(same_units(normalized(parser, u"&#38;#60;"), u"&#60;"));
-  EXPECT_TRUE(same_units(normalized(parser, u"&#60;"), u"&lt;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#38;#60;"), u"&#60;"));
+  EXPECT_TRUE(same_units(normalized_by(parser, u"&#60;"), u"&lt;"));
 }
 
 // Locales.
@@ -285,3 +278,4 @@ TEST_F(NormalizeReferencesInALocale, NamesEndWhereTheLocaleSaysSo) {
 }
 
 }  // namespace
+}  // namespace test

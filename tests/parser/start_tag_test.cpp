@@ -1,4 +1,4 @@
-// Start tags: where they end, what becomes of unknown names, and the "/" behind a name.
+// Start tags: where they end, how unknown names are read, and the "/" after a name.
 
 #include <gtest/gtest.h>
 
@@ -9,23 +9,8 @@
 #include "tests/support/golden.h"
 #include "tests/support/tree_check.h"
 
+namespace test {
 namespace {
-
-using test::in_body;
-using test::in_div;
-using test::in_p;
-using test::in_root;
-using test::message;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using test::parser_on;
-using test::same_units;
-using test::shown;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_element;
-using Xport::xhtml_markup;
 
 /// A text with zero units in it.
 template <std::size_t Size>
@@ -36,13 +21,13 @@ ustring units(const char16_t (&text)[Size]) {
 std::string invalid_tag(unsigned line = 1) { return message(line, "Invalid Tag"); }
 std::string invalid_slash(unsigned line = 1) { return message(line, "Invalid />"); }
 
-TEST(StartTag, SlashBehindEmptyElementNeedsNothing) {
+TEST(StartTag, SlashAfterEmptyElementNeedsNothing) {
   EXPECT_EQ(in_div(u"<br/>"), "br");
   EXPECT_EQ(in_div(u"<br/>x"), "br 'x'");
   EXPECT_EQ(messages_of(u"<br/>", 1), "");
 }
 
-TEST(StartTag, SlashBehindElementWithContentIsReportedAndLeavesItOpen) {
+TEST(StartTag, SlashAfterElementWithContentIsReportedAndLeavesItOpen) {
   EXPECT_EQ(in_div(u"<p/>"), "p");
   EXPECT_EQ(in_div(u"<p/>a</p>b"), "p('a') 'b'");
   EXPECT_EQ(messages_of(u"<p/>", 1), invalid_slash());
@@ -50,7 +35,7 @@ TEST(StartTag, SlashBehindElementWithContentIsReportedAndLeavesItOpen) {
             invalid_slash() + message(1, "p encountered.\n") + message(1, "</p> encountered.\n"));
 }
 
-TEST(StartTag, SlashBehindWhiteSpaceIsNotLookedAt) {
+TEST(StartTag, SlashAfterWhiteSpaceIsIgnored) {
   EXPECT_EQ(in_div(u"<div />a</div>b"), "div('a') 'b'");
   EXPECT_EQ(in_div(u"<p class='a'/>x</p>y"), "p[class=\"a\"]('x') 'y'");
   EXPECT_EQ(in_div(u"<br />x"), "br 'x'");
@@ -78,7 +63,7 @@ TEST(StartTag, OnlyVoidElementsTakeTheSlash) {
                              u"link", u"meta", u"noframes", u"param"}) {
     parser_on<> parser(name + u"/>");
     delete parser->read_start_tag(nullptr);
-    EXPECT_EQ(parser.messages(), "") << test::printable(name);
+    EXPECT_EQ(parser.messages(), "") << printable(name);
   }
   for (const ustring name :
        {u"a",        u"abbr",     u"applet", u"body",     u"button", u"center", u"colgroup",
@@ -89,13 +74,13 @@ TEST(StartTag, OnlyVoidElementsTakeTheSlash) {
         u"ul",       u"frameset", u"object", u"dd",       u"var"}) {
     parser_on<> parser(name + u"/>");
     delete parser->read_start_tag(nullptr);
-    EXPECT_EQ(parser.messages(), invalid_slash()) << test::printable(name);
+    EXPECT_EQ(parser.messages(), invalid_slash()) << printable(name);
   }
 }
 
 TEST(StartTag, EndsAtTheFirstGreaterThanAlsoInQuotes) {
   EXPECT_EQ(in_div(u"<a href=\"b>c\">"), "a[href=\"\"]('c\">')");
-  // The text behind it is in a quote by then, which hides tags.
+  // The text after it is in a quote by then, which hides tags.
   EXPECT_EQ(in_div(u"<a href=\"b>c\">x</a>y\"z</a>w"), "a[href=\"\"]('c\">x</a>y\"z') 'w'");
   EXPECT_EQ(in_div(u"<p class='a' title='>'>x</p>"), "p[class=\"a\" title=\"\"](''>x')");
 }
@@ -131,9 +116,9 @@ TEST(StartTag, LessThanAndWhiteSpaceIsText) {
   EXPECT_EQ(messages_of(u"a < b", 15), "");
 }
 
-TEST(StartTag, NoNameGivesAnElementThatIsDroppedInSilence) {
+TEST(StartTag, NoNameMakesAnElementThatIsDroppedInSilence) {
   for (const ustring tag : {u"<>", u"<=>", u"<$>", u"<'b'>", u"<=/>", u"<-->", u"<:a>"})
-    EXPECT_EQ(in_div(tag + u"x"), "'x'") << test::printable(tag);
+    EXPECT_EQ(in_div(tag + u"x"), "'x'") << printable(tag);
   EXPECT_EQ(messages_of(u"<><=><$><'b'><=/>", 3), "");
   // With white space in it the tag is text.
   EXPECT_EQ(in_div(u"<$a b>"), "'<$a  b>'");
@@ -198,7 +183,7 @@ TEST(StartTag, AnyWhiteSpaceEndsTheName) {
   EXPECT_EQ(in_div(u"<p \n\t \r\n class='a' >x"), "p[class=\"a\"]('x')");
 }
 
-TEST(StartTag, WhiteSpaceUnitBehindUnknownNameStandsTwice) {
+TEST(StartTag, WhiteSpaceUnitAfterUnknownNameStandsTwice) {
   EXPECT_EQ(in_div(u"<foo\tx>"), "'<foo\\u0009\\u0009x>'");
   EXPECT_EQ(in_div(u"<foo   x>"), "'<foo    x>'");
   // A newline takes the white space around it along.
@@ -215,7 +200,7 @@ TEST(StartTag, WhiteSpaceUnitBehindUnknownNameStandsTwice) {
 TEST(StartTag, NameIsCutAtAZeroUnit) {
   EXPECT_EQ(in_div(units(u"<p\0>x")), "p('x')");
   EXPECT_EQ(in_div(units(u"<p\0zzz>x")), "p('x')");
-  // White space behind it doesn't stand behind the name, so the rest is ignored.
+  // White space after it doesn't follow the name, so the rest is ignored.
   EXPECT_EQ(in_div(units(u"<p\0 class='a'>x")), "p('x')");
   EXPECT_EQ(in_div(units(u"<p\0q class='a'>x")), "p('x')");
   EXPECT_EQ(in_div(units(u"<BR\0\0 class='a'>x")), "br 'x'");
@@ -264,7 +249,7 @@ TEST(StartTag, ElementsThatStrictLacksAreDroppedInSilence) {
 TEST(StartTag, ElementThatStrictLacksKeepsItsAttributes) {
   parser_on<> parser(u"font color='red' style='color:red'>x");
   const std::unique_ptr<xhtml_markup> node(parser->read_start_tag(nullptr));
-  EXPECT_EQ(test::node_with_attributes(*node), "[color=\"red\"]{color:red;}");
+  EXPECT_EQ(outline_of_one(*node), "[color=\"red\"]{color:red;}");
   EXPECT_EQ(node->tag(), tag_id::invalid_tag);
   EXPECT_EQ(node->category_flags(), 1u);
   EXPECT_TRUE(same_units(node->end_tag_text(), u"</>"));
@@ -285,24 +270,24 @@ TEST(StartTag, LongName) {
   EXPECT_EQ(in_div(u"<" + name + u" >").size(), name.size() + 6);  // '<  >'
 }
 
-TEST(StartTag, LongRunOfUnitsBehindTheName) {
+TEST(StartTag, LongRunOfUnitsAfterTheName) {
   const ustring run(1'000'000, u'/');
   EXPECT_EQ(in_div(u"<p/" + run + u">x"), "p('x')");
   EXPECT_EQ(in_div(u"<p " + run + u">x"), "p('x')");
   EXPECT_EQ(in_div(u"<p" + ustring(1'000'000, u' ') + u"class='a'>x"), "p[class=\"a\"]('x')");
 }
 
-TEST(StartTag, ReadAloneGivesAnElementOnTheHeap) {
+TEST(StartTag, ReadAloneReturnsAnElementOnTheHeap) {
   parser_on<> parser(u"p class='a'>x");
   const std::unique_ptr<xhtml_markup> node(parser->read_start_tag(nullptr));
-  EXPECT_EQ(test::node_with_attributes(*node), "p[class=\"a\"]");
+  EXPECT_EQ(outline_of_one(*node), "p[class=\"a\"]");
   EXPECT_EQ(node->parent(), nullptr);
   EXPECT_EQ(parser->last_tag, tag_id::p);
   EXPECT_EQ(parser.messages(), "");
   EXPECT_EQ(parser.rest(), "x");
 }
 
-TEST(StartTag, ReadAloneOfUnknownNameGivesTextForTheParent) {
+TEST(StartTag, ReadAloneOfUnknownNameReturnsTextForTheParent) {
   xhtml_element div(tag_id::div, {}, {});
   parser_on<> parser(u"foo x>y<");
   EXPECT_EQ(shown(parser->read_start_tag(&div)), "'<foo  x>y'");
@@ -327,14 +312,15 @@ TEST(StartTag, ReadAloneAtTheEnd) {
 }
 
 TEST(StartTag, NodeThatWasReadAloneCanBeAdopted) {
-  Xport::xhtml_doc doc(0);
+  xhtml_doc doc(0);
   xhtml_element div(tag_id::div, {}, {});
   for (xhtml_element* parent : {&div, doc.root()}) {
     parser_on<> parser(u"p title='a long enough value for a block of its own'>");
     xhtml_markup* const node = parser->read_start_tag(parent);
     ASSERT_EQ(&*parent->adopt_child(node), node);
-    EXPECT_TRUE(test::is_intact(*parent));
+    EXPECT_TRUE(is_intact(*parent));
   }
 }
 
 }  // namespace
+}  // namespace test

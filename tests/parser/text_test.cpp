@@ -13,23 +13,8 @@
 #include "xport/parser/text_reader.h"
 #include "xport/text/character_class.h"
 
+namespace test {
 namespace {
-
-using test::in_body;
-using test::in_div;
-using test::in_p;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using test::parser_on;
-using test::printable;
-using test::same_units;
-using test::shown;
-using Xport::character_classes;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_element;
 
 parse_case case_in(tag_id tag) {
   parse_case how;
@@ -70,7 +55,7 @@ TEST(Text, OtherWhiteSpaceInsideStays) {
   EXPECT_EQ(in_p(u"one\u2028\u0085two"), "'one\\u2028\\u0085two'");
 }
 
-TEST(Text, WhiteSpaceInFrontBecomesABlankUnlessANewlineIsInIt) {
+TEST(Text, LeadingWhiteSpaceBecomesABlankUnlessANewlineIsInIt) {
   EXPECT_EQ(in_p(u" a"), "' a'");
   EXPECT_EQ(in_p(u"   a"), "' a'");
   EXPECT_EQ(in_p(u"\ta"), "' a'");
@@ -107,7 +92,7 @@ TEST(Text, WhiteSpaceAtTheEndWhereNewlinesAreKept) {
   EXPECT_EQ(in_script(u"a\n "), "'a'");
 }
 
-TEST(Text, TextInFrontOfAnEndTagLosesTheWhiteSpaceAtItsEnd) {
+TEST(Text, TextBeforeAnEndTagLosesTheWhiteSpaceAtItsEnd) {
   EXPECT_EQ(in_div(u"<p>a \n </p>"), "p('a')");
   EXPECT_EQ(in_div(u"<p>a\n</p> b"), "p('a') ' b'");
 }
@@ -130,7 +115,7 @@ TEST(Text, WhiteSpaceWithANewlineIsNoNode) {
   EXPECT_EQ(in_style(u" \n "), "");
 }
 
-TEST(Text, BlanksInFrontOfAnEndTagStayAsAnEmptyText) {
+TEST(Text, BlanksBeforeAnEndTagStayAsAnEmptyText) {
   EXPECT_EQ(in_div(u"<p> </p>"), "p('')");
   EXPECT_EQ(in_div(u"<p>\t</p>"), "p('')");
   EXPECT_EQ(in_div(u"<p>\n</p>"), "p");
@@ -217,7 +202,7 @@ TEST(Text, ReferencesInScriptsAndStylesAreNotRewritten) {
 }
 
 /// Rewrites every text to nothing.
-class erasing_parser : public Xport::xhtml_parser {
+class erasing_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
   void normalize_references(ustring& text) override { text.clear(); }
@@ -245,7 +230,7 @@ TEST(StyleText, WithoutASheetItIsEmpty) {
   EXPECT_EQ(in_style(u""), "");
 }
 
-TEST(StyleText, KeepsItsEndInFrontOfAnEndTag) {
+TEST(StyleText, KeepsItsEndBeforeAnEndTag) {
   parse_case how;
   how.path = {tag_id::html, tag_id::head};
   EXPECT_EQ(parse(u"<style type='text/css'>p{}</style>", how).children,
@@ -318,7 +303,7 @@ TEST(Text, ManyLines) {
   EXPECT_EQ(in_p(text), folded + "'");
 }
 
-TEST(Text, ReadAloneBehindAPrefix) {
+TEST(Text, ReadAloneAfterAPrefix) {
   xhtml_element p(tag_id::p, {}, {});
   parser_on<> parser(u" \n a<");
   EXPECT_EQ(shown(parser->read_pcdata(&p, u"x")), "'x a'");
@@ -332,7 +317,7 @@ TEST(Text, ReadAloneBehindAPrefix) {
   EXPECT_EQ(shown(end->read_pcdata(&p, {})), "null");
 }
 
-TEST(Text, ReadAloneWhereThereIsNoneGivesTheNextNode) {
+TEST(Text, ReadAloneWhereThereIsNoneReturnsTheNextNode) {
   xhtml_element p(tag_id::p, {}, {});
   parser_on<> parser(u"<!--a-->\n</p>x");
   EXPECT_EQ(shown(parser->read_pcdata(&p, {})), "#a#");
@@ -401,3 +386,4 @@ TEST(TrimRight, CutsWhiteSpaceFromTheEnd) {
 }
 
 }  // namespace
+}  // namespace test

@@ -5,30 +5,20 @@
 #include "tests/parser/parse_kit.h"
 #include "xport/markup/leaf_nodes.h"
 
+namespace test {
 namespace {
-
-using test::in_body;
-using test::in_div;
-using test::in_p;
-using test::in_root;
-using test::message;
-using test::messages_of;
-using test::parse;
-using test::parse_case;
-using test::parse_result;
-using Xport::tag_id;
 
 const std::vector<tag_id> body_path = {tag_id::html, tag_id::body};
 const std::vector<tag_id> html_path = {tag_id::html};
 const std::vector<tag_id> p_path = {tag_id::html, tag_id::body, tag_id::p};
 
-parse_result parse_in(const std::vector<tag_id>& path, Xport::ustring_view text) {
+parse_result parse_in(const std::vector<tag_id>& path, ustring_view text) {
   parse_case how;
   how.path = path;
   return parse(text, how);
 }
 
-std::string in_html(Xport::ustring_view text) { return parse_in(html_path, text).children; }
+std::string in_html(ustring_view text) { return parse_in(html_path, text).children; }
 
 TEST(TreeBuilding, EndTagClosesElement) {
   const parse_result result = parse_in(parse_case().path, u"<p>a</p>");
@@ -63,14 +53,14 @@ TEST(TreeBuilding, WholePage) {
             "!! html[lang=\"en\"](head(title('T')) body(p('one' b('two') ' three') pre('x')))");
 }
 
-TEST(TreeBuilding, ContentIsAddedBehindWhatIsThere) {
-  Xport::xhtml_element div(tag_id::div, {}, {});
+TEST(TreeBuilding, ContentIsAddedAfterWhatIsThere) {
+  xhtml_element div(tag_id::div, {}, {});
   div << u"old  ";
-  std::basic_istringstream<Xport::char16> input(u"</b>new<br>");
-  Xport::xhtml_parser parser(&input);
+  std::basic_istringstream<char16> input(u"</b>new<br>");
+  xhtml_parser parser(&input);
   EXPECT_EQ(parser.parse_children(&div), nullptr);
-  // Text in front of an end tag loses its white space, wherever it came from.
-  EXPECT_EQ(test::outline_with_attributes(div), "'old' 'new' br");
+  // Text before an end tag loses its white space, wherever it came from.
+  EXPECT_EQ(outline_of_children(div), "'old' 'new' br");
 }
 
 TEST(TreeBuilding, InputEndsInOpenElements) {
@@ -85,11 +75,11 @@ TEST(TreeBuilding, LastTextIsTrimmedByAnEndTagAlone) {
   EXPECT_EQ(in_div(u"<p>a <b>c</b>  </p>"), "p('a ' b('c') '')");
 }
 
-TEST(TreeBuilding, AnyEndTagTrimsTheTextInFrontOfIt) {
+TEST(TreeBuilding, AnyEndTagTrimsTheTextBeforeIt) {
   EXPECT_EQ(in_p(u"a </b>b </foo>c </i>"), "'a' 'b' 'c'");
 }
 
-TEST(TreeBuilding, TextInFrontOfAnElementKeepsItsBlank) {
+TEST(TreeBuilding, TextBeforeAnElementKeepsItsBlank) {
   EXPECT_EQ(in_p(u"a <br>b <!-- c -->d "), "'a ' br 'b ' #c# 'd '");
 }
 
@@ -138,7 +128,7 @@ TEST(TreeBuilding, ParagraphEndsParagraph) {
 }
 
 TEST(TreeBuilding, BlockEndsParagraph) {
-  // The text behind the div belongs to the body, which takes none, and so does </p>.
+  // The text after the div belongs to the body, which accepts none, and so does </p>.
   EXPECT_EQ(in_body(u"<p>a<div>b</div>c</p>"), "p('a') div('b')");
   EXPECT_EQ(messages_of(u"<p>a<div>b</div>c</p>", 3, body_path),
             message(1, "Couldn't insert <div> into <p>.\nEnding <p> element.\n") +
@@ -186,7 +176,7 @@ TEST(TreeBuilding, NoElementIsMadeUp) {
                         "Skipping </td> tag.\n"));
 }
 
-TEST(TreeBuilding, RefusedByTheListAndTakenByTheBody) {
+TEST(TreeBuilding, RefusedByTheListAndAcceptedByTheBody) {
   EXPECT_EQ(in_body(u"<ul><div>x</div></ul>"), "ul div('x')");
   EXPECT_EQ(messages_of(u"<ul><div>x</div></ul>", 3, body_path),
             message(1, "Couldn't insert <div> into <ul>.\nEnding <ul> element.\n") +
@@ -260,7 +250,7 @@ TEST(TreeBuilding, StartTagWithoutAName) {
             message(1, "invalid tag encountered.\n") + message(1, "invalid tag encountered.\n"));
 }
 
-TEST(TreeBuilding, SlashBehindANameThatTakesContent) {
+TEST(TreeBuilding, SlashAfterANameThatHasContent) {
   EXPECT_EQ(in_body(u"<div/>x"), "div('x')");
   EXPECT_EQ(messages_of(u"<div/>", 3, body_path), message(1, "Invalid />"));
   EXPECT_EQ(in_body(u"<div />x"), "div('x')");
@@ -284,7 +274,7 @@ TEST(TreeBuilding, WhiteSpaceBetweenBlocks) {
   EXPECT_EQ(in_body(u"<table> <tr> <td> x </td> </tr> </table>"), "table(tr(td(' x')))");
 }
 
-TEST(TreeBuilding, BlankInFrontOfAnEndTagStaysAsEmptyText) {
+TEST(TreeBuilding, BlankBeforeAnEndTagStaysAsEmptyText) {
   EXPECT_EQ(in_body(u"<div><b>x</b> </div>"), "div(b('x') '')");
   EXPECT_EQ(in_body(u"<p> </p>"), "p('')");
   EXPECT_EQ(in_body(u"<p>\n</p>"), "p");
@@ -377,7 +367,7 @@ TEST(TreeBuilding, UnknownTagWithAttributesIsText) {
   EXPECT_EQ(in_p(u"<foo bar='1'>x</foo>"), "'<foo  bar='1'>x'");
 }
 
-TEST(TreeBuilding, InputEndsBehindTheSign) {
+TEST(TreeBuilding, InputEndsAfterTheSign) {
   EXPECT_EQ(in_div(u"a <"), "'a '");
   EXPECT_EQ(messages_of(u"a <", 15), message(1, "Invalid end of document."));
   EXPECT_EQ(in_root(u"<"), "");
@@ -417,10 +407,11 @@ TEST(TreeBuilding, InputEndsInAStartTag) {
                 message(1, "p encountered.\n"));
 }
 
-TEST(TreeBuilding, NothingIsReadBehindTheHighestUnit) {
+TEST(TreeBuilding, NothingIsReadAfterTheHighestUnit) {
   const parse_result result = parse_in(parse_case().path, u"<p>a\uFFFF</p>b");
   EXPECT_EQ(result.children, "p('a')");
   EXPECT_EQ(result.rest, "");
 }
 
 }  // namespace
+}  // namespace test

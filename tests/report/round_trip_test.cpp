@@ -14,7 +14,7 @@ namespace report_test {
 
 namespace {
 
-using test::outline_with_attributes;
+using test::outline_of_children;
 
 const ustring saved_path = u"/out/Vellomark/page.htm";
 const ustring second_path = u"/out/second.htm";
@@ -36,8 +36,8 @@ class RoundTrip : public report_test {
     EXPECT_TRUE(test::is_intact(*doc.root()));
     EXPECT_TRUE(write_document(doc, files.open_for_writing(to)));
     if (doc.head() == nullptr || doc.body() == nullptr) return "no page";
-    head = outline_with_attributes(*doc.head());
-    return outline_with_attributes(*doc.body());
+    head = outline_of_children(*doc.head());
+    return outline_of_children(*doc.body());
   }
 
   /// Whether the second file is the saved one.
@@ -184,12 +184,12 @@ TEST_F(RoundTrip, OnTheDisk) {
   Xport::xhtml_doc doc(0);
   ASSERT_TRUE(read_document(doc, disk.open_for_reading(folder.text(u"/out/Vellomark/page.htm"))));
   ASSERT_TRUE(write_document(doc, disk.open_for_writing(folder.text(u"/second.htm"))));
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(a('one') br) p");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p(a('one') br) p");
   EXPECT_EQ(test::bytes_of(folder.path() / "second.htm"),
             test::bytes_of(folder.path() / "out" / "Vellomark" / "page.htm"));
   EXPECT_FALSE(read_document(doc, disk.open_for_reading(folder.text(u"/none.htm"))));
   EXPECT_FALSE(read_document(doc, disk.open_for_reading(folder.text(u"/out"))));
-  EXPECT_EQ(outline_with_attributes(*doc.body()), "p(a('one') br) p");
+  EXPECT_EQ(outline_of_children(*doc.body()), "p(a('one') br) p");
 }
 
 // Markup in a text is written as it stands, and is markup when it's read.

@@ -2,28 +2,16 @@
 
 #include <iterator>
 
-#include "tests/stylesheet/item_text.h"
+#include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
+namespace test {
 namespace {
 
-using test::same_units;
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::markup_iterator;
-using Xport::tag_id;
-using Xport::ustring_view;
-using Xport::xhtml_doc;
-using Xport::xhtml_element;
-using Xport::xhtml_stylesheet;
-using Xport::xhtml_stylesheet_comment;
-using Xport::xhtml_stylesheet_import;
-using Xport::xhtml_stylesheet_rule;
-
-ustring_view only_text(const Xport::xhtml_markup& style) {
+ustring_view only_text(const xhtml_markup& style) {
   EXPECT_EQ(std::distance(style.begin(), style.end()), 1);
   EXPECT_EQ(style.begin()->node_kind(), 5);
   return style.begin()->as_text()->text();
@@ -96,12 +84,12 @@ TEST(AddStylesheet, OrderOfTheChildrenOfHead) {
   EXPECT_EQ(child, doc.head()->end());
 }
 
-TEST(AddStylesheet, AnEmptySheetGivesAnEmptyText) {
+TEST(AddStylesheet, AnEmptySheetIsAnEmptyText) {
   xhtml_doc doc(1);
   const markup_iterator style = doc.add_stylesheet(xhtml_stylesheet());
   EXPECT_TRUE(same_units(style->get_attribute(attr_id::type), u"text/css"));
   EXPECT_TRUE(same_units(only_text(*style), u""));
-  EXPECT_TRUE(same_units(test::written(*style), u"<style type='text/css'>\n  \n</style>\n"));
+  EXPECT_TRUE(same_units(written(*style), u"<style type='text/css'>\n  \n</style>\n"));
 }
 
 TEST(AddStylesheet, TheDocumentKeepsTextOnly) {
@@ -124,11 +112,12 @@ TEST(AddStylesheet, InThePage) {
   sheet.add_item(rule);
   sheet.add_item(xhtml_stylesheet_comment(u"\u4E2D\xD83D\xDE00"));
   doc.add_stylesheet(sheet);
-  Xport::ustring_stream stream;
-  Xport::xhtml_writer writer(stream);
+  ustring_stream stream;
+  xhtml_writer writer(stream);
   writer.byte_order_mark = 0;
   ASSERT_TRUE(doc.write(writer));
-  EXPECT_TRUE(test::is_golden(stream.str(), "stylesheet_page.xhtml"));
+  EXPECT_TRUE(is_golden(stream.str(), "stylesheet_page.xhtml"));
 }
 
 }  // namespace
+}  // namespace test

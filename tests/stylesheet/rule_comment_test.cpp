@@ -3,28 +3,24 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "tests/stylesheet/item_text.h"
+#include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_stylesheet_rule;
 
 // The comment of a rule with nothing in it, without the rule.
 ustring comment_of(ustring_view rule_comment, ustring_view selector) {
-  ustring text = test::text_of(
-      xhtml_stylesheet_rule(selector),
-      [rule_comment](Xport::stylesheet_writer& writer) { writer.rule_comment = rule_comment; });
+  ustring text =
+      text_of(xhtml_stylesheet_rule(selector),
+              [rule_comment](stylesheet_writer& writer) { writer.rule_comment = rule_comment; });
   const ustring rule = ustring(selector) + u" { \n}\n\n";
-  EXPECT_TRUE(text.ends_with(rule)) << test::printable(text);
+  EXPECT_TRUE(text.ends_with(rule)) << printable(text);
   text.resize(text.size() - std::min(text.size(), rule.size()));
   return text;
 }
 
-// The rule itself: the first mark goes, and the search starts from the beginning.
+// The rule itself: the first mark is cut out, and the search starts from the beginning.
 ustring replaced(ustring text, ustring_view selector) {
   for (std::size_t at = text.find(u"<s>"); at != ustring::npos; at = text.find(u"<s>"))
     text.replace(at, 3, selector);
@@ -38,11 +34,10 @@ TEST(RuleComment, StandsBeforeTheRuleWithoutSpaces) {
 TEST(RuleComment, AnEmptyOneIsNotWritten) { EXPECT_EQ(comment_of(u"", u"p").size(), 0u); }
 
 TEST(RuleComment, IsNotIndented) {
-  const ustring text =
-      test::text_of(xhtml_stylesheet_rule(u"p"), [](Xport::stylesheet_writer& writer) {
-        writer.rule_comment = u"<s>";
-        writer.rule_indent = 4;
-      });
+  const ustring text = text_of(xhtml_stylesheet_rule(u"p"), [](stylesheet_writer& writer) {
+    writer.rule_comment = u"<s>";
+    writer.rule_indent = 4;
+  });
   EXPECT_TRUE(same_units(text, u"/*p*/\n    p     { \n    }\n\n"));
 }
 
@@ -52,13 +47,13 @@ TEST(RuleComment, EveryMarkIsReplaced) {
   EXPECT_TRUE(same_units(comment_of(u"<s> <S> < s> <s >", u"h1"), u"/*h1 <S> < s> <s >*/\n"));
 }
 
-TEST(RuleComment, AnEmptySelectorTakesTheMarksAway) {
+TEST(RuleComment, AnEmptySelectorRemovesTheMarks) {
   EXPECT_TRUE(same_units(comment_of(u"a<s>b<s>", u""), u"/*ab*/\n"));
 }
 
 TEST(RuleComment, TheTemplateStaysForTheNextRule) {
-  Xport::ustring_stream stream;
-  Xport::stylesheet_writer writer(stream);
+  ustring_stream stream;
+  stylesheet_writer writer(stream);
   writer.rule_comment = u"<s>";
   xhtml_stylesheet_rule(u"a").write(writer);
   xhtml_stylesheet_rule(u"b").write(writer);
@@ -66,12 +61,12 @@ TEST(RuleComment, TheTemplateStaysForTheNextRule) {
 }
 
 TEST(RuleComment, MarksMadeUpWithTheSurroundingsAreReplaced) {
-  // "<s>" goes from within "<<s>s>" and leaves "<s>".
+  // "<s>" is cut out of "<<s>s>" and leaves "<s>".
   EXPECT_TRUE(same_units(comment_of(u"<<s>s>", u""), u"/**/\n"));
   EXPECT_TRUE(same_units(comment_of(u"<<<s>s>s>x", u""), u"/*x*/\n"));
   // "<" + "s" + ">".
   EXPECT_TRUE(same_units(comment_of(u"<<s>>", u"s"), u"/*s*/\n"));
-  // The selector ends in the mark's beginning: "s>" is behind it.
+  // The selector ends in the mark's beginning: "s>" follows it.
   EXPECT_TRUE(same_units(comment_of(u"<s>s>", u"a<"), u"/*aa<*/\n"));
   // It starts with the mark's end: "<" is before it.
   EXPECT_TRUE(same_units(comment_of(u"<<s>", u"s>b"), u"/*s>bb*/\n"));
@@ -85,7 +80,7 @@ TEST(RuleComment, LongChainsComeToTheirEnd) {
           ustring_view(u"<s><s>s>s>s>s>s>"), ustring_view(u"s><s><s")})
       EXPECT_TRUE(same_units(comment_of(rule_comment, selector),
                              u"/*" + replaced(ustring(rule_comment), selector) + u"*/\n"))
-          << test::printable(selector);
+          << printable(selector);
 }
 
 TEST(RuleComment, ManyMarksAreLinearInTheTemplate) {
@@ -111,3 +106,4 @@ TEST(RuleComment, WhatIsMadeUpByTheSelectorAlone) {
 }
 
 }  // namespace
+}  // namespace test

@@ -13,16 +13,8 @@
 #include "xport/markup/node_memory.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::css_property_id;
-using Xport::parse_style_attribute;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_element;
-using Xport::xhtml_strict;
 
 /// The style as "name=value|" in the order of the properties.
 ustring style_of(const xhtml_element& element) {
@@ -65,7 +57,7 @@ TEST(StyleAttribute, NothingIsNoDeclaration) {
   EXPECT_TRUE(same_units(read(u" : ; : ; "), u""));
 }
 
-TEST(StyleAttribute, BehindASemicolonTheNextNameIsNotFound) {
+TEST(StyleAttribute, AfterASemicolonTheNextNameIsNotFound) {
   EXPECT_TRUE(same_units(read(u"color: red; width: 2px"), u"color=red|"));
   EXPECT_TRUE(same_units(read(u"color:red;width:2px;top:1px"), u"color=red|"));
   EXPECT_TRUE(same_units(read(u"color:red ;width:2px"), u"color=red|"));
@@ -149,29 +141,29 @@ TEST(StyleAttribute, AnElementWithoutARecordStoresNothing) {
   EXPECT_TRUE(element.style_properties()->empty());
 }
 
-TEST(StyleAttribute, EveryElementOfTheTableTakesAStyle) {
+TEST(StyleAttribute, EveryElementOfTheTableAcceptsAStyle) {
   xhtml_element element(tag_id::html, {}, {});
   parse_style_attribute(element, u"color:red");
   EXPECT_TRUE(same_units(style_of(element), u"color=red|"));
 }
 
-TEST(StyleAttribute, ATextWithoutAnythingNewTakesNoMemory) {
+TEST(StyleAttribute, ATextWithoutAnythingNewAllocatesNothing) {
   xhtml_element element(tag_id::p, {}, {});
   parse_style_attribute(element, u"color:red");
-  const std::size_t before = test::allocation_calls();
+  const std::size_t before = allocation_calls();
   parse_style_attribute(element, u"color:blue x:y widows:2 top:;");
-  EXPECT_EQ(test::allocation_calls(), before);
+  EXPECT_EQ(allocation_calls(), before);
 }
 
 TEST(StyleAttribute, AFewDeclarationsTakeOneBlock) {
   xhtml_element element(tag_id::p, {}, {});
-  const std::size_t before = test::allocation_calls();
+  const std::size_t before = allocation_calls();
   parse_style_attribute(element, u"color:red top:1px left:2px width:3px");
-  EXPECT_EQ(test::allocation_calls() - before, 1u);
+  EXPECT_EQ(allocation_calls() - before, 1u);
 }
 
 TEST(StyleAttribute, MemoryComesFromThePoolOfTheElement) {
-  Xport::node_pool pool;
+  node_pool pool;
   xhtml_element element(tag_id::p, {}, {}, &pool);
   parse_style_attribute(element, u"color:red");
   EXPECT_TRUE(same_units(style_of(element), u"color=red|"));
@@ -187,8 +179,9 @@ TEST(StyleAttribute, HugeTextsTakeLinearTime) {
 }
 
 TEST(StyleAttribute, WhiteSpaceIsWhatTheLocaleCallsSpaceOrBlank) {
-  const test::global_locale global(test::locale_with(L'_', std::ctype_base::blank));
+  const global_locale global(locale_with(L'_', std::ctype_base::blank));
   EXPECT_TRUE(same_units(read(u"_color:__red_top_1px_"), u"color=red|top=1px|"));
 }
 
 }  // namespace
+}  // namespace test

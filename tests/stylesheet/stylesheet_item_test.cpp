@@ -4,20 +4,11 @@
 #include <memory>
 #include <vector>
 
-#include "tests/stylesheet/item_text.h"
+#include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::css_property_id;
-using Xport::stylesheet_declaration;
-using Xport::stylesheet_rule_iterator;
-using Xport::ustring;
-using Xport::xhtml_stylesheet_comment;
-using Xport::xhtml_stylesheet_import;
-using Xport::xhtml_stylesheet_item;
-using Xport::xhtml_stylesheet_rule;
 
 const stylesheet_declaration red{css_property_id::color, u"red"};
 const stylesheet_declaration blue{css_property_id::color, u"blue"};
@@ -53,7 +44,7 @@ TEST(StylesheetItem, TheBaseDoesNothing) {
   EXPECT_EQ(item.selector_text().size(), 0u);
   EXPECT_EQ(item.item_text().size(), 0u);
   EXPECT_EQ(item.clone(), nullptr);
-  EXPECT_EQ(test::text_of(item).size(), 0u);
+  EXPECT_EQ(text_of(item).size(), 0u);
 }
 
 TEST(StylesheetItem, ImportsAndCommentsHoldNoDeclarations) {
@@ -190,3 +181,4 @@ TEST(StylesheetItem, ClonesOfImportsAndComments) {
 }
 
 }  // namespace
+}  // namespace test

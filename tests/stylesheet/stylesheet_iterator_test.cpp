@@ -9,19 +9,8 @@
 #include "tests/support/golden.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::const_stylesheet_rule_iterator;
-using Xport::css_property_id;
-using Xport::stylesheet_declaration;
-using Xport::stylesheet_iterator;
-using Xport::stylesheet_rule_iterator;
-using Xport::ustring;
-using Xport::xhtml_stylesheet;
-using Xport::xhtml_stylesheet_comment;
-using Xport::xhtml_stylesheet_item;
-using Xport::xhtml_stylesheet_rule;
 
 template <class Iterator>
 constexpr bool is_random_access =
@@ -107,3 +96,4 @@ TEST(StylesheetIterator, ItemsOfASheet) {
 }
 
 }  // namespace
+}  // namespace test

@@ -11,22 +11,13 @@
 #include "tests/support/locale.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
+namespace test {
 namespace {
 
-using test::counting_end_buffer;
-using test::counting_end_stream;
-using test::listing;
-using test::looked_too_often;
-using test::same_units;
-using Xport::char16;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_stylesheet;
-using Xport::xhtml_stylesheet_comment;
 using input = std::basic_istream<char16>;
 using text_input = std::basic_istringstream<char16>;
 
-/// A text stream that says when it is gone.
+/// A text stream that reports its destruction.
 class watched_input : public text_input {
  public:
   watched_input(const ustring& text, bool& alive) : text_input(text), alive_(alive) {
@@ -38,32 +29,13 @@ class watched_input : public text_input {
   bool& alive_;
 };
 
-/// Gives the units of a text one at a time and then raises an exception.
-class breaking_buffer : public std::basic_streambuf<char16> {
- public:
-  struct broken {};
-
-  explicit breaking_buffer(ustring_view text) : text_(text) {}
-
- protected:
-  int_type underflow() override {
-    if (next_ == text_.size()) throw broken();
-    char16* const unit = text_.data() + next_++;
-    setg(unit, unit, unit + 1);
-    return traits_type::to_int_type(*unit);
-  }
-
- private:
-  ustring text_;
-  std::size_t next_ = 0;
-};
-
+/// Reads the units of a text one at a time and then throws input_broke.
 class breaking_input : public input {
  public:
-  explicit breaking_input(ustring_view text) : input(nullptr), buffer_(text) { rdbuf(&buffer_); }
+  explicit breaking_input(ustring_view text) : input(nullptr), buffer_(text, 1) { rdbuf(&buffer_); }
 
  private:
-  breaking_buffer buffer_;
+  raising_buffer buffer_;
 };
 
 /// A stream whose end-of-file flag is set where its buffer comes to the end of the text.
@@ -94,11 +66,6 @@ class flagging_input : public input {
   flagging_buffer buffer_;
 };
 
-ustring swapped(ustring text) {
-  for (char16& unit : text) unit = static_cast<char16>(unit << 8 | unit >> 8);
-  return text;
-}
-
 /// The listing of what is read from a stream on `text`.
 ustring parsed(const ustring& text) {
   xhtml_stylesheet sheet;
@@ -110,7 +77,7 @@ ustring parsed(const ustring& text) {
   return listing(sheet);
 }
 
-TEST(StylesheetParse, AnEmptyStreamGivesAnEmptySheet) {
+TEST(StylesheetParse, AnEmptyStreamIsAnEmptySheet) {
   EXPECT_TRUE(same_units(parsed(u""), u""));
   EXPECT_TRUE(same_units(parsed(u"  \n"), u""));
 }
@@ -127,14 +94,14 @@ TEST(StylesheetParse, ReplacesTheContent) {
   EXPECT_EQ(sheet.size(), 0u);
 }
 
-TEST(StylesheetParse, ANullPointerGivesAnEmptySheet) {
+TEST(StylesheetParse, ANullPointerIsAnEmptySheet) {
   xhtml_stylesheet sheet;
   sheet.add_item(xhtml_stylesheet_comment(u"old"));
   EXPECT_TRUE(sheet.parse(nullptr));
   EXPECT_EQ(sheet.size(), 0u);
 }
 
-TEST(StylesheetParse, AFailedStreamGivesAnEmptySheet) {
+TEST(StylesheetParse, AFailedStreamIsAnEmptySheet) {
   for (const std::ios_base::iostate state : {std::ios_base::failbit, std::ios_base::badbit}) {
     xhtml_stylesheet sheet;
     sheet.add_item(xhtml_stylesheet_comment(u"old"));
@@ -145,7 +112,7 @@ TEST(StylesheetParse, AFailedStreamGivesAnEmptySheet) {
   }
 }
 
-TEST(StylesheetParse, AStreamWithoutABufferGivesAnEmptySheet) {
+TEST(StylesheetParse, AStreamWithoutABufferIsAnEmptySheet) {
   xhtml_stylesheet sheet;
   sheet.add_item(xhtml_stylesheet_comment(u"old"));
   EXPECT_TRUE(sheet.parse(std::make_unique<input>(nullptr)));
@@ -190,7 +157,7 @@ TEST(StylesheetParse, ReleasesTheStream) {
 
 TEST(StylesheetParse, ReleasesAStreamOfTheOtherByteOrderAndTheOneMadeOfIt) {
   const ustring text = swapped(u"\uFEFFa{color:red;}");
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   {
     bool alive = false;
     xhtml_stylesheet sheet;
@@ -198,7 +165,7 @@ TEST(StylesheetParse, ReleasesAStreamOfTheOtherByteOrderAndTheOneMadeOfIt) {
     EXPECT_FALSE(alive);
     EXPECT_TRUE(same_units(listing(sheet), u"[a] color=[red]\n"));
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
 TEST(StylesheetParse, LeavesTheStreamThatItCopiesToItsOwner) {
@@ -234,7 +201,7 @@ TEST(StylesheetParse, CopiesInWindowsOfAnySize) {
   }
 }
 
-TEST(StylesheetParse, TakesByteOrderMarksOut) {
+TEST(StylesheetParse, RemovesByteOrderMarks) {
   const ustring text = u"a{}";
   EXPECT_TRUE(same_units(parsed(u"\uFEFF" + text), u"[a]\n"));
   EXPECT_TRUE(same_units(parsed(u" \uFEFF " + text), u"[a]\n"));
@@ -247,7 +214,7 @@ TEST(StylesheetParse, TakesByteOrderMarksOut) {
   EXPECT_TRUE(same_units(parsed(swapped(u"\uFEFF \n" + text)), u"[a]\n"));
 }
 
-TEST(StylesheetParse, OneMarkIsTakenOutAndTheNextBelongsToTheText) {
+TEST(StylesheetParse, OneMarkIsRemovedAndTheNextBelongsToTheText) {
   EXPECT_TRUE(same_units(parsed(u"\uFEFF\uFEFFa{}"), u"[\uFEFFa]\n"));
   EXPECT_TRUE(same_units(parsed(swapped(u"\uFEFF\uFEFFa{}")), u"[\uFEFFa]\n"));
 }
@@ -273,9 +240,7 @@ ustring parsed_copy_in(const std::locale& locale, const ustring& text) {
   return listing(sheet);
 }
 
-std::locale underscore_is(std::ctype_base::mask classes) {
-  return test::locale_with(L'_', classes);
-}
+std::locale underscore_is(std::ctype_base::mask classes) { return locale_with(L'_', classes); }
 
 /// A sheet with "_" wherever white space may stand.
 constexpr ustring_view spaced =
@@ -288,13 +253,13 @@ TEST(StylesheetParse, WhiteSpaceIsThatOfTheStream) {
     const std::locale locale = underscore_is(classes);
     EXPECT_TRUE(same_units(parsed_in(locale, ustring(spaced)), listed_as_space));
     EXPECT_TRUE(same_units(parsed_in(locale, u"\uFEFF" + ustring(spaced)), listed_as_space));
-    const test::global_locale global(locale);
+    const global_locale global(locale);
     EXPECT_TRUE(same_units(parsed_in(locale, ustring(spaced)), listed_as_space));
   }
 }
 
 TEST(StylesheetParse, WhiteSpaceOfTheGlobalLocaleIsText) {
-  const test::global_locale global(underscore_is(std::ctype_base::space));
+  const global_locale global(underscore_is(std::ctype_base::space));
   const std::locale& locale = std::locale::classic();
   EXPECT_TRUE(same_units(parsed_in(locale, ustring(spaced)), listed_as_text));
   EXPECT_TRUE(same_units(parsed_in(locale, u"\uFEFF" + ustring(spaced)), listed_as_text));
@@ -306,20 +271,20 @@ TEST(StylesheetParse, AfterABigEndianMarkWhiteSpaceIsThatOfTheGlobalLocale) {
   EXPECT_TRUE(same_units(parsed_in(locale, sheet), listed_as_text));
   EXPECT_TRUE(same_units(parsed_in(locale, u"_" + sheet), listed_as_text))
       << "the old stream's locale decides what is skipped before the mark";
-  const test::global_locale global(locale);
+  const global_locale global(locale);
   EXPECT_TRUE(same_units(parsed_in(std::locale::classic(), sheet), listed_as_space));
 }
 
 TEST(StylesheetParse, ACopyIsReadByTheGlobalLocale) {
   const std::locale locale = underscore_is(std::ctype_base::space);
   EXPECT_TRUE(same_units(parsed_copy_in(locale, ustring(spaced)), listed_as_text));
-  const test::global_locale global(locale);
+  const global_locale global(locale);
   EXPECT_TRUE(same_units(parsed_copy_in(std::locale::classic(), ustring(spaced)), listed_as_space));
 }
 
 // Texts that end within a rule.
 
-TEST(StylesheetParse, GoesRoundAtTheEndOfAnOpenRule) {
+TEST(StylesheetParse, NeverReturnsAtTheEndOfAnOpenRule) {
   xhtml_stylesheet sheet;
   EXPECT_THROW(
       sheet.parse(std::make_unique<counting_end_stream>(u"a{} b { color: red;", 1'000'000)),
@@ -327,52 +292,52 @@ TEST(StylesheetParse, GoesRoundAtTheEndOfAnOpenRule) {
   EXPECT_TRUE(same_units(listing(sheet), u"[a]\n"));
 }
 
-TEST(StylesheetParse, TakesNoMemoryWhileItGoesRound) {
+TEST(StylesheetParse, AllocatesNothingWhileItLoops) {
   const auto calls_up_to = [](std::size_t limit) {
-    const std::size_t before = test::allocation_calls();
+    const std::size_t before = allocation_calls();
     xhtml_stylesheet sheet;
     EXPECT_THROW(sheet.parse(std::make_unique<counting_end_stream>(
                      u"a{} /*k*/ b { color: red; a-property-that-is-unknown: red", limit)),
                  looked_too_often);
-    return test::allocation_calls() - before;
+    return allocation_calls() - before;
   };
   EXPECT_EQ(calls_up_to(1'000'000), calls_up_to(50));
 }
 
-// What the buffer raises.
+// What the buffer throws.
 
-TEST(StylesheetParse, WhatTheBufferRaisesPassesAndCompleteItemsStay) {
-  const std::size_t before = test::live_allocations();
+TEST(StylesheetParse, WhatTheBufferThrowsPassesAndCompleteItemsStay) {
+  const std::size_t before = live_allocations();
   {
     xhtml_stylesheet sheet;
     sheet.add_item(xhtml_stylesheet_comment(u"old"));
     EXPECT_THROW(sheet.parse(std::make_unique<breaking_input>(u"a{} /*k*/ b{color:red;")),
-                 breaking_buffer::broken);
+                 input_broke);
     EXPECT_TRUE(same_units(listing(sheet), u"[a]\n/*[k]\n"));
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
-TEST(StylesheetParse, WhatTheBufferRaisesWhileBytesAreSwappedPasses) {
-  const std::size_t before = test::live_allocations();
+TEST(StylesheetParse, WhatTheBufferThrowsWhileBytesAreSwappedPasses) {
+  const std::size_t before = live_allocations();
   {
     xhtml_stylesheet sheet;
     sheet.add_item(xhtml_stylesheet_comment(u"old"));
     EXPECT_THROW(sheet.parse(std::make_unique<breaking_input>(swapped(u"\uFEFFa{} b{}"))),
-                 breaking_buffer::broken);
+                 input_broke);
     EXPECT_EQ(sheet.size(), 0u);
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
-TEST(StylesheetParse, ABufferThatRaisesAtOnceFailsTheStream) {
+TEST(StylesheetParse, ABufferThatThrowsAtOnceFailsTheStream) {
   xhtml_stylesheet sheet;
   sheet.add_item(xhtml_stylesheet_comment(u"old"));
   EXPECT_TRUE(sheet.parse(std::make_unique<breaking_input>(u" \n")));
   EXPECT_EQ(sheet.size(), 0u);
 }
 
-TEST(StylesheetParse, ABufferThatRaisesWithinAMarkFailsTheStream) {
+TEST(StylesheetParse, ABufferThatThrowsWithinAMarkFailsTheStream) {
   for (const ustring& text : {ustring(u"\uFEFF"), ustring(u"\uFEFF \n"), ustring(1, u'\0')}) {
     xhtml_stylesheet sheet;
     sheet.add_item(xhtml_stylesheet_comment(u"old"));
@@ -382,7 +347,7 @@ TEST(StylesheetParse, ABufferThatRaisesWithinAMarkFailsTheStream) {
 }
 
 TEST(StylesheetParse, AFailureOfTheStreamPassesWhereTheStreamSaysSo) {
-  const std::size_t before = test::live_allocations();
+  const std::size_t before = live_allocations();
   {
     xhtml_stylesheet sheet;
     sheet.add_item(xhtml_stylesheet_comment(u"old"));
@@ -392,17 +357,17 @@ TEST(StylesheetParse, AFailureOfTheStreamPassesWhereTheStreamSaysSo) {
     EXPECT_EQ(sheet.size(), 0u);
     auto broken = std::make_unique<breaking_input>(u"\uFEFF");
     broken->exceptions(std::ios_base::badbit);
-    EXPECT_THROW(sheet.parse(std::move(broken)), breaking_buffer::broken);
+    EXPECT_THROW(sheet.parse(std::move(broken)), input_broke);
     EXPECT_EQ(sheet.size(), 0u);
   }
-  EXPECT_EQ(test::live_allocations(), before);
+  EXPECT_EQ(live_allocations(), before);
 }
 
-TEST(StylesheetParse, WhatTheBufferRaisesWhileItIsCopiedLeavesTheSheetAsItWas) {
+TEST(StylesheetParse, WhatTheBufferThrowsWhileItIsCopiedLeavesTheSheetAsItWas) {
   xhtml_stylesheet sheet;
   sheet.add_item(xhtml_stylesheet_comment(u"old"));
   breaking_input stream(u"a{} b{}");
-  EXPECT_THROW(sheet.parse(stream), breaking_buffer::broken);
+  EXPECT_THROW(sheet.parse(stream), input_broke);
   EXPECT_TRUE(same_units(listing(sheet), u"/*[old]\n"));
 }
 
@@ -414,29 +379,29 @@ TEST(StylesheetParse, LosesNothingWhenMemoryRunsOut) {
       u" /* a comment of some length */ @import url(an-import-of-some-length);"
       u" b /* within another one */ c { background-color: another-value-of-length; }";
   for (const ustring& order : {u"\uFEFF" + text, swapped(u"\uFEFF" + text)}) {
-    const std::size_t before = test::live_allocations();
-    const std::size_t failures = test::fail_each_allocation(
+    const std::size_t before = live_allocations();
+    const std::size_t failures = fail_each_allocation(
         [&order] {
           xhtml_stylesheet sheet;
           sheet.parse(std::make_unique<text_input>(order));
         },
-        [before] { ASSERT_EQ(test::live_allocations(), before); });
+        [before] { ASSERT_EQ(live_allocations(), before); });
     EXPECT_GT(failures, 10u);
-    EXPECT_EQ(test::live_allocations(), before);
+    EXPECT_EQ(live_allocations(), before);
   }
 }
 
 TEST(StylesheetParse, CopyingLosesNothingWhenMemoryRunsOut) {
   text_input stream(u"a-selector-of-some-length { font-family: a-value-of-some-length; }");
-  const std::size_t before = test::live_allocations();
-  test::fail_each_allocation(
+  const std::size_t before = live_allocations();
+  fail_each_allocation(
       [&stream] {
         stream.seekg(0);
         xhtml_stylesheet sheet;
         sheet.parse(stream);
       },
-      [before] { ASSERT_EQ(test::live_allocations(), before); });
-  EXPECT_EQ(test::live_allocations(), before);
+      [before] { ASSERT_EQ(live_allocations(), before); });
+  EXPECT_EQ(live_allocations(), before);
 }
 
 // Size.
@@ -475,3 +440,4 @@ TEST(StylesheetParse, ReadsHugeNothingsInTimeLinearInTheText) {
 }
 
 }  // namespace
+}  // namespace test

@@ -4,26 +4,15 @@
 #include <iterator>
 #include <random>
 
-#include "tests/stylesheet/sheet_reference.h"
+#include "tests/stylesheet/plain_sheet.h"
 #include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
 #include "tests/support/text.h"
 #include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_writer.h"
 
+namespace test {
 namespace {
-
-using test::expected_listing;
-using test::listing;
-using test::read_listing;
-using test::same_units;
-using Xport::css_property_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_stylesheet;
-using Xport::xhtml_stylesheet_comment;
-using Xport::xhtml_stylesheet_import;
-using Xport::xhtml_stylesheet_rule;
 
 std::size_t below(std::mt19937& random, std::size_t bound) { return random() % bound; }
 
@@ -47,9 +36,9 @@ TEST(StylesheetRandom, AnyTextIsReadByTheRules) {
   for (int round = 0; round < 20'000; ++round) {
     ustring text = random_text(random, anything, 40);
     if (below(random, 20) == 0) text.insert(below(random, text.size() + 1), 1, u'\uFFFF');
-    const ustring expected = expected_listing(text);
+    const ustring expected = plain_listing(text);
     const std::size_t window = below(random, 3) == 0 ? 1000 : 1 + below(random, 5);
-    ASSERT_TRUE(same_units(read_listing(text, window), expected)) << test::printable(text);
+    ASSERT_TRUE(same_units(read_listing(text, window), expected)) << printable(text);
     if (expected.ends_with(u"endless")) ++endless;
   }
   EXPECT_GT(endless, 1000u);
@@ -63,15 +52,15 @@ TEST(StylesheetRandom, AnyUnitsAreReadByTheRules) {
     for (std::size_t left = below(random, 60); left != 0; --left)
       text += below(random, 2) == 0 ? static_cast<char16_t>(random())
                                     : anything[below(random, std::size(anything))].front();
-    ASSERT_TRUE(same_units(read_listing(text, 1 + below(random, 9)), expected_listing(text)))
-        << test::printable(text);
+    ASSERT_TRUE(same_units(read_listing(text, 1 + below(random, 9)), plain_listing(text)))
+        << printable(text);
   }
 }
 
 ustring written(const xhtml_stylesheet& sheet) {
-  Xport::ustring_stream stream;
-  Xport::stylesheet_writer writer(stream);
-  for (const Xport::xhtml_stylesheet_item& item : sheet) item.write(writer);
+  ustring_stream stream;
+  stylesheet_writer writer(stream);
+  for (const xhtml_stylesheet_item& item : sheet) item.write(writer);
   return stream.str();
 }
 
@@ -117,7 +106,7 @@ TEST(StylesheetRandom, WhatIsWrittenIsReadBackWhereNoRuleSaysOtherwise) {
         }
       }
     }
-    ASSERT_TRUE(same_units(round_trip(sheet), listing(sheet))) << test::printable(written(sheet));
+    ASSERT_TRUE(same_units(round_trip(sheet), listing(sheet))) << printable(written(sheet));
   }
 }
 
@@ -132,7 +121,7 @@ ustring rule_and_back(ustring_view selector, css_property_id property, ustring_v
   return round_trip(sheet);
 }
 
-ustring item_and_back(const Xport::xhtml_stylesheet_item& item) {
+ustring item_and_back(const xhtml_stylesheet_item& item) {
   xhtml_stylesheet sheet;
   sheet.add_item(item);
   return round_trip(sheet);
@@ -205,3 +194,4 @@ TEST(StylesheetRoundTrip, AnImportLosesItsClosingQuoteAndBreaksAtABlank) {
 }
 
 }  // namespace
+}  // namespace test

@@ -9,12 +9,8 @@
 #include "tests/support/golden.h"
 #include "tests/support/locale.h"
 
+namespace test {
 namespace {
-
-using test::read_listing;
-using test::same_units;
-using Xport::ustring;
-using Xport::ustring_view;
 
 /// Whether `text` is read as `expected`, however few units are at hand at a time.
 testing::AssertionResult reads_as(ustring_view text, ustring_view expected) {
@@ -103,10 +99,10 @@ TEST(StylesheetReader, ANameThatTheBraceEndsIsLost) {
   EXPECT_TRUE(reads_as(u"a{top:1px;color red} b{}", u"[a] top=[1px]\n[b]\n"));
 }
 
-TEST(StylesheetReader, ABraceBehindTheColonOfAnUnknownPropertyEndsTheRule) {
+TEST(StylesheetReader, ABraceAfterTheColonOfAnUnknownPropertyEndsTheRule) {
   EXPECT_TRUE(reads_as(u"a{foo:} b{}", u"[a]\n[b]\n"));
   EXPECT_TRUE(reads_as(u"a{:} b{}", u"[a]\n[b]\n"));
-  // With a blank it is an empty value, which goes on behind the brace.
+  // With a blank it is an empty value, which continues after the brace.
   EXPECT_TRUE(reads_as(u"a{foo: } bcd; top:1px}", u"[a] top=[1px]\n"));
 }
 
@@ -143,12 +139,12 @@ TEST(StylesheetReader, AnEmptyValueGoesOnToo) {
 
 TEST(StylesheetReader, WhatAShortValueHasIsTrimmedBeforeItGoesOn) {
   EXPECT_TRUE(reads_as(u"a { top:   0   ;xabc; }", u"[a] top=[0abc]\n"));
-  // The blanks behind the unit that is lost come to stand within.
+  // The blanks after the unit that is lost end up inside.
   EXPECT_TRUE(reads_as(u"a { top: 0;x  abc; }", u"[a] top=[0  abc]\n"));
   EXPECT_TRUE(reads_as(u"a { top: 0;x b ; }", u"[a] top=[0 b]\n"));
 }
 
-TEST(StylesheetReader, AShortLastValueTakesInTheRuleBehind) {
+TEST(StylesheetReader, AShortLastValueTakesInTheNextRule) {
   EXPECT_TRUE(reads_as(u"a { top: 0 } b { left: 10px; }", u"[a] top=[0 b { left: 10px]\n"));
   EXPECT_TRUE(
       reads_as(u"a { top: 0 } b { left: 10px; } c{}", u"[a] top=[0 b { left: 10px]\n[c]\n"));
@@ -166,7 +162,7 @@ TEST(StylesheetReader, QuotesOfAValue) {
   EXPECT_TRUE(reads_as(u"a { font-family: 'A B', C; }", u"[a] font-family=['A B', C]\n"));
 }
 
-TEST(StylesheetReader, AQuoteBehindTheEndOfAValueIsLost) {
+TEST(StylesheetReader, AQuoteAfterTheEndOfAValueIsLost) {
   EXPECT_TRUE(reads_as(u"a{color:red;'top:1px;}", u"[a] color=[red] top=[1px]\n"));
   EXPECT_TRUE(reads_as(u"a{color:red;\"top:1px;}", u"[a] color=[red] top=[1px]\n"));
   EXPECT_TRUE(reads_as(u"a{color:red;''top:1px;left:2px}", u"[a] color=[red] left=[2px]\n"));
@@ -266,7 +262,7 @@ TEST(StylesheetReader, AnImportKeepsItsOpeningQuote) {
   EXPECT_TRUE(reads_as(u"@import url('a.css');", u"@['a.css']\n"));
 }
 
-TEST(StylesheetReader, FourUnitsOfAnImportAreDroppedWhateverTheyAre) {
+TEST(StylesheetReader, AnyFourUnitsOfAnImportAreDropped) {
   EXPECT_TRUE(reads_as(u"@import \"abcdefgh.css\";", u"@[defgh.css]\n"));
   EXPECT_TRUE(reads_as(u"@import 123456789", u"@[56789]\n"));
 }
@@ -319,14 +315,14 @@ TEST(StylesheetReader, TheEndUnitEndsTheText) {
 }
 
 TEST(StylesheetReader, TheEndUnitEndsTheTextOfAnOrdinaryStreamToo) {
-  Xport::xhtml_stylesheet sheet;
-  sheet.parse(std::make_unique<std::basic_istringstream<Xport::char16>>(u"a{}\uFFFF b{}"));
-  EXPECT_TRUE(same_units(test::listing(sheet), u"[a]\n"));
+  xhtml_stylesheet sheet;
+  sheet.parse(std::make_unique<std::basic_istringstream<char16>>(u"a{}\uFFFF b{}"));
+  EXPECT_TRUE(same_units(listing(sheet), u"[a]\n"));
 }
 
-// Texts that are never done with.
+// Texts whose reading never ends.
 
-TEST(StylesheetReader, ATextThatEndsWithinARuleIsNeverDoneWith) {
+TEST(StylesheetReader, ATextThatEndsWithinARuleIsNeverReadToItsEnd) {
   EXPECT_TRUE(reads_as(u"a { color: red;", u"endless"));
   EXPECT_TRUE(reads_as(u"a { color: red", u"endless"));
   EXPECT_TRUE(reads_as(u"a { color:", u"endless"));
@@ -337,14 +333,14 @@ TEST(StylesheetReader, ATextThatEndsWithinARuleIsNeverDoneWith) {
   EXPECT_TRUE(reads_as(u"a { x: red;", u"endless"));
 }
 
-TEST(StylesheetReader, AShortLastValueIsNeverDoneWith) {
+TEST(StylesheetReader, AShortLastValueIsNeverReadToItsEnd) {
   EXPECT_TRUE(reads_as(u"a { top: 0 }", u"endless"));
   EXPECT_TRUE(reads_as(u"a { top: 10; }", u"endless"));
   EXPECT_TRUE(reads_as(u"a { top: }", u"endless"));
   EXPECT_TRUE(reads_as(u"a { widows: 2; }", u"endless"));
 }
 
-TEST(StylesheetReader, WhatIsCompleteStaysWhereReadingGoesRound) {
+TEST(StylesheetReader, WhatIsCompleteStaysWhereReadingNeverEnds) {
   EXPECT_TRUE(reads_as(u"a{} /*k*/ @import url(a.css); b { /*l*/ ",
                        u"[a]\n/*[k]\n@[a.css]\n/*[l]\nendless"));
 }
@@ -352,9 +348,10 @@ TEST(StylesheetReader, WhatIsCompleteStaysWhereReadingGoesRound) {
 // Locales.
 
 TEST(StylesheetReader, WhiteSpaceIsWhatTheLocaleCallsSpaceOrBlank) {
-  const test::global_locale global(test::locale_with(L'_', std::ctype_base::blank));
+  const global_locale global(locale_with(L'_', std::ctype_base::blank));
   EXPECT_TRUE(reads_as(u"__a__{_color_:_red_;_top:_1px_}__/*__k__*/__@import__url(a.css);__b{}",
                        u"[a] color=[red] top=[1px]\n/*[k]\n@[a.css]\n[b]\n"));
 }
 
 }  // namespace
+}  // namespace test

@@ -4,19 +4,11 @@
 
 #include <cstdint>
 
-#include "tests/stylesheet/item_text.h"
+#include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using test::text_of;
-using Xport::css_property_id;
-using Xport::stylesheet_writer;
-using Xport::ustring;
-using Xport::xhtml_stylesheet_comment;
-using Xport::xhtml_stylesheet_import;
-using Xport::xhtml_stylesheet_rule;
 
 xhtml_stylesheet_rule h1() {
   xhtml_stylesheet_rule rule(u"h1");
@@ -25,7 +17,7 @@ xhtml_stylesheet_rule h1() {
 }
 
 TEST(StylesheetWriter, Defaults) {
-  Xport::ustring_stream stream;
+  ustring_stream stream;
   const stylesheet_writer writer(stream);
   EXPECT_TRUE(writer.rule_comment.empty());
   EXPECT_EQ(writer.spare, 0);
@@ -124,8 +116,8 @@ TEST(StylesheetWriter, OptionsDoNotTouchCommentsAndImports) {
   EXPECT_TRUE(same_units(text_of(xhtml_stylesheet_import(u"x"), set_up), u"@import url(x);\n"));
 }
 
-TEST(StylesheetWriter, AFailedStreamTakesNoText) {
-  Xport::ustring_stream stream;
+TEST(StylesheetWriter, AFailedStreamGetsNoText) {
+  ustring_stream stream;
   stream.setstate(std::ios_base::failbit);
   stylesheet_writer writer(stream);
   EXPECT_NO_THROW(h1().write(writer));
@@ -133,3 +125,4 @@ TEST(StylesheetWriter, AFailedStreamTakesNoText) {
 }
 
 }  // namespace
+}  // namespace test

@@ -4,20 +4,11 @@
 
 #include <memory>
 
-#include "tests/stylesheet/item_text.h"
+#include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::css_property_id;
-using Xport::stylesheet_iterator;
-using Xport::ustring;
-using Xport::xhtml_stylesheet;
-using Xport::xhtml_stylesheet_comment;
-using Xport::xhtml_stylesheet_import;
-using Xport::xhtml_stylesheet_item;
-using Xport::xhtml_stylesheet_rule;
 
 TEST(XhtmlStylesheet, StartsEmpty) {
   const xhtml_stylesheet sheet;
@@ -35,7 +26,7 @@ TEST(XhtmlStylesheet, KeepsTheOrder) {
   EXPECT_TRUE(same_units(all, u"cir"));
 }
 
-TEST(XhtmlStylesheet, AddItemGivesThePositionOfTheCopy) {
+TEST(XhtmlStylesheet, AddItemReturnsThePositionOfTheCopy) {
   xhtml_stylesheet sheet;
   for (int i = 0; i < 100; ++i) {
     const xhtml_stylesheet_rule rule(ustring(1, static_cast<char16_t>(u'!' + i)));
@@ -63,8 +54,8 @@ TEST(XhtmlStylesheet, ARuleMayBeChangedBetweenTwoCalls) {
   rule.erase_property(css_property_id::color);
   rule.push_declaration({css_property_id::top, u"0"});
   sheet.add_item(rule);
-  EXPECT_TRUE(same_units(test::text_of(sheet.begin()[0]), u"p { \n   color: red;\n}\n\n"));
-  EXPECT_TRUE(same_units(test::text_of(sheet.begin()[1]), u"p { \n   top: 0;\n}\n\n"));
+  EXPECT_TRUE(same_units(text_of(sheet.begin()[0]), u"p { \n   color: red;\n}\n\n"));
+  EXPECT_TRUE(same_units(text_of(sheet.begin()[1]), u"p { \n   top: 0;\n}\n\n"));
 }
 
 TEST(XhtmlStylesheet, ItsOwnItemMayBeAdded) {
@@ -79,7 +70,7 @@ TEST(XhtmlStylesheet, TheItemInTheSheetMayBeChanged) {
   xhtml_stylesheet sheet;
   const stylesheet_iterator added = sheet.add_item(xhtml_stylesheet_rule(u"p"));
   added->push_declaration({css_property_id::color, u"red"});
-  EXPECT_TRUE(same_units(test::text_of(*sheet.begin()), u"p { \n   color: red;\n}\n\n"));
+  EXPECT_TRUE(same_units(text_of(*sheet.begin()), u"p { \n   color: red;\n}\n\n"));
 }
 
 TEST(XhtmlStylesheet, ANeutralItemIsNotHeld) {
@@ -119,3 +110,4 @@ TEST(XhtmlStylesheet, DeletesItsItemsAndLeavesTheCallers) {
 }
 
 }  // namespace
+}  // namespace test

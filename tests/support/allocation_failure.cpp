@@ -21,8 +21,7 @@ void fail_allocation(std::size_t number) { countdown = number; }
 
 }  // namespace test
 
-// All forms that may meet are replaced, so that none is paired with one of a
-// sanitizer.
+// Replaces all forms, so that none of them is paired with one of a sanitizer.
 void* operator new(std::size_t bytes) {
   ++calls;
   if (countdown != 0 && --countdown == 0) throw std::bad_alloc();

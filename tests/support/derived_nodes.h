@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "tests/support/names.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/parser/xhtml_parser.h"
@@ -12,7 +13,7 @@
 
 namespace test {
 
-class derived_parser : public Xport::xhtml_parser {
+class derived_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
 };
@@ -35,7 +36,6 @@ class derived_leaf : public Leaf {
 /// A copy of `node`, a leaf or an element, with every node below it of a derived class,
 /// and itself too. For trees of little depth.
 inline std::unique_ptr<Xport::xhtml_markup> derived_copy(const Xport::xhtml_markup& node) {
-  using namespace Xport;
   switch (node.type()) {
     case node_type::pcdata:
       return std::make_unique<derived_leaf<xhtml_pcdata>>(static_cast<const xhtml_pcdata&>(node));

@@ -5,12 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/names.h"
+#include "tests/support/unit_bytes.h"
 #include "xport/stream/byte_file.h"
-#include "xport/text/char16.h"
 
 namespace test {
 
-/// What a fake_file was asked to do, and what it is to refuse. Outlives the file.
+/// What a fake_file was asked to do, and what it is to refuse. Must outlive the file.
 struct file_record {
   std::string bytes;                ///< what was written, failed writes left out
   std::vector<std::size_t> writes;  ///< the size of each write, failed ones too
@@ -20,17 +21,11 @@ struct file_record {
   bool fail_close = false;
 
   /// The bytes as code units, least significant byte first.
-  Xport::ustring units() const {
-    Xport::ustring text;
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
-      text += static_cast<Xport::char16>(static_cast<unsigned char>(bytes[i]) |
-                                         static_cast<unsigned char>(bytes[i + 1]) << 8);
-    return text;
-  }
+  ustring units() const { return units_of(bytes); }
 };
 
 /// A file in memory that can be told to fail.
-class fake_file : public Xport::byte_output {
+class fake_file : public byte_output {
  public:
   explicit fake_file(file_record& record) : record_(record) {}
   ~fake_file() override { ++record_.deaths; }

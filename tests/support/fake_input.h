@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/utf8.h"
+#include "tests/support/names.h"
+#include "tests/support/unit_bytes.h"
 #include "xport/stream/byte_file.h"
-#include "xport/text/char16.h"
 
 namespace test {
 
-/// What a fake_input gives, what it was asked for, and what it is to refuse. Outlives
+/// What a fake_input reads, what it was asked for, and what it is to refuse. Must outlive
 /// the file.
 struct input_record {
   std::string bytes;
@@ -22,9 +22,9 @@ struct input_record {
   bool fail_rewind = false;
 };
 
-/// A file in memory that is read and can be told to fail. A failing read gives nothing,
-/// and the one behind it what that should have given.
-class fake_input : public Xport::byte_input {
+/// A file in memory that is read and can be told to fail. A failing read returns nothing; the
+/// next one returns what it should have returned.
+class fake_input : public byte_input {
  public:
   explicit fake_input(input_record& record) : record_(record) {}
   ~fake_input() override { ++record_.deaths; }

@@ -11,6 +11,8 @@
 
 #include "platform/file_system.h"
 #include "platform/url_opener.h"
+#include "tests/support/names.h"
+#include "tests/support/unit_bytes.h"
 #include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 
@@ -27,51 +29,51 @@ class memory_files : public platform::file_system {
  public:
   struct call {
     file_call what;
-    Xport::ustring path;
+    ustring path;
 
     friend bool operator==(const call&, const call&) = default;
   };
 
-  bool exists(const Xport::ustring& path) override {
+  bool exists(const ustring& path) override {
     if (note(file_call::exists, path)) return false;
     return is_there(plain(path));
   }
 
-  platform::folder_result create_directory(const Xport::ustring& path) override {
+  platform::folder_result create_directory(const ustring& path) override {
     using platform::folder_result;
     if (note(file_call::create, path)) return folder_result::failed;
-    const Xport::ustring name = plain(path);
+    const ustring name = plain(path);
     if (is_there(name)) return folder_result::already_exists;
     if (!parent_is_there(name)) return folder_result::failed;
     folders.insert(name);
     return folder_result::created;
   }
 
-  std::unique_ptr<Xport::byte_output> open_for_writing(const Xport::ustring& path) override {
+  std::unique_ptr<byte_output> open_for_writing(const ustring& path) override {
     if (note(file_call::open, path)) return nullptr;
-    const Xport::ustring name = plain(path);
+    const ustring name = plain(path);
     if (folders.count(name) != 0 || !parent_is_there(name)) return nullptr;
     contents[name].clear();
     ++open_files;
     return std::make_unique<output>(*this, path);
   }
 
-  std::unique_ptr<Xport::byte_input> open_for_reading(const Xport::ustring& path) override {
+  std::unique_ptr<byte_input> open_for_reading(const ustring& path) override {
     if (note(file_call::open_for_reading, path) || !is_file(path)) return nullptr;
     ++open_files;
     return std::make_unique<input>(*this, path);
   }
 
-  bool is_file(const Xport::ustring& path) override { return contents.count(plain(path)) != 0; }
+  bool is_file(const ustring& path) override { return contents.count(plain(path)) != 0; }
 
-  bool copy_file(const Xport::ustring& source, const Xport::ustring& target) override {
+  bool copy_file(const ustring& source, const ustring& target) override {
     if (!is_file(source) || !parent_is_there(plain(target)) || plain(source) == plain(target))
       return false;
     contents[plain(target)] = contents[plain(source)];
     return true;
   }
 
-  bool remove_file(const Xport::ustring& path) override { return contents.erase(plain(path)) != 0; }
+  bool remove_file(const ustring& path) override { return contents.erase(plain(path)) != 0; }
 
   /// Fails the `number`th call of `what` from now on, the next one being 1.
   void fail(file_call what, std::size_t number) { failing_at(what) = number; }
@@ -88,23 +90,16 @@ class memory_files : public platform::file_system {
   }
 
   /// The file's bytes as code units, least significant byte first.
-  Xport::ustring units(const Xport::ustring& path) const {
-    const std::string& bytes = contents.at(plain(path));
-    Xport::ustring text;
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
-      text.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                           static_cast<unsigned char>(bytes[i + 1]) << 8));
-    return text;
-  }
+  ustring units(const ustring& path) const { return units_of(contents.at(plain(path))); }
 
   std::vector<call> calls;
-  std::map<Xport::ustring, std::string> contents;  ///< by path, with single separators
-  std::set<Xport::ustring> folders;
+  std::map<ustring, std::string> contents;  ///< by path, with single separators
+  std::set<ustring> folders;
   std::size_t open_files = 0;  ///< files that were opened and not yet closed
 
   /// `path` with forward slashes, single ones, and none at its end.
-  static Xport::ustring plain(const Xport::ustring& path) {
-    Xport::ustring name;
+  static ustring plain(const ustring& path) {
+    ustring name;
     for (const char16_t unit : path) {
       const bool separator = unit == u'/' || unit == u'\\';
       if (!separator)
@@ -117,9 +112,9 @@ class memory_files : public platform::file_system {
   }
 
  private:
-  class output final : public Xport::byte_output {
+  class output final : public byte_output {
    public:
-    output(memory_files& files, const Xport::ustring& path) : files_(files), path_(path) {}
+    output(memory_files& files, const ustring& path) : files_(files), path_(path) {}
     ~output() override {
       if (!closed_) --files_.open_files;
     }
@@ -136,14 +131,14 @@ class memory_files : public platform::file_system {
 
    private:
     memory_files& files_;
-    Xport::ustring path_;
+    ustring path_;
     bool closed_ = false;
   };
 
   // Sees what is written to the file meanwhile.
-  class input final : public Xport::byte_input {
+  class input final : public byte_input {
    public:
-    input(memory_files& files, const Xport::ustring& path) : files_(files), path_(path) {}
+    input(memory_files& files, const ustring& path) : files_(files), path_(path) {}
     ~input() override { --files_.open_files; }
     std::size_t read(void* bytes, std::size_t size) override {
       if (files_.note(file_call::read, path_)) return 0;
@@ -161,27 +156,27 @@ class memory_files : public platform::file_system {
 
    private:
     memory_files& files_;
-    Xport::ustring path_;
+    ustring path_;
     std::size_t at_ = 0;
   };
 
   std::size_t& failing_at(file_call what) { return failing_[static_cast<std::size_t>(what)]; }
 
   // Whether the call is one that has to fail.
-  bool note(file_call what, const Xport::ustring& path) {
+  bool note(file_call what, const ustring& path) {
     calls.push_back({what, path});
     if (always_.count(what) != 0) return true;
     std::size_t& left = failing_at(what);
     return left != 0 && --left == 0;
   }
 
-  bool is_there(const Xport::ustring& name) const {
+  bool is_there(const ustring& name) const {
     return name.empty() || folders.count(name) != 0 || contents.count(name) != 0;
   }
 
-  bool parent_is_there(const Xport::ustring& name) const {
+  bool parent_is_there(const ustring& name) const {
     const std::size_t separator = name.rfind(u'/');
-    return separator == Xport::ustring::npos || separator == 0 ||
+    return separator == ustring::npos || separator == 0 ||
            folders.count(name.substr(0, separator)) != 0;
   }
 
@@ -192,9 +187,9 @@ class memory_files : public platform::file_system {
 /// Notes the URLs and opens nothing.
 class recording_opener : public platform::url_opener {
  public:
-  void open(const Xport::ustring& url) override { urls.push_back(url); }
+  void open(const ustring& url) override { urls.push_back(url); }
 
-  std::vector<Xport::ustring> urls;
+  std::vector<ustring> urls;
 };
 
 }  // namespace test

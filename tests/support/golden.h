@@ -19,16 +19,15 @@ namespace test {
 /// Whether two texts are equal unit by unit. If not, the message names the line and
 /// the column, counted from 1 in units, of the first difference and shows what stands
 /// around it in both.
-inline testing::AssertionResult same_units(Xport::ustring_view actual,
-                                           Xport::ustring_view expected) {
+inline testing::AssertionResult same_units(ustring_view actual, ustring_view expected) {
   if (actual == expected) return testing::AssertionSuccess();
   const auto differ = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
   const auto at = static_cast<std::size_t>(differ.first - actual.begin());
-  const Xport::ustring_view before = actual.substr(0, at);
+  const ustring_view before = actual.substr(0, at);
   const auto line = std::count(before.begin(), before.end(), u'\n') + 1;
   const std::size_t column = at - (before.rfind(u'\n') + 1) + 1;  // npos + 1 is 0
   const std::size_t from = at < 60 ? 0 : at - 60;
-  const auto surroundings = [from, at](Xport::ustring_view text) {
+  const auto surroundings = [from, at](ustring_view text) {
     return printable(text.substr(from, at - from)) + "[here]" +
            (at < text.size() ? printable(text.substr(at, 60)) : "(end of text)");
   };
@@ -42,7 +41,7 @@ inline testing::AssertionResult same_units(Xport::ustring_view actual,
 /// Whether `text` is the file `name` of the folder tests/data, which holds it in UTF-8
 /// without a byte-order mark. With VELLOMARK_REWRITE_GOLDEN=1 in the environment the
 /// file is written anew and the test fails, so that the change is reviewed by diff.
-inline testing::AssertionResult is_golden(Xport::ustring_view text, const std::string& name) {
+inline testing::AssertionResult is_golden(ustring_view text, const std::string& name) {
   const std::string path = std::string(VELLOMARK_TEST_DATA "/") + name;
   const char* const rewrite = std::getenv("VELLOMARK_REWRITE_GOLDEN");
   if (rewrite != nullptr && std::string(rewrite) == "1") {

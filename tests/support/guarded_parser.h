@@ -1,25 +1,25 @@
 #ifndef TESTS_SUPPORT_GUARDED_PARSER_H
 #define TESTS_SUPPORT_GUARDED_PARSER_H
 
+#include "tests/support/names.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/text/char16.h"
 
 namespace test {
 
-/// Whether reading `text` as a stylesheet is never done with.
-bool is_endless_stylesheet(Xport::ustring_view text);
+/// Whether reading `text` as a stylesheet never ends.
+bool is_endless_stylesheet(ustring_view text);
 
 /// A parser that comes to an end on every page: a text in `style` whose reading as a stylesheet
-/// would go round for ever goes into the tree as it stands. All else is as in xhtml_parser.
-class guarded_parser : public Xport::xhtml_parser {
+/// would never end is added to the tree as it stands. All else is as in xhtml_parser.
+class guarded_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
 
   /// Whether there was such a text.
   bool met_endless() const { return met_endless_; }
 
-  Xport::xhtml_markup* read_pcdata(Xport::xhtml_markup* parent,
-                                   const Xport::ustring& prefix) override;
+  xhtml_markup* read_pcdata(xhtml_markup* parent, const ustring& prefix) override;
 
  private:
   bool met_endless_ = false;

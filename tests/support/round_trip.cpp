@@ -16,14 +16,7 @@
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {
-
 namespace {
-
-using Xport::char16;
-using Xport::node_type;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
 
 // Units of a page that stand in a message.
 constexpr std::size_t most_shown = 10'000;
@@ -42,11 +35,11 @@ const char* text_exemption(ustring_view text, tag_id parent) {
     if (unit == u'"' && !single) quoted = !quoted;
     if (unit == u'\'' && !quoted && parent == tag_id::script) single = !single;
   }
-  if (quoted || single) return "a quote that isn't closed hides the tags behind it";
+  if (quoted || single) return "a quote that isn't closed hides the tags after it";
   return nullptr;
 }
 
-const char* leaf_exemption(const Xport::text_leaf& leaf) {
+const char* leaf_exemption(const text_leaf& leaf) {
   const ustring_view text = leaf.text();
   if (leaf.type() == node_type::comment && holds(text, u"-->"))
     return "nothing is escaped: a comment ends at the first end in it";
@@ -56,13 +49,12 @@ const char* leaf_exemption(const Xport::text_leaf& leaf) {
   return nullptr;
 }
 
-const char* element_exemption(const Xport::xhtml_element& element,
-                              const round_trip_options& options) {
+const char* element_exemption(const xhtml_element& element, const round_trip_options& options) {
   const char16 quote = options.double_quotes ? u'"' : u'\'';
   for (const auto& [id, value] : *element.attributes()) {
     if (value.find(quote) != value.npos)
       return "nothing is escaped: a value ends at the first quote in it";
-    const ustring_view name = Xport::xhtml_strict::attribute_name(id);
+    const ustring_view name = xhtml_strict::attribute_name(id);
     if (name == u"style")
       return "a style attribute that was read as an attribute, since its name was in capitals, "
              "is written in small letters and read as an inline style";
@@ -79,8 +71,8 @@ const char* element_exemption(const Xport::xhtml_element& element,
   return nullptr;
 }
 
-// The texts that stand together from `at` on, behind which `at` is put.
-ustring joined_texts(Xport::const_markup_iterator& at, int& count) {
+// The neighbouring texts from `at` on. Moves `at` past them.
+ustring joined_texts(const_markup_iterator& at, int& count) {
   ustring text;
   for (; at.cell() != nullptr && at->type() == node_type::pcdata; ++at) {
     const ustring_view part = at->as_text()->text();
@@ -90,16 +82,15 @@ ustring joined_texts(Xport::const_markup_iterator& at, int& count) {
   return text;
 }
 
-const char* child_list_exemption(const Xport::xhtml_element& parent,
-                                 const round_trip_options& options) {
-  for (Xport::const_markup_iterator at = parent.begin(); at.cell() != nullptr;) {
+const char* child_list_exemption(const xhtml_element& parent, const round_trip_options& options) {
+  for (const_markup_iterator at = parent.begin(); at.cell() != nullptr;) {
     if (at->type() == node_type::pcdata) {
       int count = 0;
       const ustring text = joined_texts(at, count);
       if (parent.tag() == tag_id::pre) continue;
       if (parent.tag() == tag_id::style && holds(text, u"\""))
         return "a quote in a style text may be lost, and one that isn't closed hides the tags "
-               "behind it";
+               "after it";
       if (const char* const why = text_exemption(text, parent.tag())) return why;
       if (options.normalize_text && count > 1 && holds(text, u"&"))
         return "a reference may come into being where two texts become one";
@@ -112,9 +103,9 @@ const char* child_list_exemption(const Xport::xhtml_element& parent,
   return nullptr;
 }
 
-ustring page_of(const Xport::xhtml_element& root, const round_trip_options& options) {
-  Xport::ustring_stream stream;
-  Xport::xhtml_writer writer(stream);
+ustring page_of(const xhtml_element& root, const round_trip_options& options) {
+  ustring_stream stream;
+  xhtml_writer writer(stream);
   writer.double_quotes = options.double_quotes;
   writer.spaced_equals = options.spaced_equals;
   writer.max_line_length = options.max_line_length;
@@ -123,32 +114,31 @@ ustring page_of(const Xport::xhtml_element& root, const round_trip_options& opti
   return u"\uFEFF" + stream.str();
 }
 
-void read_page(const ustring& page, Xport::xhtml_doc& doc, const round_trip_options& options) {
+void read_page(const ustring& page, xhtml_doc& doc, const round_trip_options& options) {
   std::basic_istringstream<char16> stream(page);
   guarded_parser parser(&stream);
   parser.normalize_text = options.normalize_text;
   parser.preserve_newlines = options.preserve_newlines;
-  Xport::parse_page(parser, *doc.root());
+  parse_page(parser, *doc.root());
 }
 
 bool begins_with_zero(const ustring& page) {
-  const ustring_view text = Xport::character_classes().trim(ustring_view(page).substr(1));
+  const ustring_view text = character_classes().trim(ustring_view(page).substr(1));
   return text.starts_with(u'\0');
 }
 
 }  // namespace
 
-const char* round_trip_exemption(const Xport::xhtml_element& root,
-                                 const round_trip_options& options) {
+const char* round_trip_exemption(const xhtml_element& root, const round_trip_options& options) {
   if (begins_with_zero(page_of(root, options)))
-    return "a zero behind the mark of little-endian pages is taken for the rest of a mark";
-  const Xport::xhtml_element* parent = &root;
+    return "a zero after the mark of little-endian pages is read as the rest of a mark";
+  const xhtml_element* parent = &root;
   while (true) {
     if (const char* const why = element_exemption(*parent, options)) return why;
     if (const char* const why = child_list_exemption(*parent, options)) return why;
     // The next element in document order.
-    Xport::const_markup_iterator at = parent->begin();
-    const Xport::xhtml_element* next = nullptr;
+    const_markup_iterator at = parent->begin();
+    const xhtml_element* next = nullptr;
     while (next == nullptr) {
       for (; at.cell() != nullptr; ++at)
         if (at->type() == node_type::element) break;
@@ -156,7 +146,7 @@ const char* round_trip_exemption(const Xport::xhtml_element& root,
         next = at.cell()->as_element();
       } else {
         if (parent == &root) return nullptr;
-        at = ++Xport::const_markup_iterator(parent, parent->parent());
+        at = ++const_markup_iterator(parent, parent->parent());
         parent = parent->parent()->as_element();
       }
     }
@@ -164,7 +154,7 @@ const char* round_trip_exemption(const Xport::xhtml_element& root,
   }
 }
 
-std::string round_trip_fault(const Xport::xhtml_element& root, const round_trip_options& options) {
+std::string round_trip_fault(const xhtml_element& root, const round_trip_options& options) {
   const bool exempt = round_trip_exemption(root, options) != nullptr;
   outline_form first_form;
   first_form.space = options.max_line_length != 0 ? outline_space::none : outline_space::at_breaks;
@@ -173,16 +163,16 @@ std::string round_trip_fault(const Xport::xhtml_element& root, const round_trip_
   outline_form later_form;
   later_form.hides_style = true;
 
-  const Xport::xhtml_element* before = &root;
-  std::vector<std::unique_ptr<Xport::xhtml_doc>> docs;
-  // Lines that are wrapped may be so elsewhere when a blank has come or gone: there the texts
+  const xhtml_element* before = &root;
+  std::vector<std::unique_ptr<xhtml_doc>> docs;
+  // Where a blank was added or lost, lines may be wrapped at other places: there the texts
   // don't settle.
   const int rounds = options.max_line_length != 0 ? 2 : 4;
   for (int round = 1; round <= rounds; ++round) {
-    docs.push_back(std::make_unique<Xport::xhtml_doc>(0));
+    docs.push_back(std::make_unique<xhtml_doc>(0));
     const ustring page = page_of(*before, options);
     read_page(page, *docs.back(), options);
-    const Xport::xhtml_element& after = *docs.back()->root();
+    const xhtml_element& after = *docs.back()->root();
     std::string fault;
     if (const auto intact = is_intact(after); !intact) fault = intact.message();
     if (fault.empty() && round == 1 && !exempt)

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "tests/support/names.h"
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/char16.h"
 
@@ -21,16 +22,15 @@ struct round_trip_options {
 
 /// The rule of the writer or the reader by which the tree that was read into `root` needn't
 /// come out of its own page again; null if there is none and it must.
-const char* round_trip_exemption(const Xport::xhtml_element& root,
-                                 const round_trip_options& options);
+const char* round_trip_exemption(const xhtml_element& root, const round_trip_options& options);
 
 /// Writes the tree below `root`, a document's root that a page was read into, reads what was
-/// written, and so on a few times. Gives what is wrong, empty if nothing is:
+/// written, and so on a few times. Returns what is wrong, empty if nothing is:
 /// - each tree that is read is intact;
 /// - without an exemption the first of them is that of `root` but for white space next to
 ///   tags and in comments, and for style texts, which are rewritten each time;
 /// - without an exemption the fourth is the third, white space included.
-std::string round_trip_fault(const Xport::xhtml_element& root, const round_trip_options& options);
+std::string round_trip_fault(const xhtml_element& root, const round_trip_options& options);
 
 }  // namespace test
 

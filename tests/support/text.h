@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 
+#include "tests/support/names.h"
 #include "xport/markup/xhtml_markup.h"
 #include "xport/markup/xhtml_writer.h"
 #include "xport/stream/ustring_stream.h"
@@ -12,8 +14,8 @@
 
 namespace test {
 
-/// A text for the eyes: ASCII as it is, other units as \uXXXX.
-inline std::string printable(Xport::ustring_view text) {
+/// A text for messages: ASCII as it is, other units as \uXXXX.
+inline std::string printable(ustring_view text) {
   static const char hex[] = "0123456789ABCDEF";
   std::string out;
   for (const std::uint32_t unit : text) {
@@ -27,10 +29,17 @@ inline std::string printable(Xport::ustring_view text) {
   return out;
 }
 
-/// What a fresh writer with the default options makes of `node`.
-inline Xport::ustring written(const Xport::xhtml_markup& node) {
-  Xport::ustring_stream stream;
-  Xport::xhtml_writer writer(stream);
+/// The lines, each followed by a line feed.
+inline ustring lines(std::initializer_list<ustring_view> all) {
+  ustring text;
+  for (const ustring_view line : all) (text += line) += u'\n';
+  return text;
+}
+
+/// What a writer with the default options writes for `node`.
+inline ustring written(const xhtml_markup& node) {
+  ustring_stream stream;
+  xhtml_writer writer(stream);
   node.write(writer);
   return stream.str();
 }

@@ -14,16 +14,16 @@ namespace test {
 
 namespace detail {
 
-inline std::string name_of(const Xport::xhtml_markup& node) {
+inline std::string name_of(const xhtml_markup& node) {
   return "node of kind " + std::to_string(node.node_kind()) + " \"" + printable(node.tag_name()) +
          "\"";
 }
 
 /// What is wrong with the child list of `node`, empty if nothing is.
-inline std::string child_list_fault(const Xport::xhtml_markup& node) {
-  std::vector<const Xport::xhtml_markup*> children;
+inline std::string child_list_fault(const xhtml_markup& node) {
+  std::vector<const xhtml_markup*> children;
   for (auto at = node.begin(); at != node.end(); ++at) {
-    const Xport::xhtml_markup& child = *at;
+    const xhtml_markup& child = *at;
     if (at.owner() != &node) return "a position has another owner";
     if (child.parent() != &node) return "a child has another parent: " + name_of(child);
     if (child.is_end_tag()) return "an end tag is a child";
@@ -57,7 +57,7 @@ std::string map_fault(const Map& map) {
   return {};
 }
 
-inline std::string node_fault(const Xport::xhtml_markup& node) {
+inline std::string node_fault(const xhtml_markup& node) {
   std::string fault = child_list_fault(node);
   if (fault.empty() && node.attributes() != nullptr) fault = map_fault(*node.attributes());
   if (fault.empty() && node.style_properties() != nullptr)
@@ -71,17 +71,17 @@ inline std::string node_fault(const Xport::xhtml_markup& node) {
 /// may stand there, both walks along a child list agree, the list is a circle
 /// through its end, no end tag is in it, and the maps are in order. Uses the
 /// public operations only. Any depth will do.
-inline ::testing::AssertionResult is_intact(const Xport::xhtml_markup& top) {
-  const Xport::xhtml_markup* node = &top;
+inline ::testing::AssertionResult is_intact(const xhtml_markup& top) {
+  const xhtml_markup* node = &top;
   while (true) {
     const std::string fault = detail::node_fault(*node);
     if (!fault.empty())
       return ::testing::AssertionFailure() << "in " << detail::name_of(*node) << ": " << fault;
-    Xport::const_markup_iterator next = node->begin();
+    const_markup_iterator next = node->begin();
     while (next.cell() == nullptr) {
       if (node == &top) return ::testing::AssertionSuccess();
-      const Xport::xhtml_markup* const parent = node->parent();
-      next = ++Xport::const_markup_iterator(node, parent);
+      const xhtml_markup* const parent = node->parent();
+      next = ++const_markup_iterator(node, parent);
       node = parent;
     }
     node = next.cell();

@@ -10,16 +10,63 @@
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {
-
 namespace {
 
-using Xport::node_type;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_strict;
+std::string start_of(const xhtml_element& element) {
+  std::string text = printable(element.tag_name());
+  std::string attributes;
+  for (const auto& [id, value] : *element.attributes())
+    attributes += (attributes.empty() ? "" : " ") + printable(xhtml_strict::attribute_name(id)) +
+                  "=\"" + printable(value) + "\"";
+  if (!attributes.empty()) text += "[" + attributes + "]";
+  std::string style;
+  for (const auto& [id, value] : *element.style_properties())
+    style += printable(xhtml_strict::css_property_name(id)) + ":" + printable(value) + ";";
+  if (!style.empty()) text += "{" + style + "}";
+  return text;
+}
 
-ustring start_line(const Xport::xhtml_element& element, const outline_form& form) {
+std::string one_node(const xhtml_markup& node, bool with_attributes) {
+  if (node.type() == node_type::element && with_attributes) return start_of(*node.as_element());
+  if (node.as_text() == nullptr) return printable(node.tag_name());
+  const std::string text = printable(node.as_text()->text());
+  switch (node.type()) {
+    case node_type::doctype:
+      return "!" + text + "!";
+    case node_type::comment:
+      return "#" + text + "#";
+    case node_type::processing_instruction:
+      return "?" + text + "?";
+    default:
+      return "'" + text + "'";
+  }
+}
+
+std::string children_of(const xhtml_markup& node, bool with_attributes) {
+  std::string text;
+  const xhtml_markup* parent = &node;
+  const_markup_iterator at = node.begin();
+  while (true) {
+    if (at.cell() == nullptr) {
+      if (parent == &node) return text;
+      text += ")";
+      at = ++const_markup_iterator(parent, parent->parent());
+      parent = parent->parent();
+      continue;
+    }
+    if (at != parent->begin()) text += " ";
+    text += one_node(*at, with_attributes);
+    if (at->begin().cell() == nullptr) {
+      ++at;
+      continue;
+    }
+    text += "(";
+    parent = at.cell();
+    at = parent->begin();
+  }
+}
+
+ustring start_line(const xhtml_element& element, const outline_form& form) {
   ustring line = u"<" + element.tag_name();
   for (const auto& [id, value] : *element.attributes())
     line.append(u" ").append(xhtml_strict::attribute_name(id)).append(u"=[").append(value) += u"]";
@@ -34,7 +81,7 @@ ustring start_line(const Xport::xhtml_element& element, const outline_form& form
 // `text` with the white space that `space` says.
 ustring with_space(ustring_view text, outline_space space) {
   if (space == outline_space::exact) return ustring(text);
-  const Xport::character_classes classes;
+  const character_classes classes;
   text = classes.trim(text);
   ustring result;
   for (std::size_t i = 0; i < text.size();) {
@@ -58,15 +105,15 @@ class outliner {
  public:
   explicit outliner(const outline_form& form) : form_(form) {}
 
-  std::vector<ustring> run(const Xport::xhtml_markup& top) {
-    const Xport::xhtml_markup* parent = &top;
-    Xport::const_markup_iterator at = top.begin();
+  std::vector<ustring> run(const xhtml_markup& top) {
+    const xhtml_markup* parent = &top;
+    const_markup_iterator at = top.begin();
     while (true) {
       if (at.cell() == nullptr) {
         end_text(parent->tag());
         if (parent == &top) return std::move(lines_);
         lines_.push_back(u"/");
-        at = ++Xport::const_markup_iterator(parent, parent->parent());
+        at = ++const_markup_iterator(parent, parent->parent());
         parent = parent->parent();
       } else if (at->type() == node_type::element) {
         end_text(parent->tag());
@@ -81,7 +128,7 @@ class outliner {
   }
 
  private:
-  void add_leaf(const Xport::text_leaf& leaf, tag_id parent) {
+  void add_leaf(const text_leaf& leaf, tag_id parent) {
     if (leaf.type() == node_type::pcdata) {
       text_ += leaf.text();
       if (!form_.joins_texts) end_text(parent, true);
@@ -118,7 +165,16 @@ class outliner {
 
 }  // namespace
 
-std::vector<ustring> outline_of(const Xport::xhtml_markup& top, const outline_form& form) {
+std::string bare_outline(const xhtml_markup& node) {
+  const std::string children = children_of(node, false);
+  return one_node(node, false) + (children.empty() ? "" : "(" + children + ")");
+}
+
+std::string outline_of_one(const xhtml_markup& node) { return one_node(node, true); }
+
+std::string outline_of_children(const xhtml_markup& node) { return children_of(node, true); }
+
+std::vector<ustring> outline_of(const xhtml_markup& top, const outline_form& form) {
   return outliner(form).run(top);
 }
 

@@ -4,10 +4,23 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/names.h"
 #include "xport/markup/xhtml_markup.h"
 #include "xport/text/char16.h"
 
 namespace test {
+
+/// The children of `node` in a line, with blanks between them: elements by name, their attributes
+/// in ascending number as [name="value" ...], their style as {name:value;...}, and their children
+/// in brackets; texts as 'text', comments as #text#, instructions as ?text?, doctypes as !text!,
+/// other nodes by tag_name(). Units as printable() shows them. Any depth will do.
+std::string outline_of_children(const xhtml_markup& node);
+
+/// `node` alone as it stands in such a line.
+std::string outline_of_one(const xhtml_markup& node);
+
+/// `node` and what is below it in such a line, without attributes and styles.
+std::string bare_outline(const xhtml_markup& node);
 
 /// How much of the white space in texts and comments an outline shows.
 enum class outline_space {
@@ -30,12 +43,11 @@ struct outline_form {
 /// A tree in document order, to compare it with another one: a line for each start of an
 /// element with its attributes, each leaf and each end of an element. Without `top` itself.
 /// Any depth will do.
-std::vector<Xport::ustring> outline_of(const Xport::xhtml_markup& top,
-                                       const outline_form& form = {});
+std::vector<ustring> outline_of(const xhtml_markup& top, const outline_form& form = {});
 
 /// The first difference of two outlines, empty if there is none.
-std::string outline_difference(const std::vector<Xport::ustring>& actual,
-                               const std::vector<Xport::ustring>& expected);
+std::string outline_difference(const std::vector<ustring>& actual,
+                               const std::vector<ustring>& expected);
 
 }  // namespace test
 

@@ -1,45 +1,130 @@
 #ifndef TESTS_SUPPORT_UNIT_BUFFERS_H
 #define TESTS_SUPPORT_UNIT_BUFFERS_H
 
+#include <algorithm>
 #include <cstddef>
+#include <ios>
+#include <memory>
 #include <stdexcept>
 #include <streambuf>
 #include <utility>
 
+#include "tests/support/names.h"
+#include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
+
+// Stream buffers on a text that readers find hard to read.
 
 namespace test {
 
-using unit_buffer = std::basic_streambuf<Xport::char16>;
+using unit_buffer = std::basic_streambuf<char16>;
 
-/// A stream buffer on a text that has one unit at hand at a time.
-class one_unit_buffer : public unit_buffer {
+/// Has at most `at_once` units of its text at hand at a time, each time in fresh memory, so that
+/// a look past them is a look at freed memory. It can be positioned anywhere, unless it is to be
+/// like a pipe.
+class dribble_buffer : public unit_buffer {
  public:
-  explicit one_unit_buffer(Xport::ustring text) : text_(std::move(text)) {}
+  explicit dribble_buffer(ustring_view text, std::size_t at_once = static_cast<std::size_t>(-1),
+                          bool can_seek = true)
+      : text_(text), at_once_(at_once), can_seek_(can_seek) {}
 
   /// The units that were moved over.
   std::size_t taken() const { return shown_ - static_cast<std::size_t>(egptr() - gptr()); }
 
+  /// The units that are still to be read.
+  ustring_view rest() const { return ustring_view(text_).substr(taken()); }
+
  protected:
+  /// What a look at the end of the text returns.
+  virtual int_type at_end() { return traits_type::eof(); }
+
   int_type underflow() override {
-    if (gptr() == egptr()) {
-      if (shown_ == text_.size()) return traits_type::eof();
-      char_type* const unit = text_.data() + shown_++;
-      setg(unit, unit, unit + 1);
-    }
+    // A unit U+FFFF at hand reads like the end, and stays.
+    if (gptr() != egptr()) return traits_type::to_int_type(*gptr());
+    const std::size_t count = std::min(at_once_, text_.size() - shown_);
+    if (count == 0) return at_end();
+    piece_ = std::make_unique<char16[]>(count);
+    std::copy_n(text_.begin() + static_cast<std::ptrdiff_t>(shown_), count, piece_.get());
+    shown_ += count;
+    setg(piece_.get(), piece_.get(), piece_.get() + count);
     return traits_type::to_int_type(*gptr());
   }
 
+  pos_type seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode) override {
+    if (from == std::ios_base::cur) offset += static_cast<off_type>(taken());
+    if (from == std::ios_base::end) offset += static_cast<off_type>(text_.size());
+    if (!can_seek_ || offset < 0 || offset > static_cast<off_type>(text_.size()))
+      return off_type(-1);
+    shown_ = static_cast<std::size_t>(offset);
+    setg(nullptr, nullptr, nullptr);
+    return offset;
+  }
+
+  pos_type seekpos(pos_type position, std::ios_base::openmode mode) override {
+    return seekoff(position, std::ios_base::beg, mode);
+  }
+
  private:
-  Xport::ustring text_;
+  const ustring text_;
+  const std::size_t at_once_;
+  const bool can_seek_;
   std::size_t shown_ = 0;
+  std::unique_ptr<char16[]> piece_;
 };
 
-/// A stream buffer on a text that has nothing at hand: it is asked for each unit. Unlike
-/// the standard library's it answers with U+FFFF for a unit of that value.
+/// Has one unit at hand at a time.
+class one_unit_buffer : public dribble_buffer {
+ public:
+  explicit one_unit_buffer(ustring_view text) : dribble_buffer(text, 1, false) {}
+};
+
+/// What a raising_buffer throws.
+struct input_broke : std::runtime_error {
+  input_broke() : std::runtime_error("the input broke") {}
+};
+
+/// Throws input_broke at the end of its text.
+class raising_buffer : public dribble_buffer {
+ public:
+  explicit raising_buffer(ustring_view text, std::size_t at_once = static_cast<std::size_t>(-1),
+                          bool can_seek = false)
+      : dribble_buffer(text, at_once, can_seek) {}
+
+ protected:
+  int_type at_end() override { throw input_broke(); }
+};
+
+/// What a counting_end_buffer throws. Not of a standard type, so that no other exception is
+/// mistaken for it.
+struct looked_too_often {};
+
+/// Counts the looks at the end of its text and throws looked_too_often when there were more than
+/// a limit: the reader never returns. U+FFFF ends the text, as it does for every reader.
+class counting_end_buffer : public dribble_buffer {
+ public:
+  explicit counting_end_buffer(ustring_view text, std::size_t limit = 1'000'000,
+                               std::size_t at_once = static_cast<std::size_t>(-1))
+      : dribble_buffer(text.substr(0, text.find(end_unit)), at_once), limit_(limit) {}
+
+  /// The looks at the end so far.
+  std::size_t looks() const { return looks_; }
+
+ protected:
+  int_type at_end() override {
+    if (++looks_ > limit_) throw looked_too_often();
+    return traits_type::eof();
+  }
+
+ private:
+  const std::size_t limit_;
+  std::size_t looks_ = 0;
+};
+
+/// Has nothing at hand: it is asked for each unit. Unlike the standard library's buffers it
+/// returns U+FFFF for a unit of that value.
 class unbuffered_buffer : public unit_buffer {
  public:
-  explicit unbuffered_buffer(Xport::ustring text) : text_(std::move(text)) {}
+  explicit unbuffered_buffer(ustring text) : text_(std::move(text)) {}
 
   /// The units that were moved over.
   std::size_t taken() const { return taken_; }
@@ -55,30 +140,8 @@ class unbuffered_buffer : public unit_buffer {
   }
 
  private:
-  Xport::ustring text_;
+  const ustring text_;
   std::size_t taken_ = 0;
-};
-
-/// What a raising_buffer raises.
-struct input_broke : std::runtime_error {
-  input_broke() : std::runtime_error("the input broke") {}
-};
-
-/// A stream buffer on a text that raises input_broke behind it.
-class raising_buffer : public unit_buffer {
- public:
-  explicit raising_buffer(Xport::ustring text) : text_(std::move(text)) {
-    setg(text_.data(), text_.data(), text_.data() + text_.size());
-  }
-
- protected:
-  int_type underflow() override {
-    if (gptr() == egptr()) throw input_broke();
-    return traits_type::to_int_type(*gptr());
-  }
-
- private:
-  Xport::ustring text_;
 };
 
 }  // namespace test

@@ -9,12 +9,8 @@
 #include "tests/support/golden.h"
 #include "tests/support/locale.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::char16;
-using Xport::character_classes;
-using Xport::to_lower;
 
 // Makes a locale the global one, for the C library too, and puts the old one back.
 class CharacterClass : public testing::Test {
@@ -65,20 +61,20 @@ TEST_F(CharacterClass, TheLocaleIsThatOfTheConstruction) {
   EXPECT_FALSE(character_classes().is_space(u'\u3000'));
 }
 
-TEST_F(CharacterClass, ALocaleTakesTheGlobalOnesPlaceAtConstruction) {
-  const std::locale more_space = test::locale_with(L'x', std::ctype_base::space);
+TEST_F(CharacterClass, ALocaleReplacesTheGlobalOneAtConstruction) {
+  const std::locale more_space = locale_with(L'x', std::ctype_base::space);
   EXPECT_TRUE(character_classes(more_space).is_space(u'x'));
   EXPECT_FALSE(character_classes(more_space).is_alnum(u'x'));
   EXPECT_FALSE(character_classes().is_space(u'x'));
 
-  const test::global_locale global(more_space);
+  const global_locale global(more_space);
   EXPECT_TRUE(character_classes().is_space(u'x'));
   EXPECT_FALSE(character_classes(std::locale::classic()).is_space(u'x'));
   EXPECT_TRUE(character_classes(std::locale::classic()).is_alnum(u'x'));
 }
 
 TEST_F(CharacterClass, ALocaleIsKeptAsLongAsItIsAsked) {
-  const character_classes classes(test::locale_with(L'x', std::ctype_base::blank));
+  const character_classes classes(locale_with(L'x', std::ctype_base::blank));
   EXPECT_FALSE(classes.is_space(u'x'));
   EXPECT_TRUE(classes.is_space_or_blank(u'x'));
   EXPECT_TRUE(classes.is_space_or_blank(u' '));
@@ -146,7 +142,7 @@ TEST_F(CharacterClass, ACopyAnswersByTheSameLocale) {
 
 TEST_F(CharacterClass, ClassesOfAHostAreNotStandard) {
   EXPECT_TRUE(character_classes().are_standard());
-  EXPECT_FALSE(character_classes(test::locale_with(L'x', std::ctype_base::space)).are_standard());
+  EXPECT_FALSE(character_classes(locale_with(L'x', std::ctype_base::space)).are_standard());
 }
 
 TEST_F(CharacterClass, StandardClassesAgreeOnSmallLettersBlankAndNewline) {
@@ -199,10 +195,11 @@ TEST_F(CharacterClass, LowerCaseGoesUnitByUnit) {
   for (const char* const name : {"C", "C.UTF-8"}) {
     if (!use_locale(name)) continue;
     // A capital beyond the first 65536 code points, a lone surrogate, the zero unit.
-    const Xport::ustring text(u"A\0\xD801\xDC00\xDC00\xFFFF", 6);
-    const Xport::ustring lower(u"a\0\xD801\xDC00\xDC00\xFFFF", 6);
+    const ustring text(u"A\0\xD801\xDC00\xDC00\xFFFF", 6);
+    const ustring lower(u"a\0\xD801\xDC00\xDC00\xFFFF", 6);
     EXPECT_TRUE(same_units(to_lower(text), lower)) << name;
   }
 }
 
 }  // namespace
+}  // namespace test

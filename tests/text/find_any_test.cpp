@@ -4,14 +4,10 @@
 
 #include <cstddef>
 
-namespace {
+#include "tests/support/names.h"
 
-using Xport::char16;
-using Xport::count_leading;
-using Xport::find_any;
-using Xport::find_unit;
-using Xport::ustring;
-using Xport::ustring_view;
+namespace test {
+namespace {
 
 TEST(FindUnit, NothingToFind) {
   EXPECT_EQ(find_unit(u"", u'\n'), 0u);
@@ -50,7 +46,7 @@ TEST(FindUnit, LooksAtTheGivenRunOnly) {
   EXPECT_EQ(find_unit(ustring_view(text).substr(3), u'\n'), 4u);
 }
 
-TEST(FindUnit, EveryUnitIsFoundBehindAllLowerOnes) {
+TEST(FindUnit, EveryUnitIsFoundAfterAllLowerOnes) {
   ustring text;
   for (unsigned unit = 0; unit <= 0xFFFF; ++unit) text += static_cast<char16>(unit);
   for (unsigned unit = 0; unit <= 0xFFFF; unit += 97)
@@ -83,3 +79,4 @@ TEST(CountLeading, EndsAtTheFirstOtherUnit) {
 }
 
 }  // namespace
+}  // namespace test

@@ -5,12 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace test {
 namespace {
-
-using test::from_utf8;
-using test::same_units;
-using test::to_utf8;
-using Xport::ustring;
 
 TEST(Golden, Utf8OfEachLength) {
   const ustring text = u"a\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF";
@@ -41,7 +37,8 @@ TEST(Golden, TheFirstDifferenceIsShown) {
 TEST(Golden, AMissingEndIsADifference) {
   EXPECT_FALSE(same_units(u"ab", u"abc"));
   EXPECT_FALSE(same_units(u"abc", u"ab"));
-  EXPECT_FALSE(test::is_golden(u"", "no_such_file.xhtml"));
+  EXPECT_FALSE(is_golden(u"", "no_such_file.xhtml"));
 }
 
 }  // namespace
+}  // namespace test

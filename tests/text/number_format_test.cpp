@@ -7,10 +7,8 @@
 
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::to_ustring;
 
 TEST(NumberFormat, Decimal) {
   EXPECT_TRUE(same_units(to_ustring(0), u"0"));
@@ -37,3 +35,4 @@ TEST(NumberFormat, EachNumberOfDigits) {
 }
 
 }  // namespace
+}  // namespace test

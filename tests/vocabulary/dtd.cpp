@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
+namespace test {
 namespace {
 
 using entities = std::map<std::string, std::string>;
@@ -69,7 +70,7 @@ std::vector<std::string> words(const std::string& text) {
   return found;
 }
 
-/// The names in a content model; EMPTY gives none.
+/// The names in a content model; EMPTY has none.
 std::set<std::string> names_in(const std::string& model) {
   std::set<std::string> names;
   std::string name;
@@ -131,3 +132,5 @@ std::map<std::string, dtd_element> read_dtd(const std::string& text) {
   }
   return elements;
 }
+
+}  // namespace test

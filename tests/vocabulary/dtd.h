@@ -5,6 +5,8 @@
 #include <set>
 #include <string>
 
+namespace test {
+
 /// What a document type definition says of one element.
 struct dtd_element {
   std::set<std::string> children;    ///< the names in its content model, "#PCDATA" among them
@@ -15,5 +17,7 @@ struct dtd_element {
 /// entities expanded. External entities are left out. Throws `std::runtime_error` for text
 /// that it can't read.
 std::map<std::string, dtd_element> read_dtd(const std::string& text);
+
+}  // namespace test
 
 #endif

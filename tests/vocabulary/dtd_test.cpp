@@ -6,22 +6,20 @@
 #include <set>
 #include <string>
 
+#include "tests/support/names.h"
 #include "tests/vocabulary/dtd.h"
 #include "tests/vocabulary/narrow.h"
 #include "xport/vocabulary/tag_table.h"
 
+namespace test {
 namespace {
 
-using Xport::attr_id;
-using Xport::tag_id;
-using Xport::tag_table;
-using Xport::Tag_trait;
 using names = std::set<std::string>;
 
 constexpr const char* pcdata = "#PCDATA";
 
 const Tag_trait& record(const std::string& element) {
-  return *tag_table[Xport::xhtml_strict::tag_from_name(widen(element))];
+  return *tag_table[xhtml_strict::tag_from_name(widen(element))];
 }
 
 /// The records compared with the published document type.
@@ -79,7 +77,7 @@ names allowed_attributes(const Tag_trait& trait) {
   names allowed;
   for (int number = 0; number < 244; ++number)
     if (trait.allowed_attributes.contains(attr_id{number}))
-      allowed.insert(narrow(Xport::xhtml_strict::attribute_name(attr_id{number})));
+      allowed.insert(narrow(xhtml_strict::attribute_name(attr_id{number})));
   return allowed;
 }
 
@@ -89,7 +87,7 @@ void rename(names& attributes) {
   if (attributes.erase("xml:space")) attributes.insert("xmlspaceL");
 }
 
-TEST_F(PublishedDtd, GivesTheAttributesButForTheKnownDepartures) {
+TEST_F(PublishedDtd, HasTheAttributesButForTheKnownDepartures) {
   for (auto& [element, published] : elements_) {
     names expected = published.attributes;
     rename(expected);
@@ -151,7 +149,7 @@ names admitted(const Tag_trait& parent, const std::map<std::string, dtd_element>
   return children;
 }
 
-TEST_F(PublishedDtd, GivesTheContentButForTheKnownDepartures) {
+TEST_F(PublishedDtd, HasTheContentButForTheKnownDepartures) {
   for (const auto& [element, expected] : expected_content(elements_))
     EXPECT_EQ(admitted(record(element), elements_), expected) << element;
 }
@@ -175,3 +173,4 @@ TEST(DtdReader, ExpandsEntitiesAndSkipsCommentsAndExternalEntities) {
 }
 
 }  // namespace
+}  // namespace test

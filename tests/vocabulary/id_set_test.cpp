@@ -5,12 +5,15 @@
 #include <cstdint>
 #include <limits>
 
+#include "tests/support/names.h"
+
+namespace test {
 namespace {
 
 enum class number : std::int32_t {};
 constexpr number operator""_n(unsigned long long value) { return number{static_cast<int>(value)}; }
 
-using numbers = Xport::id_set<number, 93>;
+using numbers = id_set<number, 93>;
 
 TEST(IdSet, IsEmptyWhenNew) {
   const numbers set;
@@ -59,7 +62,7 @@ TEST(IdSet, ContainsNoNumberOutsideItsRange) {
 }
 
 TEST(IdSet, HasRoomForAFullLastWord) {
-  Xport::id_set<number, 64> set;
+  id_set<number, 64> set;
   set.insert(63_n);
   EXPECT_TRUE(set.contains(63_n));
   EXPECT_FALSE(set.contains(64_n));
@@ -71,3 +74,4 @@ TEST(IdSet, CanBeAskedAtCompileTime) {
 }
 
 }  // namespace
+}  // namespace test

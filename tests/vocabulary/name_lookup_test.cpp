@@ -4,18 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/names.h"
 #include "tests/vocabulary/narrow.h"
 #include "xport/vocabulary/tag_id.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
+namespace test {
 namespace {
-
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::ustring_view;
-using Xport::xhtml_strict;
 
 int tag(ustring_view name) { return static_cast<int>(xhtml_strict::tag_from_name(name)); }
 
@@ -148,7 +143,7 @@ TEST(NameLookup, FindsNothingForLongNames) {
   EXPECT_EQ(property(u"background-attachments"), -1);
 }
 
-TEST(NameLookup, TakesNoBlanksAround) {
+TEST(NameLookup, AcceptsNoSurroundingBlanks) {
   EXPECT_EQ(tag(u" div"), 92);
   EXPECT_EQ(tag(u"div "), 92);
   EXPECT_EQ(attribute(u"class\t"), -1);
@@ -231,3 +226,4 @@ TEST(NameLookup, LowersAsciiCapitalsAsTheLocaleDoes) {
 }
 
 }  // namespace
+}  // namespace test

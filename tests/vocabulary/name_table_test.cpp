@@ -7,17 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/names.h"
 #include "tests/vocabulary/narrow.h"
 #include "xport/vocabulary/tag_id.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
+namespace test {
 namespace {
-
-using Xport::attr_id;
-using Xport::css_property_id;
-using Xport::tag_id;
-using Xport::ustring_view;
-using Xport::xhtml_strict;
 
 std::vector<std::string> tag_names() {
   std::vector<std::string> names;
@@ -181,3 +177,4 @@ TEST(NameTables, NameTheEnumeratorsAfterTheRows) {
 }
 
 }  // namespace
+}  // namespace test

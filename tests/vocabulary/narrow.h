@@ -3,18 +3,21 @@
 
 #include <string>
 
+#include "tests/support/names.h"
 #include "xport/text/char16.h"
 
+namespace test {
+
 /// `text` unit by unit as bytes, for messages and comparisons; the names are ASCII.
-inline std::string narrow(Xport::ustring_view text) {
+inline std::string narrow(ustring_view text) {
   std::string bytes;
-  for (Xport::char16 unit : text) bytes.push_back(static_cast<char>(unit));
+  for (char16 unit : text) bytes.push_back(static_cast<char>(unit));
   return bytes;
 }
 
 /// ASCII `text` as code units.
-inline Xport::ustring widen(const std::string& text) {
-  return Xport::ustring(text.begin(), text.end());
-}
+inline ustring widen(const std::string& text) { return ustring(text.begin(), text.end()); }
+
+}  // namespace test
 
 #endif

@@ -8,15 +8,12 @@
 #include <sstream>
 #include <string>
 
-#include "tests/support/content_rows.h"
+#include "tests/support/names.h"
 #include "tests/vocabulary/narrow.h"
 
+namespace test {
 namespace {
 
-using Xport::attr_id;
-using Xport::tag_id;
-using Xport::tag_table;
-using Xport::Tag_trait;
 using numbers = std::set<int>;
 
 const Tag_trait& record(int number) { return *tag_table[tag_id{number}]; }
@@ -26,12 +23,12 @@ numbers tags(const std::string& text) {
   numbers found;
   std::istringstream stream(text);
   for (std::string name; stream >> name;)
-    found.insert(
-        name == "doc_root" ? 0 : static_cast<int>(Xport::xhtml_strict::tag_from_name(widen(name))));
+    found.insert(name == "doc_root" ? 0
+                                    : static_cast<int>(xhtml_strict::tag_from_name(widen(name))));
   return found;
 }
 
-numbers members(const Xport::tag_set& set) {
+numbers members(const tag_set& set) {
   numbers found;
   for (int number = 0; number < 93; ++number)
     if (set.contains(tag_id{number})) found.insert(number);
@@ -50,9 +47,55 @@ TEST(TagTable, HasNoRecordForOtherNumbers) {
     EXPECT_EQ(tag_table[tag_id{outside}], nullptr) << outside;
 }
 
+/// The content rules of elements that are alike. Names have blanks between them.
+struct content_row {
+  const char* elements;
+  std::uint32_t category_flags;  ///< 1 block, 2 inline, 0 neither
+  std::uint32_t content_flags;   ///< 1 blocks, 2 inline elements and text, 4 text
+  const char* allowed_children;
+  const char* excluded_children;
+};
+
+/// The rules of the 77 elements of XHTML 1.0 Strict and of the document root.
+const content_row content_rows[] = {
+    {"area base col link meta param", 0, 0, "", ""},
+    {"head", 0, 0, "base link meta script style title", ""},
+    {"html", 0, 0, "body head", ""},
+    {"colgroup", 0, 0, "col", ""},
+    {"optgroup", 0, 0, "option", ""},
+    {"tr", 0, 0, "td th", ""},
+    {"tbody tfoot thead", 0, 0, "tr", ""},
+    {"body", 0, 1, "del ins script", ""},
+    {"caption dt legend", 0, 2, "", ""},
+    {"dd del ins li td th", 0, 3, "", ""},
+    {"option style title", 0, 4, "", ""},
+    {"hr", 1, 0, "", ""},
+    {"table", 1, 0, "caption col colgroup tbody tfoot thead tr", ""},
+    {"dl", 1, 0, "dd dt", ""},
+    {"ol ul", 1, 0, "li", ""},
+    {"blockquote", 1, 1, "script", ""},
+    {"h1 h2 h3 h4 h5 h6 p", 1, 2, "", ""},
+    {"pre", 1, 2, "", "big img object small sub sup"},
+    {"address", 1, 2, "p", ""},
+    {"div noscript", 1, 3, "", ""},
+    {"form", 1, 3, "", "form"},
+    {"doc_root", 1, 3, "html", ""},
+    {"fieldset", 1, 3, "legend", ""},
+    {"br img input", 2, 0, "", ""},
+    {"select", 2, 0, "optgroup option", ""},
+    {"map", 2, 1, "area", ""},
+    {"abbr acronym b bdo big cite code dfn em i kbd q samp small span strong sub sup tt var", 2, 2,
+     "", ""},
+    {"a", 2, 2, "", "a"},
+    {"label", 2, 2, "", "label"},
+    {"button", 2, 3, "", "a button fieldset form input label select textarea"},
+    {"object", 2, 3, "param", ""},
+    {"script textarea", 2, 4, "", ""},
+};
+
 TEST(TagTable, HoldsTheContentRules) {
   numbers seen;
-  for (const test::content_row& row : test::content_rows)
+  for (const content_row& row : content_rows)
     for (int number : tags(row.elements)) {
       const Tag_trait& trait = record(number);
       const std::string name = narrow(trait.name);
@@ -70,7 +113,7 @@ TEST(TagTable, NamesItsRecordsAsTheNameTableDoes) {
   for (int number = 1; number < 92; ++number)
     if (record(number).id != tag_id::invalid_tag) {
       EXPECT_EQ(record(number).id, tag_id{number});
-      EXPECT_EQ(Xport::xhtml_strict::tag_from_name(record(number).name), tag_id{number});
+      EXPECT_EQ(xhtml_strict::tag_from_name(record(number).name), tag_id{number});
       ++usable;
     }
   EXPECT_EQ(usable, 77);
@@ -114,7 +157,7 @@ const unusable_row unusable_rows[] = {
 
 TEST(TagTable, LeavesElementsThatStrictLacksUnusable) {
   for (const unusable_row& row : unusable_rows) {
-    EXPECT_EQ(Xport::xhtml_strict::tag_from_name(row.table_name), tag_id{row.number});
+    EXPECT_EQ(xhtml_strict::tag_from_name(row.table_name), tag_id{row.number});
     const Tag_trait& trait = record(row.number);
     EXPECT_EQ(trait.id, tag_id::invalid_tag) << row.number;
     EXPECT_TRUE(trait.name.empty()) << row.number;
@@ -162,11 +205,12 @@ TEST(TagTable, HoldsTheAttributesOfLinksAndBases) {
 }
 
 TEST(TagTable, IsSharedByHandles) {
-  const Xport::Tag_trait_handle handle(tag_table[tag_id::div]);
-  const Xport::Tag_trait_handle copy = handle;
+  const Tag_trait_handle handle(tag_table[tag_id::div]);
+  const Tag_trait_handle copy = handle;
   EXPECT_EQ(handle.get(), tag_table[tag_id::div]);
   EXPECT_EQ(copy.get(), handle.get());
-  EXPECT_EQ(Xport::Tag_trait_handle(tag_table[tag_id{93}]).get(), nullptr);
+  EXPECT_EQ(Tag_trait_handle(tag_table[tag_id{93}]).get(), nullptr);
 }
 
 }  // namespace
+}  // namespace test

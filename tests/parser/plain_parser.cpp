@@ -1,4 +1,4 @@
-#include "tests/parser/parser_reference.h"
+#include "tests/parser/plain_parser.h"
 
 #include <sstream>
 #include <utility>
@@ -11,10 +11,7 @@
 #include "xport/text/character_class.h"
 
 namespace test {
-
 namespace {
-
-using namespace Xport;
 
 using node = std::unique_ptr<xhtml_markup>;
 
@@ -66,7 +63,7 @@ class plain_parser {
     if ((how_.message_mask & level) != 0) messages_ += message(line_, printable(text));
   }
 
-  // True if parse_children is to give `current` to its caller.
+  // True if parse_children returns `current` to its caller.
   bool place(xhtml_markup& parent, node& current) {
     if (current->node_kind() == 2)
       report(current->tag_name() + u" encountered.\n", level_trace_elements);
@@ -414,7 +411,7 @@ parse_result parse_plainly(ustring_view text, const parse_case& how) {
   plain_parser parser(text, how);
   const node returned = parser.parse_children(*receiver);
   parse_result result = parser.result();
-  result.children = outline_with_attributes(*receiver);
+  result.children = outline_of_children(*receiver);
   if (returned) result.returned = printable(returned->tag_name());
   return result;
 }

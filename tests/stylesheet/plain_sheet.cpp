@@ -1,16 +1,11 @@
-#include "tests/stylesheet/sheet_reference.h"
+#include "tests/stylesheet/plain_sheet.h"
 
 #include <cstddef>
 
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {
-
 namespace {
-
-using Xport::css_property_id;
-using Xport::ustring;
-using Xport::ustring_view;
 
 bool is_white(char16_t unit) { return unit == u' ' || (unit >= 9 && unit <= 13); }
 
@@ -21,9 +16,9 @@ void trim(ustring& text) {
   while (!text.empty() && is_white(text[0])) text.erase(0, 1);
 }
 
-class reference {
+class plain_sheet {
  public:
-  explicit reference(ustring_view text) : text_(text.substr(0, text.find(u'\uFFFF'))) {}
+  explicit plain_sheet(ustring_view text) : text_(text.substr(0, text.find(u'\uFFFF'))) {}
 
   ustring listing() {
     while (!endless_) {
@@ -116,7 +111,7 @@ class reference {
       }
     }
     trim(name);
-    if (named && Xport::xhtml_strict::css_property_from_name(name) != css_property_id::not_found) {
+    if (named && xhtml_strict::css_property_from_name(name) != css_property_id::not_found) {
       const ustring stored = value();
       if (!stored.empty()) item += u" " + name + u"=[" + stored + u"]";
     } else if (next_is(u'}')) {
@@ -155,6 +150,6 @@ class reference {
 
 }  // namespace
 
-ustring expected_listing(ustring_view text) { return reference(text).listing(); }
+ustring plain_listing(ustring_view text) { return plain_sheet(text).listing(); }
 
 }  // namespace test

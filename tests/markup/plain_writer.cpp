@@ -1,4 +1,4 @@
-#include "tests/markup/writer_reference.h"
+#include "tests/markup/plain_writer.h"
 
 #include <cstddef>
 #include <locale>
@@ -7,13 +7,7 @@
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {
-
 namespace {
-
-using Xport::char16;
-using Xport::ustring;
-using Xport::xhtml_markup;
-using Xport::xhtml_strict;
 
 enum : int { pre = 66, script = 70, style = 76, no_element = 92 };
 
@@ -34,11 +28,9 @@ int tag_number(const xhtml_markup* node) {
 
 }  // namespace
 
-void reference_writer::set_column(std::int64_t blanks) {
-  column = static_cast<std::uint64_t>(blanks);
-}
+void plain_writer::set_column(std::int64_t blanks) { column = static_cast<std::uint64_t>(blanks); }
 
-std::uint32_t reference_writer::layout_of(const xhtml_markup& node) const {
+std::uint32_t plain_writer::layout_of(const xhtml_markup& node) const {
   const int tag = tag_number(&node);
   if (tag != no_element) return layout_table.at(static_cast<std::size_t>(tag));
   if (node.node_kind() == 3 || node.node_kind() == 5) return 0;
@@ -46,7 +38,7 @@ std::uint32_t reference_writer::layout_of(const xhtml_markup& node) const {
   return 15;
 }
 
-void reference_writer::write(const xhtml_markup& node) {
+void plain_writer::write(const xhtml_markup& node) {
   const auto text = [&node] { return ustring(node.as_text()->text()); };
   switch (node.node_kind()) {
     case 1:
@@ -70,7 +62,7 @@ void reference_writer::write(const xhtml_markup& node) {
   }
 }
 
-void reference_writer::write_element(const xhtml_markup& element) {
+void plain_writer::write_element(const xhtml_markup& element) {
   const std::uint32_t layout = layout_of(element);
   const bool is_root = tag_number(&element) == 0;
   bool at_line_start = false;
@@ -98,7 +90,7 @@ void reference_writer::write_element(const xhtml_markup& element) {
   if (!element.is_empty_element()) write_end_tag(element, layout);
 }
 
-void reference_writer::write_start_tag(const xhtml_markup& element) {
+void plain_writer::write_start_tag(const xhtml_markup& element) {
   output += u'<' + element.tag_name();
   column += 1 + element.tag_name().size();
   const ustring equals = spaced_equals ? u" = " : u"=";
@@ -128,7 +120,7 @@ void reference_writer::write_start_tag(const xhtml_markup& element) {
 }
 
 // The wrap test and the piece; the caller counts the piece.
-void reference_writer::write_piece(const ustring& piece) {
+void plain_writer::write_piece(const ustring& piece) {
   if (max_line_length != 0 && column + piece.size() > max_line_length) {
     output += u'\n' + spaces(std::int64_t{indent_level} * indent_step);
     set_column(std::int64_t{indent_level} * indent_step);
@@ -136,8 +128,8 @@ void reference_writer::write_piece(const ustring& piece) {
   output += piece;
 }
 
-void reference_writer::write_child(const xhtml_markup& child, std::uint32_t layout,
-                                   bool at_line_start) {
+void plain_writer::write_child(const xhtml_markup& child, std::uint32_t layout,
+                               bool at_line_start) {
   const bool breaks_before = (layout_of(child) & 1) != 0;
   const int d = layout == 15 ? 1 : 0;
   if (!at_line_start && breaks_before) {
@@ -153,7 +145,7 @@ void reference_writer::write_child(const xhtml_markup& child, std::uint32_t layo
   indent_level = static_cast<std::int16_t>(indent_level - d);
 }
 
-void reference_writer::write_end_tag(const xhtml_markup& element, std::uint32_t layout) {
+void plain_writer::write_end_tag(const xhtml_markup& element, std::uint32_t layout) {
   const std::int64_t blanks = std::int64_t{indent_level} * indent_step;
   const ustring end_tag = element.end_tag_text();
   if ((layout & 4) != 0 || layout == 32) {
@@ -177,7 +169,7 @@ void reference_writer::write_end_tag(const xhtml_markup& element, std::uint32_t 
   }
 }
 
-void reference_writer::write_text(const ustring& text, const xhtml_markup* parent) {
+void plain_writer::write_text(const ustring& text, const xhtml_markup* parent) {
   const int tag = tag_number(parent);
   const std::int64_t level = tag == pre || indent_level < 0 ? 0 : indent_level;
   const bool in_preformatted = parent != nullptr && layout_of(*parent) == 32;
@@ -191,7 +183,7 @@ void reference_writer::write_text(const ustring& text, const xhtml_markup* paren
   }
 }
 
-ustring reference_writer::flow(const ustring& text, std::int64_t blanks) {
+ustring plain_writer::flow(const ustring& text, std::int64_t blanks) {
   ustring out;
   ustring line;
   ustring word;
@@ -227,7 +219,7 @@ ustring reference_writer::flow(const ustring& text, std::int64_t blanks) {
   return out;
 }
 
-void reference_writer::write_comment(const ustring& text) {
+void plain_writer::write_comment(const ustring& text) {
   output += u"<!-- ";
   column += 5;
   std::size_t i = 0;
