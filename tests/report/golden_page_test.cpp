@@ -1,20 +1,12 @@
-#include <initializer_list>
-
 #include "tests/report/report_page.h"
 
-namespace report_test {
-
+namespace test {
 namespace {
 
 // Whole pages; the files are written by hand from the rules.
-class GoldenPage : public report_test {
- protected:
-  void cells(std::initializer_list<const char16_t*> texts) {
-    for (const char16_t* const text : texts) report.AddText(text, false);
-  }
-};
+class GoldenPage : public report_test {};
 
-TEST_F(GoldenPage, Empty) { EXPECT_TRUE(test::is_golden(saved_page(), "report_empty.xhtml")); }
+TEST_F(GoldenPage, Empty) { EXPECT_TRUE(is_golden(saved_page(), "report_empty.xhtml")); }
 
 TEST_F(GoldenPage, Styles) {
   report.AddHeading(u"A title in the middle", 1);
@@ -34,7 +26,7 @@ TEST_F(GoldenPage, Styles) {
   report.AddText(u"first of two\nlines", false);
   report.AddText(u"", false);
   report.AddLink(u"not seen", u"chapter");
-  EXPECT_TRUE(test::is_golden(saved_page(), "report_styles.xhtml"));
+  EXPECT_TRUE(is_golden(saved_page(), "report_styles.xhtml"));
 }
 
 TEST_F(GoldenPage, Tables) {
@@ -57,7 +49,7 @@ TEST_F(GoldenPage, Tables) {
   report.OpenTable(1);
   cells({u"x", u"y", u"z"});
   report.CloseTable();
-  EXPECT_TRUE(test::is_golden(saved_page(), "report_tables.xhtml"));
+  EXPECT_TRUE(is_golden(saved_page(), "report_tables.xhtml"));
 }
 
 TEST_F(GoldenPage, OpenTable) {
@@ -66,9 +58,8 @@ TEST_F(GoldenPage, OpenTable) {
   report.AddHeading(u"behind the open table", 3);
   report.AddText(u"b", false);
   report.OpenTable(2);
-  EXPECT_TRUE(test::is_golden(saved_page(), "report_open_table.xhtml"));
+  EXPECT_TRUE(is_golden(saved_page(), "report_open_table.xhtml"));
 }
 
 }  // namespace
-
-}  // namespace report_test
+}  // namespace test

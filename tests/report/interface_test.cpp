@@ -14,6 +14,7 @@
 #include "tests/report/report_page.h"
 #include "tests/support/temp_folder.h"
 
+namespace test {
 namespace {
 
 // The place of a virtual function in the virtual table. The pointer to the member
@@ -46,17 +47,17 @@ TEST(Interface, OperationsStandInTheirOrderInTheVirtualTable) {
   EXPECT_EQ(slot_of(&IVellomark::EndDirectLinks), 16u);
 }
 
-// A new virtual function stands behind the operations and the two entries that a
+// A new virtual function comes after the operations and the two entries that a
 // virtual destructor takes, so nothing else is in the table.
 struct behind : IVellomark {
   virtual void next() {}
 };
 
-TEST(Interface, TheDestructorStandsBehindTheOperations) {
+TEST(Interface, TheDestructorComesAfterTheOperations) {
   EXPECT_EQ(slot_of(&behind::next), 17u + 2u);
 }
 
-// A host's own implementation: each operation notes its number.
+// A host's own implementation: each operation records its number.
 struct host_report final : IVellomark {
   bool Save(const char16_t*, const char16_t*) override { return note(0); }
   void AddText(const char16_t*, bool) override { note(1); }
@@ -98,7 +99,7 @@ TEST(Interface, IsAnAbstractClassThatHostsCanImplementAndCopy) {
 }
 
 TEST(CreateInstance, ReportsAreIndependent) {
-  const test::temp_folder temp;
+  const temp_folder temp;
   boost::shared_ptr<IVellomark> one = vellomark::CreateInstance();
   const boost::shared_ptr<IVellomark> two = vellomark::CreateInstance();
   ASSERT_TRUE(one && two);
@@ -115,7 +116,7 @@ TEST(CreateInstance, ReportsAreIndependent) {
   const auto has = [&temp](const char* page, std::string_view text) {
     std::string wide;
     for (const char c : text) (wide += c) += '\0';
-    return test::bytes_of(temp.path() / "Vellomark" / page).find(wide) != std::string::npos;
+    return bytes_of(temp.path() / "Vellomark" / page).find(wide) != std::string::npos;
   };
   EXPECT_TRUE(has("one.htm", "one"));
   EXPECT_FALSE(has("one.htm", "two"));
@@ -164,19 +165,17 @@ TEST(TemplateFields, AreClearedEvenWithoutATemplate) {
 }
 
 TEST(TemplateFields, AFileThatIsNotThereLeavesTheReportAsItWas) {
-  test::memory_files files;
-  test::recording_opener browser;
+  memory_files files;
+  recording_opener browser;
   VellomarkObj report(files, browser);
   report.AddText(u"line", false);
   report.LoadTemplate(u"/no/such/template.htm");
   report.AddText(u"more", false);
   ASSERT_TRUE(report.Save(u"/out", u"page.htm"));
   EXPECT_TRUE(
-      report_test::same_units(files.units(u"/out/Vellomark/page.htm"),
-                              u"\uFEFF" + report_test::page_head() +
-                                  report_test::lines({u"    <p>", u"      <a>line</a><br/>",
-                                                      u"      <a>more</a><br/>", u"    </p>"}) +
-                                  report_test::empty_block() + report_test::page_tail()));
+      same_units(files.units(u"/out/Vellomark/page.htm"),
+                 u"\uFEFF" + page_head() + block({u"line", u"more"}) + block() + page_tail()));
 }
 
 }  // namespace
+}  // namespace test

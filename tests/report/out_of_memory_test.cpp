@@ -1,20 +1,12 @@
 #include <cstddef>
-#include <initializer_list>
-#include <new>
 #include <ostream>
-#include <stdexcept>
 #include <string>
 
 #include "tests/report/report_page.h"
 #include "tests/support/allocation_failure.h"
 
-namespace report_test {
-
+namespace test {
 namespace {
-
-void add_texts(IVellomark& report, std::initializer_list<const char16_t*> texts) {
-  for (const char16_t* const text : texts) report.AddText(text, false);
-}
 
 // A table that has a row begun and a first cell that spans further rows.
 void begin_table(IVellomark& report) {
@@ -30,13 +22,7 @@ void add_everywhere(IVellomark& report) {
   add();
   report.SetSectionMode(true);
   add();
-  try {
-    while (true) {
-      report.CloseTable();
-      add();
-    }
-  } catch (const std::out_of_range&) {  // all section tables are closed
-  }
+  while (thrown_by_close(report).empty()) add();
   report.SetSectionMode(false);
   add();
   report.CloseTable();
@@ -56,8 +42,8 @@ class small_report {
   }
 
  private:
-  test::memory_files files_;
-  test::recording_opener browser_;
+  memory_files files_;
+  recording_opener browser_;
   VellomarkObj report_{files_, browser_};
 };
 
@@ -76,27 +62,21 @@ std::size_t expect_all_or_nothing(Prepare prepare, Call call) {
   const ustring without_call = page([](IVellomark&) {});
   const ustring with_call = page(call);
   EXPECT_NE(without_call, with_call);
-  for (std::size_t number = 1;; ++number) {
-    SCOPED_TRACE("allocation " + std::to_string(number));
+  return for_each_allocation([&](std::size_t number) {
     bool failed = false;
     const auto try_call = [&](IVellomark& report) {
-      test::fail_allocation(number);
-      try {
-        call(report);
-      } catch (const std::bad_alloc&) {
-        failed = true;
-      }
-      test::fail_allocation(0);
+      failed = try_without_memory(number, [&] { call(report); }).threw;
     };
     const ustring tried = page(try_call);
     EXPECT_TRUE(same_units(tried, failed ? without_call : with_call));
-    if (!failed || testing::Test::HasFailure()) return number - 1;
+    if (!failed) return false;
     const ustring repeated = page([&](IVellomark& report) {
       try_call(report);
       call(report);
     });
     EXPECT_TRUE(same_units(repeated, with_call));
-  }
+    return true;
+  });
 }
 
 // As above, with more and more lines on the page before. Their number decides for which
@@ -199,5 +179,4 @@ TEST_P(SectionTableMemory, ATableIsHandedOverWholeOrStaysOpen) {
 INSTANTIATE_TEST_SUITE_P(After, SectionTableMemory, testing::ValuesIn(contents));
 
 }  // namespace
-
-}  // namespace report_test
+}  // namespace test

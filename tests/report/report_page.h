@@ -3,84 +3,50 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <initializer_list>
+#include <stdexcept>
 #include <string>
 
+#include "platform/file_system.h"
 #include "report/vellomark_obj.h"
+#include "tests/report/page_text.h"
 #include "tests/support/fake_services.h"
-#include "tests/support/golden.h"
-#include "tests/support/text.h"
-#include "xport/text/char16.h"
+#include "tests/support/temp_folder.h"
 
-namespace report_test {
+namespace test {
 
-using test::same_units;
-using Xport::ustring;
-using Xport::ustring_view;
-
-/// The lines one below the other, each with its line feed.
-inline ustring lines(std::initializer_list<ustring_view> all) {
-  ustring text;
-  for (const ustring_view line : all) (text += line) += u'\n';
-  return text;
+/// Adds texts to the page, or cells to its table.
+inline void add_texts(IVellomark& report, std::initializer_list<const char16_t*> texts) {
+  for (const char16_t* const text : texts) report.AddText(text, false);
 }
 
-/// Every page up to its body, by the layout rules.
-inline ustring page_head() {
-  return lines({
-      u"<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"",
-      u"     \"http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd\">",
-      u"",
-      u"<html xmlns='http://www.w3.org/1999/xhtml'>",
-      u"  <head>",
-      u"    <title>",
-      u"      Report",
-      u"    </title>",
-      u"    <style type='text/css'>",
-      u"      .Style1 { ",
-      u"         text-align: center;",
-      u"      }",
-      u"      ",
-      u"      .Style2 { ",
-      u"         text-align: left;",
-      u"      }",
-      u"      ",
-      u"      .Style3 { ",
-      u"         text-align: left;",
-      u"         font-weight: bold;",
-      u"      }",
-      u"      ",
-      u"      .Style4 { ",
-      u"         text-align: left;",
-      u"         font-weight: bold;",
-      u"         font-style: italic;",
-      u"      }",
-      u"      ",
-      u"      table.main { ",
-      u"         width: 100%;",
-      u"      }",
-      u"      ",
-      u"      .main td { ",
-      u"         width: 10%;",
-      u"      }",
-      u"      ",
-      u"      ",
-      u"    </style>",
-      u"  </head>",
-      u"  <body>",
-  });
+/// Adds a section whose path has the styles 1, 2, 3 ... and that has these lines.
+inline void add_section(IVellomark& report, std::initializer_list<const char16_t*> path,
+                        const char16_t* name, std::initializer_list<const char16_t*> texts = {}) {
+  std::int32_t style = 1;
+  for (const char16_t* const text : path) report.AddSectionHeading(text, style++);
+  report.BeginSection(name, nullptr);
+  for (const char16_t* const text : texts) report.AddText(text, true);
 }
 
-/// Every page behind its body's content.
-inline ustring page_tail() { return lines({u"  </body>", u"</html>"}); }
+/// Closes a table. Returns the text of the exception that CloseTable throws, empty if none.
+inline std::string thrown_by_close(IVellomark& report) {
+  try {
+    report.CloseTable();
+  } catch (const std::out_of_range& error) {
+    return error.what();
+  }
+  return {};
+}
 
-/// A block without content.
-inline ustring empty_block() { return lines({u"    <p>", u"    </p>"}); }
-
-/// A report whose files are in memory and whose browser only notes.
+/// A report whose files are in memory and whose browser only records the URLs.
 class report_test : public ::testing::Test {
  protected:
-  /// The whole page as a Save to a name writes it, without the byte-order mark.
+  void cells(std::initializer_list<const char16_t*> texts) { add_texts(report, texts); }
+
+  /// Saves under a name and returns the whole page without its byte-order mark.
   ustring saved_page() {
     EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
     const ustring page = files.units(u"/out/Vellomark/page.htm");
@@ -88,22 +54,53 @@ class report_test : public ::testing::Test {
     return page.substr(1);
   }
 
-  /// What is in the body, without the empty block with which Save begins.
+  /// Saves and returns the content of the body without the empty block that Save adds.
   ustring body() {
     const ustring page = saved_page();
     const ustring head = page_head();
-    const ustring tail = empty_block() + page_tail();
+    const ustring tail = block() + page_tail();
     if (page.size() < head.size() + tail.size()) return page;
     EXPECT_TRUE(same_units(page.substr(0, head.size()), head));
     EXPECT_TRUE(same_units(page.substr(page.size() - tail.size()), tail));
     return page.substr(head.size(), page.size() - head.size() - tail.size());
   }
 
-  test::memory_files files;
-  test::recording_opener browser;
+  memory_files files;
+  recording_opener browser;
   VellomarkObj report{files, browser};
 };
 
-}  // namespace report_test
+/// A report that is saved on the disk. Its browser only records the URLs.
+class disk_test : public ::testing::Test {
+ protected:
+  /// The folder of the pages.
+  std::filesystem::path pages() const { return folder.path() / "out" / "Vellomark"; }
+
+  /// Saves page.htm.
+  bool save() { return report.Save(folder.text(u"/out").c_str(), u"page.htm"); }
+
+  /// The page that was saved last.
+  ustring saved_page() const { return page_text(pages() / "page.htm"); }
+
+  /// Saves page.htm and returns the content of its body.
+  ustring body() {
+    EXPECT_TRUE(save());
+    return body_of(saved_page());
+  }
+
+  /// The same without the empty block that Save adds to a new page before all else.
+  ustring saved() {
+    const ustring all = body();
+    const ustring first = block();
+    EXPECT_EQ(all.substr(0, first.size()), first);
+    return all.substr(first.size());
+  }
+
+  temp_folder folder;
+  recording_opener browser;
+  VellomarkObj report{platform::file_system::native(), browser};
+};
+
+}  // namespace test
 
 #endif

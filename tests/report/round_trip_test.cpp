@@ -3,18 +3,15 @@
 
 #include <string>
 
-#include "tests/parser/parse_kit.h"
 #include "tests/report/report_page.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tree_check.h"
+#include "tests/support/tree_outline.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 
-namespace report_test {
-
+namespace test {
 namespace {
-
-using test::outline_of_children;
 
 const ustring saved_path = u"/out/Vellomark/page.htm";
 const ustring second_path = u"/out/second.htm";
@@ -22,7 +19,7 @@ const ustring third_path = u"/out/third.htm";
 
 class RoundTrip : public report_test {
  protected:
-  /// Saves the report, reads the file, and writes what was read to a second file. Gives the
+  /// Saves the report, reads the file, and writes what was read to a second file. Returns the
   /// children of the body that was read.
   std::string body_read_back() {
     EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
@@ -31,9 +28,9 @@ class RoundTrip : public report_test {
 
   /// Reads a file and writes another one.
   std::string copied(const ustring& from, const ustring& to) {
-    Xport::xhtml_doc doc(1);
+    xhtml_doc doc(1);
     EXPECT_TRUE(read_document(doc, files.open_for_reading(from)));
-    EXPECT_TRUE(test::is_intact(*doc.root()));
+    EXPECT_TRUE(is_intact(*doc.root()));
     EXPECT_TRUE(write_document(doc, files.open_for_writing(to)));
     if (doc.head() == nullptr || doc.body() == nullptr) return "no page";
     head = outline_of_children(*doc.head());
@@ -106,7 +103,7 @@ TEST_F(RoundTrip, TablesWithLinksAndSpans) {
   report.AddText(u"above", false);
   report.OpenTable(2);
   report.SetFirstCellRows(2);
-  for (const char16_t* const cell : {u"group", u"1", u"2", u"next"}) report.AddText(cell, false);
+  add_texts(report, {u"group", u"1", u"2", u"next"});
   report.AddLink(u"see ", u"place");
   report.CloseTable();
   report.AddLink(u"not seen", u"place");
@@ -176,17 +173,17 @@ TEST_F(RoundTrip, SavedTwice) {
 }
 
 TEST_F(RoundTrip, OnTheDisk) {
-  const test::temp_folder folder;
+  const temp_folder folder;
   platform::file_system& disk = platform::file_system::native();
   VellomarkObj on_disk(disk, browser);
   on_disk.AddText(u"one", false);
   ASSERT_TRUE(on_disk.Save(folder.text(u"/out").c_str(), u"page.htm"));
-  Xport::xhtml_doc doc(0);
+  xhtml_doc doc(0);
   ASSERT_TRUE(read_document(doc, disk.open_for_reading(folder.text(u"/out/Vellomark/page.htm"))));
   ASSERT_TRUE(write_document(doc, disk.open_for_writing(folder.text(u"/second.htm"))));
   EXPECT_EQ(outline_of_children(*doc.body()), "p(a('one') br) p");
-  EXPECT_EQ(test::bytes_of(folder.path() / "second.htm"),
-            test::bytes_of(folder.path() / "out" / "Vellomark" / "page.htm"));
+  EXPECT_EQ(bytes_of(folder.path() / "second.htm"),
+            bytes_of(folder.path() / "out" / "Vellomark" / "page.htm"));
   EXPECT_FALSE(read_document(doc, disk.open_for_reading(folder.text(u"/none.htm"))));
   EXPECT_FALSE(read_document(doc, disk.open_for_reading(folder.text(u"/out"))));
   EXPECT_EQ(outline_of_children(*doc.body()), "p(a('one') br) p");
@@ -201,7 +198,7 @@ TEST_F(RoundTrip, MarkupInATextKeepsTheBytes) {
 
 // --- What a page can't carry ---
 
-// The writer indents behind a line feed in a text; what is read is one blank.
+// The writer indents after a line feed in a text; one blank is read back.
 TEST_F(RoundTrip, LineFeedInATextBecomesABlank) {
   report.AddText(u"first of two\nlines", false);
   EXPECT_EQ(body_read_back(), "p(a('first of two lines') br) p");
@@ -209,7 +206,7 @@ TEST_F(RoundTrip, LineFeedInATextBecomesABlank) {
   EXPECT_TRUE(is_settled());
 }
 
-// The line feed in a cell is markup, of which the writer has another spelling.
+// The line feed in a cell becomes markup, which the writer spells in another way.
 TEST_F(RoundTrip, LineFeedInACellBecomesAnElement) {
   report.OpenTable(1);
   report.AddText(u"one\ntwo", false);
@@ -220,7 +217,7 @@ TEST_F(RoundTrip, LineFeedInACellBecomesAnElement) {
   EXPECT_TRUE(is_settled());
 }
 
-// An empty text in a block is a line of blanks, and those make no text.
+// An empty text in a block is a line of blanks, which is read as no text.
 TEST_F(RoundTrip, EmptyTextInACellIsLost) {
   report.OpenTable(1);
   report.AddText(u"", false);
@@ -230,7 +227,7 @@ TEST_F(RoundTrip, EmptyTextInACellIsLost) {
   EXPECT_TRUE(is_settled());
 }
 
-// Text in front of an end tag loses its white space, text behind the start tag of a block does.
+// Text before an end tag loses its white space, and so does text after the start tag of a block.
 TEST_F(RoundTrip, BlanksAtTheEndsOfTextsAreLost) {
   report.AddText(u" a ", false);
   report.AddHeading(u" b ", 1);
@@ -254,8 +251,8 @@ TEST_F(RoundTrip, LoneDoubleQuoteHidesTheRestOfThePage) {
   EXPECT_FALSE(is_same_file());
 }
 
-// A "<" that begins no known name is text, in which the white space behind it stands twice.
-TEST_F(RoundTrip, WhiteSpaceBehindALessThanSignIsDoubled) {
+// A "<" that begins no known name is text, in which the white space after it is doubled.
+TEST_F(RoundTrip, WhiteSpaceAfterALessThanSignIsDoubled) {
   report.AddText(u"a < b", false);
   EXPECT_EQ(body_read_back(), "p(a('a ' '<  b') br) p");
   EXPECT_FALSE(is_same_file());
@@ -278,7 +275,7 @@ TEST_F(RoundTrip, ApostropheEndsTheTargetOfALink) {
   EXPECT_TRUE(is_settled());
 }
 
-// An anchor takes none in itself.
+// An anchor accepts no anchor.
 TEST_F(RoundTrip, AnchorInATextEndsTheAnchorOfTheLine) {
   report.AddText(u"a<a>b</a>c", false);
   EXPECT_EQ(body_read_back(), "p(a('a') a('b') 'c' br) p");
@@ -286,7 +283,7 @@ TEST_F(RoundTrip, AnchorInATextEndsTheAnchorOfTheLine) {
   EXPECT_TRUE(is_settled());
 }
 
-// The highest unit can't be told from the end of the file.
+// The highest unit reads like the end of the file.
 TEST_F(RoundTrip, HighestUnitEndsThePage) {
   report.AddText(u"a\uFFFFb", false);
   EXPECT_EQ(body_read_back(), "p(a('a'))");
@@ -295,5 +292,4 @@ TEST_F(RoundTrip, HighestUnitEndsThePage) {
 }
 
 }  // namespace
-
-}  // namespace report_test
+}  // namespace test

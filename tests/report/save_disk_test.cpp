@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -8,9 +6,9 @@
 
 #include "tests/report/report_page.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/without_privileges.h"
 
-namespace report_test {
-
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -18,26 +16,16 @@ namespace fs = std::filesystem;
 class SaveOnDisk : public ::testing::Test {
  protected:
   static bool is_page(const fs::path& file) {
-    const std::string bytes = test::bytes_of(file);
+    const std::string bytes = bytes_of(file);
     return bytes.substr(0, 4) == std::string("\xFF\xFE<\0", 4) && bytes.size() % 2 == 0;
-  }
-
-  // The file as code units, without the byte-order mark.
-  static ustring page_units(const fs::path& file) {
-    const std::string bytes = test::bytes_of(file);
-    ustring text;
-    for (std::size_t i = 2; i + 1 < bytes.size(); i += 2)
-      text.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                           static_cast<unsigned char>(bytes[i + 1]) << 8));
-    return text;
   }
 
   bool save(const ustring& folder, const char16_t* name) {
     return report.Save(folder.c_str(), name);
   }
 
-  test::temp_folder temp;
-  test::recording_opener browser;
+  temp_folder temp;
+  recording_opener browser;
   VellomarkObj report{platform::file_system::native(), browser};
 };
 
@@ -45,17 +33,17 @@ TEST_F(SaveOnDisk, BothFoldersAndThePageAreMade) {
   EXPECT_TRUE(save(temp.text(u"/new"), u"page.htm"));
   const fs::path page = temp.path() / "new" / "Vellomark" / "page.htm";
   ASSERT_TRUE(is_page(page));
-  EXPECT_TRUE(same_units(page_units(page), page_head() + empty_block() + page_tail()));
+  EXPECT_TRUE(same_units(page_text(page), page_head() + block() + page_tail()));
 }
 
 TEST_F(SaveOnDisk, FirstBytesAreTheMarkAndLinesEndInALineFeed) {
   report.AddHeading(u"title", 1);
   EXPECT_TRUE(save(temp.text(), u"page.htm"));
-  const std::string bytes = test::bytes_of(temp.path() / "Vellomark" / "page.htm");
+  const std::string bytes = bytes_of(temp.path() / "Vellomark" / "page.htm");
   ASSERT_GT(bytes.size(), 4u);
   EXPECT_EQ(bytes.substr(0, 2), "\xFF\xFE");
   EXPECT_EQ(bytes.substr(bytes.size() - 4), std::string(">\0\n\0", 4));
-  for (const char16_t unit : page_units(temp.path() / "Vellomark" / "page.htm"))
+  for (const char16_t unit : page_text(temp.path() / "Vellomark" / "page.htm"))
     ASSERT_NE(unit, u'\r');
 }
 
@@ -84,21 +72,21 @@ TEST_F(SaveOnDisk, FolderWithoutANameCannotBeMade) {
 }
 
 TEST_F(SaveOnDisk, FolderThatIsAFileFails) {
-  test::make_file(temp.path() / "file", "of others");
+  make_file(temp.path() / "file", "of others");
   EXPECT_FALSE(save(temp.text(u"/file"), nullptr));
   EXPECT_TRUE(browser.urls.empty());
-  EXPECT_EQ(test::bytes_of(temp.path() / "file"), "of others");
+  EXPECT_EQ(bytes_of(temp.path() / "file"), "of others");
 }
 
 // Something of that name is there, which is enough for the folder; the page then
 // can't be opened.
 TEST_F(SaveOnDisk, ReportFolderThatIsAFileCountsAsThere) {
-  test::make_file(temp.path() / "Vellomark", "of others");
+  make_file(temp.path() / "Vellomark", "of others");
   EXPECT_FALSE(save(temp.text(), u"page.htm"));
   EXPECT_TRUE(browser.urls.empty());
   EXPECT_FALSE(save(temp.text(), nullptr));
   EXPECT_EQ(browser.urls, std::vector<ustring>{u"file:///" + temp.text(u"/Vellomark/Report1.htm")});
-  EXPECT_EQ(test::bytes_of(temp.path() / "Vellomark"), "of others");
+  EXPECT_EQ(bytes_of(temp.path() / "Vellomark"), "of others");
 }
 
 TEST_F(SaveOnDisk, PageThatIsAFolderFails) {
@@ -116,24 +104,31 @@ TEST_F(SaveOnDisk, FolderInWhichNothingCanBeMadeFails) {
 }
 
 TEST_F(SaveOnDisk, FolderWithoutPermissionFails) {
-  if (::geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
   const fs::path locked = temp.path() / "locked";
   fs::create_directory(locked);
+  for (const fs::path& path : {temp.path(), locked}) without_privileges::give(path);
   fs::permissions(locked, fs::perms::owner_read | fs::perms::owner_exec);
-  EXPECT_FALSE(save(temp.text(u"/locked"), nullptr));
+  {
+    const without_privileges plain_user;
+    EXPECT_FALSE(save(temp.text(u"/locked"), nullptr));
+  }
   EXPECT_TRUE(browser.urls.empty());
   fs::permissions(locked, fs::perms::owner_all);
   EXPECT_TRUE(fs::is_empty(locked));
 }
 
 TEST_F(SaveOnDisk, PageWithoutPermissionFails) {
-  if (::geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
   fs::create_directories(temp.path() / "Vellomark");
   const fs::path page = temp.path() / "Vellomark" / "page.htm";
-  test::make_file(page, "of others");
+  make_file(page, "of others");
+  for (const fs::path& path : {temp.path(), page.parent_path(), page})
+    without_privileges::give(path);
   fs::permissions(page, fs::perms::owner_read);
-  EXPECT_FALSE(save(temp.text(), u"page.htm"));
-  EXPECT_EQ(test::bytes_of(page), "of others");
+  {
+    const without_privileges plain_user;
+    EXPECT_FALSE(save(temp.text(), u"page.htm"));
+  }
+  EXPECT_EQ(bytes_of(page), "of others");
 }
 
 TEST_F(SaveOnDisk, NamesInAllScriptsWithBlanks) {
@@ -200,23 +195,23 @@ TEST_F(SaveOnDisk, FilesOfOthersStay) {
   const fs::path folder = temp.path() / "Vellomark";
   fs::create_directories(folder);
   for (const char* const name : {"Report1.htm", "notes.txt", "Report.htm"})
-    test::make_file(folder / name, name);
-  test::make_file(temp.path() / "beside.txt", "beside");
+    make_file(folder / name, name);
+  make_file(temp.path() / "beside.txt", "beside");
   EXPECT_TRUE(save(temp.text(), nullptr));
   EXPECT_TRUE(save(temp.text(), u"page.htm"));
   for (const char* const name : {"Report1.htm", "notes.txt", "Report.htm"})
-    EXPECT_EQ(test::bytes_of(folder / name), name);
-  EXPECT_EQ(test::bytes_of(temp.path() / "beside.txt"), "beside");
+    EXPECT_EQ(bytes_of(folder / name), name);
+  EXPECT_EQ(bytes_of(temp.path() / "beside.txt"), "beside");
   EXPECT_TRUE(is_page(folder / "Report2.htm"));
 }
 
 TEST_F(SaveOnDisk, AnOldPageIsReplacedAndReadersAreNotInTheWay) {
   fs::create_directories(temp.path() / "Vellomark");
   const fs::path page = temp.path() / "Vellomark" / "page.htm";
-  test::make_file(page, std::string(1000000, 'x'));
+  make_file(page, std::string(1000000, 'x'));
   std::ifstream reader(page);
   EXPECT_TRUE(save(temp.text(), u"page.htm"));
-  EXPECT_TRUE(same_units(page_units(page), page_head() + empty_block() + page_tail()));
+  EXPECT_TRUE(same_units(page_text(page), page_head() + block() + page_tail()));
 }
 
 TEST_F(SaveOnDisk, FullDiskIsNotReported) {
@@ -237,11 +232,10 @@ TEST_F(SaveOnDisk, LargePageIsWhole) {
     expected += u"      <a>a line \u4E2D</a><br/>\n";
   }
   EXPECT_TRUE(save(temp.text(), u"page.htm"));
-  EXPECT_TRUE(same_units(
-      page_units(temp.path() / "Vellomark" / "page.htm"),
-      page_head() + u"    <p>\n" + expected + u"    </p>\n" + empty_block() + page_tail()));
+  EXPECT_TRUE(
+      same_units(page_text(temp.path() / "Vellomark" / "page.htm"),
+                 page_head() + u"    <p>\n" + expected + u"    </p>\n" + block() + page_tail()));
 }
 
 }  // namespace
-
-}  // namespace report_test
+}  // namespace test

@@ -5,16 +5,14 @@
 #include "tests/report/report_page.h"
 #include "xport/text/number_format.h"
 
-namespace report_test {
-
+namespace test {
 namespace {
 
-using test::file_call;
-using call = test::memory_files::call;
+using call = memory_files::call;
 
 class Save : public report_test {
  protected:
-  // The calls without the writes, whose number is the page's business.
+  // The calls without the writes, whose number depends on the page.
   std::vector<call> calls_but_writes() const {
     std::vector<call> found;
     for (const call& made : files.calls)
@@ -56,7 +54,7 @@ TEST_F(Save, AReportFolderThatIsThereIsAccepted) {
   EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
 }
 
-// Somebody else makes the folder between the look and the making.
+// Somebody else makes the folder between the check and the call.
 TEST_F(Save, AFolderThatAppearsMeanwhileIsAccepted) {
   files.folders.insert(u"/out");
   files.fail(file_call::exists, 1);
@@ -89,22 +87,14 @@ TEST_F(Save, EveryCallStartsABlockEvenIfItFailsEarly) {
   EXPECT_FALSE(report.Save(u"/out", u"page.htm"));
   files.fail(file_call::open, 1);
   EXPECT_FALSE(report.Save(u"/out", u"page.htm"));
-  EXPECT_TRUE(same_units(body(), lines({u"    <p>", u"      <a>line</a><br/>", u"    </p>"}) +
-                                     empty_block() + empty_block() + empty_block()));
+  EXPECT_TRUE(same_units(body(), block({u"line"}) + block() + block() + block()));
 }
 
-TEST_F(Save, TextBehindASaveGoesIntoTheBlockThatItStarted) {
+TEST_F(Save, TextAfterASaveGoesIntoTheBlockThatItStarted) {
   report.AddText(u"before", false);
   EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
   report.AddText(u"after", false);
-  EXPECT_TRUE(same_units(body(), lines({
-                                     u"    <p>",
-                                     u"      <a>before</a><br/>",
-                                     u"    </p>",
-                                     u"    <p>",
-                                     u"      <a>after</a><br/>",
-                                     u"    </p>",
-                                 })));
+  EXPECT_TRUE(same_units(body(), block({u"before"}) + block({u"after"})));
 }
 
 TEST_F(Save, AnOpenTableStaysOpen) {
@@ -173,7 +163,7 @@ TEST_F(Save, ClosingThatFailsIsStillTrue) {
   files.fail(file_call::close, 1);
   EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
   EXPECT_TRUE(same_units(files.units(u"/out/Vellomark/page.htm"),
-                         u"\uFEFF" + page_head() + empty_block() + page_tail()));
+                         u"\uFEFF" + page_head() + block() + page_tail()));
 }
 
 TEST_F(Save, WritesComeByBlocksAndNotByElements) {
@@ -188,14 +178,14 @@ TEST_F(Save, SavingTwiceWritesThePageAgainWithOneMoreBlock) {
   const ustring first = saved_page();
   const ustring second = saved_page();
   EXPECT_TRUE(same_units(
-      second, first.substr(0, first.size() - page_tail().size()) + empty_block() + page_tail()));
+      second, first.substr(0, first.size() - page_tail().size()) + block() + page_tail()));
 }
 
 TEST_F(Save, AShorterPageReplacesALongerOne) {
   VellomarkObj longer(files, browser);
   for (int row = 0; row < 1000; ++row) longer.AddText(u"line", false);
   ASSERT_TRUE(longer.Save(u"/out", u"page.htm"));
-  EXPECT_TRUE(same_units(saved_page(), page_head() + empty_block() + page_tail()));
+  EXPECT_TRUE(same_units(saved_page(), page_head() + block() + page_tail()));
 }
 
 TEST_F(Save, SameCallsGiveSameBytes) {
@@ -211,11 +201,11 @@ TEST_F(Save, SameCallsGiveSameBytes) {
             files.contents.at(u"/out/Vellomark/two.htm"));
 }
 
-TEST_F(Save, NamesAreTakenAsTheyAre) {
+TEST_F(Save, NamesAreUsedAsTheyAre) {
   for (const ustring name :
        {u"page", u"page.htm", u"a.b.htm", u".htm", u"..htm", u"page.", u"p q"}) {
     EXPECT_TRUE(report.Save(u"/out", name.c_str()));
-    EXPECT_EQ(files.contents.count(u"/out/Vellomark/" + name), 1u) << test::printable(name);
+    EXPECT_EQ(files.contents.count(u"/out/Vellomark/" + name), 1u) << printable(name);
   }
 }
 
@@ -242,7 +232,7 @@ TEST_F(Save, LibraryChoosesTheNextFreeNumber) {
   EXPECT_EQ(files.contents.size(), 3u);
 }
 
-TEST_F(Save, NamesAreLookedForBehindABackslash) {
+TEST_F(Save, NamesStartAfterABackslash) {
   make_report_folder();
   make_page(u"/out/Vellomark/Report1.htm");
   EXPECT_TRUE(report.Save(u"/out", nullptr));
@@ -270,7 +260,7 @@ TEST_F(Save, GapsInTheNumbersAreFilledAndOthersStay) {
 TEST_F(Save, NumbersGrowDigits) {
   make_report_folder();
   for (int number = 1; number <= 1234; ++number)
-    make_page(u"/out/Vellomark/Report" + Xport::to_ustring(number) + u".htm");
+    make_page(u"/out/Vellomark/Report" + to_ustring(number) + u".htm");
   EXPECT_TRUE(report.Save(u"/out", nullptr));
   EXPECT_EQ(browser.urls, std::vector<ustring>{u"file:////out/Vellomark/Report1235.htm"});
 }
@@ -315,5 +305,4 @@ TEST_F(ReportNumber, ThatMakesThePathTooLongCountsAsFree) {
 }
 
 }  // namespace
-
-}  // namespace report_test
+}  // namespace test

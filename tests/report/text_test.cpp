@@ -2,21 +2,10 @@
 #include <string>
 
 #include "tests/report/report_page.h"
+#include "tests/support/unit_bytes.h"
 
-namespace report_test {
-
+namespace test {
 namespace {
-
-// Each unit with its less significant byte first.
-std::string little_endian(const ustring& text) {
-  std::string bytes;
-  bytes.reserve(text.size() * 2);
-  for (const char16_t unit : text) {
-    bytes.push_back(static_cast<char>(unit & 0xFF));
-    bytes.push_back(static_cast<char>(unit >> 8));
-  }
-  return bytes;
-}
 
 ustring replaced(const ustring& text, char16_t unit, const ustring& by) {
   ustring changed;
@@ -38,17 +27,13 @@ class Text : public report_test {
   void expect_bytes(const ustring& body_text) {
     ASSERT_TRUE(report.Save(u"/out", u"page.htm"));
     const std::string expected =
-        little_endian(u"\uFEFF" + page_head() + body_text + empty_block() + page_tail());
+        file_bytes(u"\uFEFF" + page_head() + body_text + block() + page_tail());
     const std::string& got = files.contents.at(u"/out/Vellomark/page.htm");
     if (got == expected) return;
     std::size_t at = 0;
     while (at < got.size() && at < expected.size() && got[at] == expected[at]) ++at;
     ADD_FAILURE() << got.size() << " bytes instead of " << expected.size()
                   << ", different from byte " << at << " on";
-  }
-
-  static ustring line(const ustring& text) {
-    return u"    <p>\n      <a>" + indented(text) + u"</a><br/>\n    </p>\n";
   }
 
   // A text as it has to pass through a line, a heading and a cell.
@@ -58,12 +43,8 @@ class Text : public report_test {
     report.OpenTable(2);
     report.AddText(text.c_str(), false);
     report.CloseTable();
-    expect_bytes(line(text) + u"    <h1 class='Style1'>\n      " + indented(text) +
-                 u"\n    </h1>\n" + empty_block() +
-                 lines({u"    <table border='1' class='main' width='100%'>", u"      <tr>",
-                        u"        <td valign='top'>"}) +
-                 u"          " + replaced(text, u'\n', u"<BR>") + u"\n" +
-                 lines({u"        </td>", u"      </tr>", u"    </table>"}) + empty_block());
+    expect_bytes(block({indented(text)}) + heading(u'1', indented(text)) +
+                 table(replaced(text, u'\n', u"<BR>")) + block());
   }
 };
 
@@ -177,15 +158,9 @@ TEST_F(Text, TextsAreCopiedBeforeTheCallReturns) {
   text.assign(4, u'?');
   target.assign(4, u'?');
   report.AddText(nullptr, false);
-  expect_bytes(lines({
-      u"    <p>",
-      u"      <a>text</a><br/>",
-      u"      <a href='#goal'>goal</a><br/>",
-      u"      <a href='#goal'>goal</a><br/>",
-      u"    </p>",
-  }));
+  expect_bytes(paragraph(lines({u"      <a>text</a><br/>", u"      <a href='#goal'>goal</a><br/>",
+                                u"      <a href='#goal'>goal</a><br/>"})));
 }
 
 }  // namespace
-
-}  // namespace report_test
+}  // namespace test

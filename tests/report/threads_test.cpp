@@ -7,19 +7,20 @@
 #include <vellomark/vellomark.h>
 #include <boost/smart_ptr/shared_ptr.hpp>
 
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/temp_folder.h"
 #include "xport/text/number_format.h"
 
+namespace test {
 namespace {
 
 constexpr int thread_count = 8;
 
-// Builds and saves reports of its own; what is on them depends on `number` alone.
-void build_and_save(const test::temp_folder& temp, int number) {
+// Builds and saves reports of its own, whose content depends on `number` alone.
+void build_and_save(const temp_folder& temp, int number) {
   for (int round = 0; round < 5; ++round) {
     const boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
-    const std::u16string name = Xport::to_ustring(number);
+    const std::u16string name = to_ustring(number);
     report->AddHeading(name.c_str(), 1 + number % 4);
     report->OpenTable(2 + number % 3);
     for (int row = 0; row < 100; ++row) {
@@ -34,8 +35,8 @@ void build_and_save(const test::temp_folder& temp, int number) {
 }
 
 TEST(Threads, EachBuildsAndSavesItsOwnReports) {
-  const test::temp_folder together;
-  const test::temp_folder alone;
+  const temp_folder together;
+  const temp_folder alone;
   std::vector<std::thread> threads;
   for (int number = 0; number < thread_count; ++number)
     threads.emplace_back(build_and_save, std::cref(together), number);
@@ -44,9 +45,9 @@ TEST(Threads, EachBuildsAndSavesItsOwnReports) {
   for (int number = 0; number < thread_count; ++number) {
     build_and_save(alone, number);
     const std::string page = "Vellomark/" + std::to_string(number) + ".htm";
-    const std::string expected = test::bytes_of(alone.path() / page);
+    const std::string expected = bytes_of(alone.path() / page);
     EXPECT_GT(expected.size(), 10000u);
-    EXPECT_EQ(test::bytes_of(together.path() / page) == expected, true) << page;
+    EXPECT_EQ(bytes_of(together.path() / page) == expected, true) << page;
   }
 }
 
@@ -57,7 +58,7 @@ std::u16string template_page() {
       u"<body><!-- &copy; --><h1 class='c' style='color: red'>&copy;</h1>";
   for (int field = 0; field < 20; ++field)
     source += u"<table><tr><td>cell<td>cell</tr></table><p><span id='Template'>" +
-              Xport::to_ustring(field) + u"</span></p><ul><li>item<li>item</ul>";
+              to_ustring(field) + u"</span></p><ul><li>item<li>item</ul>";
   return source + u"</body></html>";
 }
 
@@ -69,10 +70,10 @@ std::vector<std::u16string> fields_of(IVellomark& report) {
   return names;
 }
 
-// Gives the fields of the template and of the page that came of it.
-std::vector<std::u16string> fill_save_and_read(const test::temp_folder& temp, int number) {
+// Returns the fields of the template and those of the page that was made from it.
+std::vector<std::u16string> fill_save_and_read(const temp_folder& temp, int number) {
   std::vector<std::u16string> seen;
-  const std::u16string name = u"filled" + Xport::to_ustring(number) + u".htm";
+  const std::u16string name = u"filled" + to_ustring(number) + u".htm";
   for (int round = 0; round < 3; ++round) {
     const boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
     report->LoadTemplate(temp.text(u"/template.htm").c_str());
@@ -91,10 +92,10 @@ std::vector<std::u16string> fill_save_and_read(const test::temp_folder& temp, in
 }
 
 TEST(Threads, EachLoadsFillsAndReadsPages) {
-  const test::temp_folder together;
-  const test::temp_folder alone;
-  for (const test::temp_folder* const folder : {&together, &alone})
-    test::make_file(folder->path() / "template.htm", test::file_bytes(template_page()));
+  const temp_folder together;
+  const temp_folder alone;
+  for (const temp_folder* const folder : {&together, &alone})
+    make_file(folder->path() / "template.htm", file_bytes(template_page()));
   std::vector<std::vector<std::u16string>> seen(thread_count);
   std::vector<std::thread> threads;
   for (int number = 0; number < thread_count; ++number)
@@ -108,10 +109,11 @@ TEST(Threads, EachLoadsFillsAndReadsPages) {
     EXPECT_EQ(fields.size(), 40u) << "those of the template and those of the page";
     EXPECT_EQ(fields, fill_save_and_read(alone, number));
     const std::string page = "Vellomark/filled" + std::to_string(number) + ".htm";
-    const std::string expected = test::bytes_of(alone.path() / page);
+    const std::string expected = bytes_of(alone.path() / page);
     EXPECT_GT(expected.size(), 10000u);
-    EXPECT_EQ(test::bytes_of(together.path() / page) == expected, true) << page;
+    EXPECT_EQ(bytes_of(together.path() / page) == expected, true) << page;
   }
 }
 
 }  // namespace
+}  // namespace test

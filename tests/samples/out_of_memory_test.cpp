@@ -1,8 +1,7 @@
 #include "tests/samples/sample_files.h"
 #include "tests/support/allocation_failure.h"
 
-namespace samples_test {
-
+namespace test {
 namespace {
 
 // Lets each allocation fail once. Nothing may leak. The page is as it was, and only where the
@@ -12,11 +11,11 @@ class SamplesOutOfMemory : public SampleFiles {
   template <class Attempt>
   void expect_harmless_failures(const ustring& complete, Attempt attempt) {
     make_file("page.htm", "old");
-    const std::string whole = little_endian(complete);
+    const std::string whole = marked_bytes(complete);
     std::size_t opened = 0;
-    const std::size_t live = test::live_allocations();
-    const std::size_t failures = test::fail_each_allocation(attempt, [&] {
-      EXPECT_EQ(test::live_allocations(), live);
+    const std::size_t live = live_allocations();
+    const std::size_t failures = fail_each_allocation(attempt, [&] {
+      EXPECT_EQ(live_allocations(), live);
       const std::string bytes = bytes_of("page.htm");
       if (bytes == "old" && opened == 0) return;
       ++opened;
@@ -25,7 +24,7 @@ class SamplesOutOfMemory : public SampleFiles {
     });
     EXPECT_GT(failures, 5u);
     EXPECT_LE(opened, 10u);
-    EXPECT_EQ(test::live_allocations(), live);
+    EXPECT_EQ(live_allocations(), live);
     attempt();
     EXPECT_TRUE(same_units(page("page.htm"), complete));
   }
@@ -57,5 +56,4 @@ TEST_F(SamplesOutOfMemory, OfParseAndChange) {
 }
 
 }  // namespace
-
-}  // namespace samples_test
+}  // namespace test

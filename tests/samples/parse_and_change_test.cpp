@@ -2,8 +2,7 @@
 
 #include "tests/samples/sample_files.h"
 
-namespace samples_test {
-
+namespace test {
 namespace {
 
 using vellomark::CreateSampleVellomark1;
@@ -19,23 +18,23 @@ class ParseAndChange : public SampleFiles {
     EXPECT_EQ(CreateSampleVellomark1(path(name).c_str()), has_strings);
   }
 
-  // Makes a page of this text, changes it into "target" and looks at what the function
-  // answers: `complete`, if there is a string.
+  // Makes a page of this text, changes it into "target" and checks what the function
+  // returns: `complete`, if there is a string.
   ustring changed(ustring_view text, bool complete) const {
-    make_file("source", little_endian(text));
+    make_file("source", marked_bytes(text));
     EXPECT_EQ(change("source", "target"), complete && has_strings);
-    EXPECT_EQ(bytes_of("source"), little_endian(text));
+    EXPECT_EQ(bytes_of("source"), marked_bytes(text));
     return page("target");
   }
 
-  // The same for the content of a body. What is added is taken off again.
+  // The same for the content of a body. What is added is cut off again.
   ustring changed_body(ustring_view content, bool complete) const {
     const ustring text =
         changed(ustring(u"<html><body>").append(content).append(u"</body></html>"), complete);
     const ustring head = lines({u"<html>", u"  <body>"});
     const ustring tail = added_heading() + lines({u"  </body>", u"</html>"});
     if (!text.starts_with(head) || !text.ends_with(tail)) {
-      ADD_FAILURE() << test::printable(text);
+      ADD_FAILURE() << printable(text);
       return {};
     }
     return text.substr(head.size(), text.size() - head.size() - tail.size());
@@ -49,43 +48,43 @@ constexpr ustring_view four_items =
 TEST_F(ParseAndChange, ReversesTheLabelsOfTheSample) {
   make_sample("sample.htm");
   EXPECT_EQ(change("sample.htm", "changed.htm"), has_strings);
-  EXPECT_TRUE(test::is_golden(page("changed.htm"), golden("sample_report_changed")));
+  EXPECT_TRUE(is_golden(page("changed.htm"), golden("sample_report_changed")));
 }
 
 TEST_F(ParseAndChange, ReadsTheOtherByteOrderAndWritesItsOwn) {
   make_sample("sample.htm");
-  make_file("other.htm", swapped(bytes_of("sample.htm")));
+  make_file("other.htm", swapped_bytes(bytes_of("sample.htm")));
   EXPECT_EQ(bytes_of("other.htm").substr(0, 4), std::string("\xFE\xFF\0<", 4));
   EXPECT_EQ(change("other.htm", "changed.htm"), has_strings);
-  EXPECT_TRUE(test::is_golden(page("changed.htm"), golden("sample_report_changed")));
+  EXPECT_TRUE(is_golden(page("changed.htm"), golden("sample_report_changed")));
 }
 
 TEST_F(ParseAndChange, ReadsAPageWithoutAMark) {
   make_sample("sample.htm");
   make_file("bare.htm", bytes_of("sample.htm").substr(2));
   EXPECT_EQ(change("bare.htm", "changed.htm"), has_strings);
-  EXPECT_TRUE(test::is_golden(page("changed.htm"), golden("sample_report_changed")));
+  EXPECT_TRUE(is_golden(page("changed.htm"), golden("sample_report_changed")));
 }
 
-TEST_F(ParseAndChange, TakesOneFileAsSourceAndTarget) {
+TEST_F(ParseAndChange, WorksWithOneFileAsSourceAndTarget) {
   make_sample("page.htm");
   EXPECT_EQ(change("page.htm", "page.htm"), has_strings);
-  EXPECT_TRUE(test::is_golden(page("page.htm"), golden("sample_report_changed")));
+  EXPECT_TRUE(is_golden(page("page.htm"), golden("sample_report_changed")));
 }
 
-TEST_F(ParseAndChange, TakesOneFileUnderTwoNames) {
+TEST_F(ParseAndChange, WorksWithOneFileUnderTwoNames) {
   make_sample("page.htm");
   fs::create_symlink(file("page.htm"), file("link.htm"));
   fs::create_hard_link(file("page.htm"), file("hard.htm"));
   EXPECT_EQ(change("page.htm", "link.htm"), has_strings);
-  EXPECT_TRUE(test::is_golden(page("hard.htm"), golden("sample_report_changed")));
+  EXPECT_TRUE(is_golden(page("hard.htm"), golden("sample_report_changed")));
 }
 
 TEST_F(ParseAndChange, ReplacesALongerTarget) {
   make_sample("sample.htm");
   make_file("changed.htm", std::string(100000, 'x'));
   EXPECT_EQ(change("sample.htm", "changed.htm"), has_strings);
-  EXPECT_TRUE(test::is_golden(page("changed.htm"), golden("sample_report_changed")));
+  EXPECT_TRUE(is_golden(page("changed.htm"), golden("sample_report_changed")));
 }
 
 // The labels stay as they are, and each time there is one heading more. It is read without
@@ -115,7 +114,7 @@ TEST_F(ParseAndChange, ChangesTheFirstOfTwoElementsWithOneId) {
                         u"    <h3 id='elem4'>", u"      Element1", u"    </h3>"})));
 }
 
-// The deeper one comes first where it stands in front, and the outer one where it holds it.
+// The deeper one is found first where it stands before, and the outer one where it holds it.
 TEST_F(ParseAndChange, LooksInDocumentOrder) {
   EXPECT_TRUE(
       same_units(changed_body(u"<div><p><span id='elem1'>a</span></p></div><p id='elem1'>b</p>"
@@ -135,7 +134,7 @@ TEST_F(ParseAndChange, ReplacesAllContentByTheText) {
              u"    </div>", u"    <p id='elem2'>", u"      Element3", u"    </p>"})));
 }
 
-// Nothing tells that the text found no place.
+// Nothing reports that the text wasn't inserted.
 TEST_F(ParseAndChange, LeavesElementsThatTakeNoTextEmpty) {
   EXPECT_TRUE(same_units(
       changed_body(u"<p id='elem1'>a</p><table id='elem2'><tr><td>b</td></tr></table>"
@@ -146,7 +145,7 @@ TEST_F(ParseAndChange, LeavesElementsThatTakeNoTextEmpty) {
              u"      <img id='elem4' src='d'/>", u"    </p>"})));
 }
 
-// Elements that went with the content of another one aren't found.
+// Elements that were deleted with the content of another one aren't found.
 TEST_F(ParseAndChange, DoesNotFindWhatItHasDeleted) {
   EXPECT_TRUE(same_units(
       changed_body(u"<ul id='elem1'><li id='elem2'>a</li></ul><p id='elem4'>b</p>"
@@ -156,7 +155,7 @@ TEST_F(ParseAndChange, DoesNotFindWhatItHasDeleted) {
              u"    </p>", u"    <div id='elem3'>", u"      Element2", u"    </div>"})));
 }
 
-// Body and html take no text. What was added to the body goes as well.
+// Body and html accept no text. What was added to the body is deleted as well.
 TEST_F(ParseAndChange, DeletesTheContentOfThePageItself) {
   EXPECT_TRUE(same_units(
       changed(u"<html><head></head><body id='elem1'><p id='elem2'>a</p></body></html>", false),
@@ -183,7 +182,7 @@ TEST_F(ParseAndChange, AnswersFalseIfAnElementIsMissing) {
   }
 }
 
-TEST_F(ParseAndChange, TakesTheWholeIdAndItsCase) {
+TEST_F(ParseAndChange, ComparesTheWholeIdAndItsCase) {
   const ustring content =
       u"<p id='Elem1'>a</p><p id='elem11'>b</p><p id='elem1 '>c</p>"
       u"<p id=' elem1'>d</p><p class='elem1'>e</p><p id='ELEM2'>f</p>";
@@ -213,7 +212,7 @@ TEST_F(ParseAndChange, WritesTheMarkAloneForAnEmptyFile) {
   EXPECT_EQ(changed(u"", false), u"");
 }
 
-// Pairs of bytes are taken for units, which gives nonsense and no failure.
+// Pairs of bytes are read as units, which makes nonsense and no failure.
 TEST_F(ParseAndChange, ReadsWhatIsNoPage) {
   make_file("source", "<html><body><ul><li id='elem1'>abc</li></ul></body></html>");
   EXPECT_FALSE(change("source", "target"));
@@ -244,8 +243,8 @@ TEST_F(ParseAndChange, ChangesADeepElementAmongMany) {
   EXPECT_TRUE(text.ends_with(u"    <p id='elem2'>\n      Element3\n    </p>\n"));
 }
 
-// The stylesheet comes back as it was, as none of its values is short. The style of the
-// control ends at its first blank, and goes behind the attributes.
+// The stylesheet stays as it was, as none of its values is short. The style of the
+// control ends at its first blank and is written after the attributes.
 TEST_F(ParseAndChange, ReadsTheWorkReport) {
   ASSERT_TRUE(vellomark::CreateWorkVellomark(path("work.htm").c_str()));
   EXPECT_FALSE(change("work.htm", "changed.htm"));
@@ -292,7 +291,7 @@ TEST_F(ParseAndChange, LeavesTheTargetAloneIfTheSourceIsNotReadable) {
   fs::permissions(file("sample.htm"), fs::perms(0));
   fs::permissions(file("target"), fs::perms(0666));
   {
-    const without_root plain_user;
+    const without_privileges plain_user;
     EXPECT_FALSE(change("sample.htm", "target"));
     EXPECT_FALSE(change("sample.htm", "new"));
   }
@@ -303,7 +302,7 @@ TEST_F(ParseAndChange, LeavesTheTargetAloneIfTheSourceIsNotReadable) {
 TEST_F(ParseAndChange, AnswersFalseWithoutATargetThatCanBeOpened) {
   make_sample("sample.htm");
   const std::string bytes = bytes_of("sample.htm");
-  const test::temp_folder targets;
+  const temp_folder targets;
   fs::permissions(folder_.path(), fs::perms(0755));
   expect_unwritable(targets, [this](const char16_t* target) {
     return ParseAndChangeSampleVellomark(path("sample.htm").c_str(), target);
@@ -319,5 +318,4 @@ TEST_F(ParseAndChange, DoesNotNoticeAFullDisk) {
 }
 
 }  // namespace
-
-}  // namespace samples_test
+}  // namespace test

@@ -1,7 +1,6 @@
 #include "tests/samples/sample_files.h"
 
-namespace samples_test {
-
+namespace test {
 namespace {
 
 using vellomark::CreateSampleVellomark1;
@@ -11,7 +10,7 @@ class SampleReport : public SampleFiles {
   bool create(const std::string& name) const { return CreateSampleVellomark1(path(name).c_str()); }
 };
 
-// A library without the string answers false, though it has written the page.
+// A library without the string returns false, though it has written the page.
 TEST_F(SampleReport, AnswersWhetherThereIsAString) {
   EXPECT_EQ(create("page.htm"), has_strings);
   EXPECT_TRUE(fs::exists(file("page.htm")));
@@ -19,7 +18,7 @@ TEST_F(SampleReport, AnswersWhetherThereIsAString) {
 
 TEST_F(SampleReport, WritesTheKeptPage) {
   create("page.htm");
-  EXPECT_TRUE(test::is_golden(page("page.htm"), golden("sample_report")));
+  EXPECT_TRUE(is_golden(page("page.htm"), golden("sample_report")));
 }
 
 TEST_F(SampleReport, HasNoStylesheet) {
@@ -43,7 +42,7 @@ TEST_F(SampleReport, WritesTheSamePageAgain) {
 TEST_F(SampleReport, ReplacesAFile) {
   make_file("page.htm", std::string(100000, 'x'));
   create("page.htm");
-  EXPECT_TRUE(test::is_golden(page("page.htm"), golden("sample_report")));
+  EXPECT_TRUE(is_golden(page("page.htm"), golden("sample_report")));
 }
 
 TEST_F(SampleReport, WritesLittleEndianUnitsWithLineFeeds) {
@@ -54,7 +53,7 @@ TEST_F(SampleReport, WritesLittleEndianUnitsWithLineFeeds) {
   EXPECT_EQ(page("page.htm").find(u'\r'), ustring::npos);
 }
 
-TEST_F(SampleReport, TakesPathsOfAllKinds) {
+TEST_F(SampleReport, AcceptsPathsOfAllKinds) {
   fs::create_directory(file("folder"));
   EXPECT_EQ(CreateSampleVellomark1((path("folder") + u"\\page.htm").c_str()), has_strings);
   EXPECT_TRUE(fs::exists(file("folder/page.htm")));
@@ -73,5 +72,4 @@ TEST_F(SampleReport, DoesNotNoticeAFullDisk) {
 }
 
 }  // namespace
-
-}  // namespace samples_test
+}  // namespace test

@@ -3,8 +3,7 @@
 
 #include "tests/samples/sample_files.h"
 
-namespace samples_test {
-
+namespace test {
 namespace {
 
 using vellomark::CreateWorkVellomark;
@@ -33,8 +32,8 @@ class WorkReport : public SampleFiles {
   }
 };
 
-// Whatever the string table holds.
-TEST_F(WorkReport, WritesTheKeptPage) { EXPECT_TRUE(test::is_golden(text(), "work_report.xhtml")); }
+// With any string table.
+TEST_F(WorkReport, WritesTheKeptPage) { EXPECT_TRUE(is_golden(text(), "work_report.xhtml")); }
 
 TEST_F(WorkReport, WritesTheSamePageAgain) {
   const ustring first = text();
@@ -43,10 +42,10 @@ TEST_F(WorkReport, WritesTheSamePageAgain) {
 
 TEST_F(WorkReport, ReplacesAFile) {
   make_file("page.htm", std::string(1000000, 'x'));
-  EXPECT_TRUE(test::is_golden(text(), "work_report.xhtml"));
+  EXPECT_TRUE(is_golden(text(), "work_report.xhtml"));
 }
 
-// A style in the inline style would stand behind all attributes, and lose its blanks.
+// In the inline style it would follow all attributes and lose its blanks.
 TEST_F(WorkReport, WritesTheStyleOfTheControlAsAnAttribute) {
   EXPECT_EQ(count(text(), u" name='atltest' style='border: 1px solid #000;' title='Once "), 1u);
   EXPECT_EQ(count(text(), u" style="), 1u);
@@ -76,7 +75,7 @@ TEST_F(WorkReport, HasOneStylesheetOfElevenRules) {
   EXPECT_EQ(count(text(), u" { \n"), 11u);
 }
 
-// A log of a debugger: 24 different modules, each with one of three remarks.
+// The log of a debugger: 24 different modules, each with one of three remarks.
 TEST_F(WorkReport, IsFilledWithLinesOfALog) {
   const ustring page = text();
   EXPECT_EQ(count(page, u"': Loaded 'C:\\WINDOWS\\system32\\"), 24u);
@@ -100,5 +99,4 @@ TEST_F(WorkReport, DoesNotNoticeAFullDisk) {
 }
 
 }  // namespace
-
-}  // namespace samples_test
+}  // namespace test

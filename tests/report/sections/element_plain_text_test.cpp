@@ -8,14 +8,10 @@
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/char16.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
 using report::ElementPlainText;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_element;
 
 xhtml_element line(const ustring& text) {
   xhtml_element element(tag_id::a, u"", u"");
@@ -23,8 +19,8 @@ xhtml_element line(const ustring& text) {
   return element;
 }
 
-// Cuts as the rule tells it: positions into one text, from which tags are erased.
-// The first ">" is always looked for from the beginning.
+// Cuts by the rule's own steps: positions into one text, from which tags are erased.
+// The search for ">" always starts at the beginning.
 ustring cut(ustring text) {
   std::size_t start = 0;
   while (true) {
@@ -41,25 +37,25 @@ ustring cut(ustring text) {
 }
 
 TEST(ElementPlainText, LineIsItsText) {
-  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"C:\\charts\\a.tmp")), u"C:\\charts\\a.tmp"));
-  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"")), u""));
+  EXPECT_TRUE(same_units(ElementPlainText(line(u"C:\\charts\\a.tmp")), u"C:\\charts\\a.tmp"));
+  EXPECT_TRUE(same_units(ElementPlainText(line(u"")), u""));
 }
 
 TEST(ElementPlainText, ReferencesStay) {
-  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a&amp;b &#65;")), u"a&amp;b &#65;"));
+  EXPECT_TRUE(same_units(ElementPlainText(line(u"a&amp;b &#65;")), u"a&amp;b &#65;"));
 }
 
 TEST(ElementPlainText, TagsInTheTextAreCut) {
-  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a<b>c</b>d")), u"acd"));
+  EXPECT_TRUE(same_units(ElementPlainText(line(u"a<b>c</b>d")), u"acd"));
 }
 
-// The end tag of the line stays too, as nothing is cut behind a lone ">".
+// The end tag of the line stays too, as nothing is cut after a lone ">".
 TEST(ElementPlainText, LoneEndEndsTheCutting) {
-  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a>b<i>c")), u"a>b<i>c</a>"));
+  EXPECT_TRUE(same_units(ElementPlainText(line(u"a>b<i>c")), u"a>b<i>c</a>"));
 }
 
-TEST(ElementPlainText, LoneBeginningTakesWhatFollowsItToTheEndTag) {
-  EXPECT_TRUE(test::same_units(ElementPlainText(line(u"a<b")), u"a"));
+TEST(ElementPlainText, LoneBeginningCutsWhatFollowsItToTheEndTag) {
+  EXPECT_TRUE(same_units(ElementPlainText(line(u"a<b")), u"a"));
 }
 
 TEST(ElementPlainText, NestedElementsAreCut) {
@@ -67,17 +63,17 @@ TEST(ElementPlainText, NestedElementsAreCut) {
   xhtml_element inner(tag_id::b, u"id", u"class");
   inner.append_text(u"two");
   element.append_copy(inner);
-  EXPECT_TRUE(test::same_units(ElementPlainText(element), u"one two"));
+  EXPECT_TRUE(same_units(ElementPlainText(element), u"one two"));
 }
 
-// The writer breaks the line behind `br` and around `img`.
+// The writer breaks the line after `br` and around `img`.
 TEST(ElementPlainText, EmptyElementsLeaveTheirLineEnds) {
-  EXPECT_TRUE(test::same_units(ElementPlainText(xhtml_element(tag_id::br, u"", u"")), u"\n"));
+  EXPECT_TRUE(same_units(ElementPlainText(xhtml_element(tag_id::br, u"", u"")), u"\n"));
 }
 
 TEST(ElementPlainText, LongTextIsNotWrapped) {
   const ustring text = ustring(3000, u'x') + u' ' + ustring(3000, u'y');
-  EXPECT_TRUE(test::same_units(ElementPlainText(line(text)), text));
+  EXPECT_TRUE(same_units(ElementPlainText(line(text)), text));
 }
 
 TEST(ElementPlainText, RandomTextsAreCutByTheRule) {
@@ -87,8 +83,8 @@ TEST(ElementPlainText, RandomTextsAreCutByTheRule) {
     ustring text(source() % 16, u'a');
     for (char16_t& unit : text) unit = units[source() % units.size()];
     const xhtml_element element = line(text);
-    ASSERT_TRUE(test::same_units(ElementPlainText(element), cut(test::written(element))))
-        << "text " << test::printable(text);
+    ASSERT_TRUE(same_units(ElementPlainText(element), cut(written(element))))
+        << "text " << printable(text);
   }
 }
 
@@ -100,12 +96,11 @@ TEST(ElementPlainText, RandomValuesAreCutByTheRule) {
     ustring value(source() % 8, u'a');
     for (char16_t& unit : value) unit = units[source() % units.size()];
     xhtml_element element = line(u"t");
-    element.set_attribute(Xport::attr_id::href, value);
-    ASSERT_TRUE(test::same_units(ElementPlainText(element), cut(test::written(element))))
-        << "value " << test::printable(value);
+    element.set_attribute(attr_id::href, value);
+    ASSERT_TRUE(same_units(ElementPlainText(element), cut(written(element))))
+        << "value " << printable(value);
   }
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

@@ -1,12 +1,11 @@
 #include <string>
 
-#include "tests/report/sections/section_page.h"
+#include "tests/report/report_page.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
-class Growth : public section_test {};
+class Growth : public disk_test {};
 
 ustring number(std::size_t value) {
   const std::string digits = std::to_string(value);
@@ -50,7 +49,7 @@ TEST_F(Growth, HundredThousandSectionsOfNoOrOnePathKeepTheirOrder) {
   }
   // The path is empty until the first with a heading comes in its turn.
   const ustring first = block({u"0"});
-  EXPECT_TRUE(test::same_units(saved(), first + shared + bare.substr(first.size())));
+  EXPECT_TRUE(same_units(saved(), first + shared + bare.substr(first.size())));
 }
 
 TEST_F(Growth, PathOfAHundredThousandHeadings) {
@@ -66,7 +65,7 @@ TEST_F(Growth, PathOfAHundredThousandHeadings) {
     report.BeginSection(u"", nullptr);
     expected += heading(u'2', last) + block();
   }
-  EXPECT_TRUE(test::same_units(saved(), expected));
+  EXPECT_TRUE(same_units(saved(), expected));
 }
 
 // Sections under the first heading only, which leave a long path as it is.
@@ -87,5 +86,4 @@ TEST_F(Growth, LongPathThatManySectionsLeaveAsItIs) {
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

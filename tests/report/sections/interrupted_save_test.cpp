@@ -5,20 +5,19 @@
 
 #include "tests/report/sections/picture_report.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
 
 using platform::file_system;
 
-// The disk, with one call that raises, before it does its work or behind it.
-class raising_files final : public file_system {
+// The disk, with one call that throws, before its work or after it.
+class throwing_files final : public file_system {
  public:
-  void raise(std::size_t call, bool behind) {
+  void throw_at(std::size_t call, bool after) {
     left_ = call;
-    behind_ = behind;
+    after_ = after;
   }
 
   bool exists(const ustring& path) override {
@@ -30,10 +29,10 @@ class raising_files final : public file_system {
   platform::folder_result create_directory(const ustring& path) override {
     return through([&] { return disk_.create_directory(path); });
   }
-  std::unique_ptr<Xport::byte_output> open_for_writing(const ustring& path) override {
+  std::unique_ptr<byte_output> open_for_writing(const ustring& path) override {
     return through([&] { return disk_.open_for_writing(path); });
   }
-  std::unique_ptr<Xport::byte_input> open_for_reading(const ustring& path) override {
+  std::unique_ptr<byte_input> open_for_reading(const ustring& path) override {
     return through([&] { return disk_.open_for_reading(path); });
   }
   bool copy_file(const ustring& from, const ustring& to) override {
@@ -46,16 +45,16 @@ class raising_files final : public file_system {
  private:
   template <class Call>
   auto through(Call call) -> decltype(call()) {
-    const bool raises = left_ != 0 && --left_ == 0;
-    if (raises && !behind_) throw std::bad_alloc();
+    const bool throws = left_ != 0 && --left_ == 0;
+    if (throws && !after_) throw std::bad_alloc();
     auto result = call();
-    if (raises) throw std::bad_alloc();
+    if (throws) throw std::bad_alloc();
     return result;
   }
 
   file_system& disk_ = file_system::native();
   std::size_t left_ = 0;
-  bool behind_ = false;
+  bool after_ = false;
 };
 
 struct picture_file {
@@ -70,12 +69,12 @@ constexpr picture_file files_of_report[] = {
     {"three.tmp", "three.bmp", ""},
 };
 
-// A report with pictures in two sections, and what its disk has to look like.
+// A report with pictures in two sections, and what must be on its disk.
 class interrupted_report {
  public:
   explicit interrupted_report(file_system& files) : report_(files, browser_) {
     for (const picture_file& each : files_of_report)
-      test::make_file(folder_.path() / each.source, each.bytes);
+      make_file(folder_.path() / each.source, each.bytes);
     const auto text = [this](const char16_t* name) { return folder_.text(name); };
     add_section(report_, {u"A", u"B"}, u"S",
                 {u"line 1", text(u"\\one.tmp").c_str(), text(u"\\two.tmp").c_str(), u"line 2"});
@@ -97,10 +96,10 @@ class interrupted_report {
       const fs::path picture = pictures() / each.picture;
       EXPECT_TRUE(fs::exists(source) || fs::exists(picture)) << each.source;
       if (fs::exists(source)) {
-        EXPECT_EQ(test::bytes_of(source), each.bytes);
+        EXPECT_EQ(bytes_of(source), each.bytes);
       }
       if (fs::exists(picture)) {
-        EXPECT_EQ(test::bytes_of(picture), each.bytes);
+        EXPECT_EQ(bytes_of(picture), each.bytes);
       }
       allowed.insert(each.picture);
     }
@@ -116,16 +115,16 @@ class interrupted_report {
          {u"<a>line 1</a>", u"<a>line 2</a>", u"<a>line 3</a>", u"cell",
           u"<img src='page_files\\one.bmp'/>", u"<img src='page_files\\two.bmp'/>",
           u"<img src='page_files\\three.bmp'/>"})
-      EXPECT_EQ(count_of(once, body), 1u) << test::printable(once) << test::printable(body);
+      EXPECT_EQ(count_of(once, body), 1u) << printable(once) << printable(body);
     EXPECT_EQ(count_of(u"<br/>", body), 6u);
     EXPECT_EQ(count_of(u"<img", body), 3u);
     EXPECT_EQ(count_of(u"<table", body), 1u);
     for (const ustring_view at_least_once :
          {u"Style1'>\n      A\n", u"Style2'>\n      B\n", u"Style2'>\n      C\n", u"id='#S'"})
-      EXPECT_GE(count_of(at_least_once, body), 1u) << test::printable(at_least_once);
+      EXPECT_GE(count_of(at_least_once, body), 1u) << printable(at_least_once);
   }
 
-  // Sources stay only where the deleting was what was interrupted.
+  // A source stays only where its deletion was interrupted.
   std::size_t sources_left() const {
     std::size_t left = 0;
     for (const picture_file& each : files_of_report)
@@ -136,27 +135,27 @@ class interrupted_report {
  private:
   fs::path pictures() const { return folder_.path() / "out" / "Vellomark" / "page_files"; }
 
-  test::temp_folder folder_;
-  test::recording_opener browser_;
+  temp_folder folder_;
+  recording_opener browser_;
   VellomarkObj report_;
 };
 
-// Raises at the first, second, third ... call until Save passes. Gives the number
+// Throws at the first, second, third ... call until Save passes. Returns the number
 // of calls.
-std::size_t raise_at_each_call(bool behind) {
+std::size_t throw_at_each_call(bool after) {
   for (std::size_t call = 1;; ++call) {
-    SCOPED_TRACE("call " + std::to_string(call) + (behind ? " behind" : " before"));
-    raising_files files;
+    SCOPED_TRACE("call " + std::to_string(call) + (after ? " after" : " before"));
+    throwing_files files;
     interrupted_report report(files);
-    files.raise(call, behind);
-    bool raised = false;
+    files.throw_at(call, after);
+    bool thrown = false;
     try {
       EXPECT_TRUE(report.save());
     } catch (const std::bad_alloc&) {
-      raised = true;
+      thrown = true;
     }
     report.expect_no_loss();
-    if (!raised) {
+    if (!thrown) {
       report.expect_complete();
       EXPECT_EQ(report.sources_left(), 0u);
       return call - 1;
@@ -174,11 +173,11 @@ std::size_t raise_at_each_call(bool behind) {
 constexpr std::size_t calls_of_save = 1 + 2 + 1 + 12 + 3 + 3 + 1;
 
 TEST(InterruptedSave, ExceptionBeforeEachCallLosesNothing) {
-  EXPECT_EQ(raise_at_each_call(false), calls_of_save);
+  EXPECT_EQ(throw_at_each_call(false), calls_of_save);
 }
 
-TEST(InterruptedSave, ExceptionBehindEachCallLosesNothing) {
-  EXPECT_EQ(raise_at_each_call(true), calls_of_save);
+TEST(InterruptedSave, ExceptionAfterEachCallLosesNothing) {
+  EXPECT_EQ(throw_at_each_call(true), calls_of_save);
 }
 
 // Every copy or every removal fails, without an exception.
@@ -189,10 +188,10 @@ class failing_files : public file_system {
   platform::folder_result create_directory(const ustring& path) override {
     return disk_.create_directory(path);
   }
-  std::unique_ptr<Xport::byte_output> open_for_writing(const ustring& path) override {
+  std::unique_ptr<byte_output> open_for_writing(const ustring& path) override {
     return disk_.open_for_writing(path);
   }
-  std::unique_ptr<Xport::byte_input> open_for_reading(const ustring& path) override {
+  std::unique_ptr<byte_input> open_for_reading(const ustring& path) override {
     return disk_.open_for_reading(path);
   }
   bool copy_file(const ustring& from, const ustring& to) override {
@@ -226,5 +225,4 @@ TEST(InterruptedSave, PicturesThatCannotBeCopiedStay) {
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

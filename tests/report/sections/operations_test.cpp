@@ -1,15 +1,14 @@
 #include <string>
 
-#include "tests/report/sections/section_page.h"
+#include "tests/report/report_page.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
 // Which of the two switches are on.
 enum class mode { page, page_direct, section, section_direct };
 
-class Operations : public section_test {
+class Operations : public disk_test {
  protected:
   void set(mode both) {
     report.SetSectionMode(both == mode::section || both == mode::section_direct);
@@ -25,15 +24,6 @@ class Operations : public section_test {
     const ustring of_page = page.empty() ? ustring() : paragraph(page);
     return of_page + block() + paragraph(content);
   }
-
-  static ustring paragraph(ustring_view content) {
-    return u"    <p>\n" + ustring(content) + u"    </p>\n";
-  }
-
-  ustring body() {
-    EXPECT_TRUE(save());
-    return body_of(page_text(pages() / "page.htm"));
-  }
 };
 
 constexpr ustring_view line = u"      <a>t</a><br/>\n";
@@ -42,28 +32,28 @@ constexpr ustring_view link_line = u"      <a href='#t'>t</a><br/>\n";
 TEST_F(Operations, TextForThePage) {
   report.BeginSection(u"", nullptr);
   report.AddText(u"t", false);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(line, u"")));
+  EXPECT_TRUE(same_units(body(), page_and_section(line, u"")));
 }
 
 TEST_F(Operations, TextForThePageWithDirectLinksOnly) {
   report.BeginSection(u"", nullptr);
   set(mode::page_direct);
   report.AddText(u"t", false);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(line, u"")));
+  EXPECT_TRUE(same_units(body(), page_and_section(line, u"")));
 }
 
 TEST_F(Operations, TextInSectionModeIsTheSections) {
   report.BeginSection(u"", nullptr);
   set(mode::section);
   report.AddText(u"t", false);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(u"", line)));
+  EXPECT_TRUE(same_units(body(), page_and_section(u"", line)));
 }
 
 TEST_F(Operations, TextInSectionModeWithDirectLinksIsThePages) {
   report.BeginSection(u"", nullptr);
   set(mode::section_direct);
   report.AddText(u"t", false);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(line, u"")));
+  EXPECT_TRUE(same_units(body(), page_and_section(line, u"")));
 }
 
 TEST_F(Operations, TextForTheSectionIsTheSectionsInEveryMode) {
@@ -74,7 +64,7 @@ TEST_F(Operations, TextForTheSectionIsTheSectionsInEveryMode) {
     report.AddText(u"t", true);
     four += line;
   }
-  EXPECT_TRUE(test::same_units(body(), page_and_section(u"", four)));
+  EXPECT_TRUE(same_units(body(), page_and_section(u"", four)));
 }
 
 TEST_F(Operations, LinkIsOnThePageButInSectionModeAlone) {
@@ -87,7 +77,7 @@ TEST_F(Operations, LinkIsOnThePageButInSectionModeAlone) {
   report.AddLink(u"n", u"t");
   set(mode::section);
   report.AddLink(u"n", u"lost");
-  EXPECT_TRUE(test::same_units(
+  EXPECT_TRUE(same_units(
       body(), page_and_section(ustring(link_line) + ustring(link_line) + ustring(link_line), u"")));
 }
 
@@ -96,28 +86,27 @@ TEST_F(Operations, NullTextForASectionIsNothing) {
   report.AddText(nullptr, true);
   set(mode::section);
   report.AddText(nullptr, false);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(u"", u"")));
+  EXPECT_TRUE(same_units(body(), page_and_section(u"", u"")));
 }
 
 TEST_F(Operations, EmptyTextIsALine) {
   report.BeginSection(u"", nullptr);
   report.AddText(u"", true);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(u"", u"      <a></a><br/>\n")));
+  EXPECT_TRUE(same_units(body(), page_and_section(u"", u"      <a></a><br/>\n")));
 }
 
-// Behind a line feed the writer indents; the text itself isn't changed.
+// The writer indents after a line feed; the text itself isn't changed.
 TEST_F(Operations, LineFeedsOfALineStay) {
   report.BeginSection(u"", nullptr);
   report.AddText(u"a\nb", true);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(u"", u"      <a>a\n      b</a><br/>\n")));
+  EXPECT_TRUE(same_units(body(), page_and_section(u"", u"      <a>a\n      b</a><br/>\n")));
 }
 
 TEST_F(Operations, TextGoesToTheLastSection) {
   report.BeginSection(u"one", nullptr);
   report.BeginSection(u"two", nullptr);
   report.AddText(u"t", true);
-  EXPECT_TRUE(
-      test::same_units(saved(), section(u"one") + block() + section(u"two") + block({u"t"})));
+  EXPECT_TRUE(same_units(saved(), section(u"one") + block() + section(u"two") + block({u"t"})));
 }
 
 TEST_F(Operations, TextBeforeTheFirstSectionGoesNowhere) {
@@ -126,14 +115,14 @@ TEST_F(Operations, TextBeforeTheFirstSectionGoesNowhere) {
   report.AddText(u"lost", false);
   report.BeginSection(u"", nullptr);
   report.AddText(u"t", false);
-  EXPECT_TRUE(test::same_units(body(), page_and_section(u"", line)));
+  EXPECT_TRUE(same_units(body(), page_and_section(u"", line)));
 }
 
 TEST_F(Operations, TextAfterSaveHasNoSection) {
   report.BeginSection(u"", nullptr);
   ASSERT_TRUE(save());
   report.AddText(u"lost", true);
-  EXPECT_TRUE(test::same_units(body(), block() + block() + block()));
+  EXPECT_TRUE(same_units(body(), block() + block() + block()));
 }
 
 TEST_F(Operations, HeadingsAndBlocksAreThePagesInSectionMode) {
@@ -141,7 +130,7 @@ TEST_F(Operations, HeadingsAndBlocksAreThePagesInSectionMode) {
   set(mode::section);
   report.AddHeading(u"H", 2);
   report.NewParagraph();
-  EXPECT_TRUE(test::same_units(body(), heading(u'2', u"H") + block() + block() + block()));
+  EXPECT_TRUE(same_units(body(), heading(u'2', u"H") + block() + block() + block()));
 }
 
 TEST_F(Operations, SectionIsNamedByItsName) {
@@ -149,37 +138,36 @@ TEST_F(Operations, SectionIsNamedByItsName) {
   report.BeginSection(u"one", u"unused");
   set(mode::section);
   report.BeginSection(u"two", nullptr);
-  EXPECT_TRUE(test::same_units(saved(), section(u"one") + block() + section(u"two") + block()));
+  EXPECT_TRUE(same_units(saved(), section(u"one") + block() + section(u"two") + block()));
 }
 
 TEST_F(Operations, DirectLinkNamesTheSectionByItsTargetAndLinksToIt) {
   report.AddText(u"see", false);
   set(mode::page_direct);
   report.BeginSection(u"name", u"t");
-  EXPECT_TRUE(test::same_units(body(), u"    <p>\n      <a>see</a><br/>\n" + ustring(link_line) +
-                                           u"    </p>\n" + block() + section(u"t") + block()));
+  EXPECT_TRUE(same_units(body(), u"    <p>\n      <a>see</a><br/>\n" + ustring(link_line) +
+                                     u"    </p>\n" + block() + section(u"t") + block()));
 }
 
-// The first content begins a block, though it is a cell.
+// The first content begins a block, even if it is a cell.
 TEST_F(Operations, DirectLinkInAnOpenTableIsACellWithNameAndLink) {
   report.OpenTable(2);
   set(mode::page_direct);
   report.BeginSection(u"name", u"t");
   report.CloseTable();
   ASSERT_TRUE(save());
-  EXPECT_TRUE(test::same_units(
-      body_of(page_text(pages() / "page.htm")),
-      table(u"name<a href='#t'>t</a>") + block() + block() + block() + section(u"t") + block()));
+  EXPECT_TRUE(same_units(body_of(saved_page()), table(u"name<a href='#t'>t</a>") + block() +
+                                                    block() + block() + section(u"t") + block()));
 }
 
 TEST_F(Operations, BeginSectionDoesNothingWithBothSwitchesOn) {
   report.AddSectionHeading(u"A", 1);
   set(mode::section_direct);
   report.BeginSection(u"name", u"t");
-  EXPECT_TRUE(test::same_units(saved(), u""));
+  EXPECT_TRUE(same_units(saved(), u""));
   set(mode::page);
   report.BeginSection(u"", nullptr);  // takes the queue, which stayed
-  EXPECT_TRUE(test::same_units(saved(), block() + heading(u'1', u"A") + block()));
+  EXPECT_TRUE(same_units(saved(), block() + heading(u'1', u"A") + block()));
 }
 
 TEST_F(Operations, NullNameChangesNothing) {
@@ -189,41 +177,41 @@ TEST_F(Operations, NullNameChangesNothing) {
     report.BeginSection(nullptr, u"t");
     report.BeginSection(nullptr, nullptr);
   }
-  EXPECT_TRUE(test::same_units(saved(), u""));
+  EXPECT_TRUE(same_units(saved(), u""));
   set(mode::page);
   report.BeginSection(u"", nullptr);
-  EXPECT_TRUE(test::same_units(saved(), block() + heading(u'1', u"A") + block()));
+  EXPECT_TRUE(same_units(saved(), block() + heading(u'1', u"A") + block()));
 }
 
-// A target that has to be read is no defined input if it is null.
+// Null is no defined input for a target that is read.
 TEST_F(Operations, NullTargetOfADirectLinkChangesNothing) {
   report.AddSectionHeading(u"A", 1);
   set(mode::page_direct);
   report.BeginSection(u"name", nullptr);
-  EXPECT_TRUE(test::same_units(saved(), u""));
+  EXPECT_TRUE(same_units(saved(), u""));
   report.BeginSection(u"name", u"");
   // An empty target is a link to "#" and a section without a heading of its own.
-  EXPECT_TRUE(test::same_units(body(), paragraph(u"      <a href='#'></a><br/>\n") + block() +
-                                           heading(u'1', u"A") + block()));
+  EXPECT_TRUE(same_units(body(), paragraph(u"      <a href='#'></a><br/>\n") + block() +
+                                     heading(u'1', u"A") + block()));
 }
 
 TEST_F(Operations, LongestTargetIsLinked) {
   const ustring target(253, u'x');
   set(mode::page_direct);
   report.BeginSection(u"n", target.c_str());
-  EXPECT_TRUE(test::same_units(body(), u"    <p>\n      <a href='#" + target + u"'>" + target +
-                                           u"</a><br/>\n    </p>\n" + block() + section(target) +
-                                           block()));
+  EXPECT_TRUE(same_units(body(), u"    <p>\n      <a href='#" + target + u"'>" + target +
+                                     u"</a><br/>\n    </p>\n" + block() + section(target) +
+                                     block()));
 }
 
 TEST_F(Operations, LongerTargetMakesTheSectionWithoutALink) {
   const ustring target(254, u'x');
   set(mode::page_direct);
   report.BeginSection(u"n", target.c_str());
-  EXPECT_TRUE(test::same_units(body(), block() + section(target) + block()));
+  EXPECT_TRUE(same_units(body(), block() + section(target) + block()));
 }
 
-TEST_F(Operations, QueueGrowsOverOtherCallsUntilASectionTakesIt) {
+TEST_F(Operations, QueueGrowsOverOtherCallsUntilASectionUsesIt) {
   report.AddSectionHeading(u"A", 1);
   report.AddText(u"page", false);
   set(mode::section);
@@ -234,8 +222,8 @@ TEST_F(Operations, QueueGrowsOverOtherCallsUntilASectionTakesIt) {
   report.BeginSection(u"", nullptr);  // the queue is empty again
   report.AddText(u"t", true);
   // The second section, without a path, comes when no other is left.
-  EXPECT_TRUE(test::same_units(body(), block({u"page"}) + block() + heading(u'1', u"A") +
-                                           heading(u'2', u"B") + block() + block({u"t"})));
+  EXPECT_TRUE(same_units(body(), block({u"page"}) + block() + heading(u'1', u"A") +
+                                     heading(u'2', u"B") + block() + block({u"t"})));
 }
 
 TEST_F(Operations, DirectLinksAreASwitch) {
@@ -244,7 +232,7 @@ TEST_F(Operations, DirectLinksAreASwitch) {
   report.BeginDirectLinks();
   report.EndDirectLinks();
   report.BeginSection(u"name", u"t");
-  EXPECT_TRUE(test::same_units(saved(), section(u"name") + block()));
+  EXPECT_TRUE(same_units(saved(), section(u"name") + block()));
 }
 
 TEST_F(Operations, ReleaseWithSectionsWaitingWritesNothing) {
@@ -259,5 +247,4 @@ TEST_F(Operations, ReleaseWithSectionsWaitingWritesNothing) {
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

@@ -1,78 +1,35 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/report/sections/section_page.h"
+#include "tests/report/report_page.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
-class Order : public section_test {};
+class Order : public disk_test {};
 
 TEST_F(Order, SectionsThatShareHeadingsComeTogether) {
   add_section(report, {u"A", u"B"}, u"first", {u"1"});
   add_section(report, {u"C"}, u"second", {u"2"});
   add_section(report, {u"A", u"D"}, u"third", {u"3"});
-  EXPECT_TRUE(test::same_units(saved(), lines({
-                                            u"    <h1 class='Style1'>",
-                                            u"      A",
-                                            u"    </h1>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <h2 class='Style2'>",
-                                            u"      B",
-                                            u"    </h2>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <h4 class='Style4' id='#first'>",
-                                            u"      first",
-                                            u"    </h4>",
-                                            u"    <p>",
-                                            u"      <a>1</a><br/>",
-                                            u"    </p>",
-                                            u"    <h2 class='Style2'>",
-                                            u"      D",
-                                            u"    </h2>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <h4 class='Style4' id='#third'>",
-                                            u"      third",
-                                            u"    </h4>",
-                                            u"    <p>",
-                                            u"      <a>3</a><br/>",
-                                            u"    </p>",
-                                            u"    <h1 class='Style1'>",
-                                            u"      C",
-                                            u"    </h1>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <h4 class='Style4' id='#second'>",
-                                            u"      second",
-                                            u"    </h4>",
-                                            u"    <p>",
-                                            u"      <a>2</a><br/>",
-                                            u"    </p>",
-                                        })));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + heading(u'2', u"B") + section(u"first") +
+                                      block({u"1"}) + heading(u'2', u"D") + section(u"third") +
+                                      block({u"3"}) + heading(u'1', u"C") + section(u"second") +
+                                      block({u"2"})));
 }
 
 TEST_F(Order, OfTwoWithTheSamePathTheFirstMadeComesFirstUnderOneHeading) {
   add_section(report, {u"A"}, u"one");
   add_section(report, {u"B"}, u"other");
   add_section(report, {u"A"}, u"two");
-  EXPECT_TRUE(test::same_units(saved(), heading(u'1', u"A") + section(u"one") + block() +
-                                            section(u"two") + block() + heading(u'1', u"B") +
-                                            section(u"other") + block()));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + section(u"one") + block() +
+                                      section(u"two") + block() + heading(u'1', u"B") +
+                                      section(u"other") + block()));
 }
 
 TEST_F(Order, NoNameAndNoHeadingsPutOnlyTheElementsOnThePage) {
   add_section(report, {}, u"", {u"only", u"these"});
-  EXPECT_TRUE(test::same_units(saved(), block({u"only", u"these"})));
+  EXPECT_TRUE(same_units(saved(), block({u"only", u"these"})));
 }
 
 TEST_F(Order, EverySectionBeginsWithABlockEvenWithoutNameAndContent) {
@@ -80,32 +37,22 @@ TEST_F(Order, EverySectionBeginsWithABlockEvenWithoutNameAndContent) {
   add_section(report, {}, u"");
   add_section(report, {}, u"");
   add_section(report, {u"A"}, u"");
-  ASSERT_TRUE(save());
-  EXPECT_TRUE(test::same_units(
-      body_of(page_text(pages() / "page.htm")),
-      block({u"page"}) + block() + block() + block() + heading(u'1', u"A") + block()));
+  EXPECT_TRUE(same_units(
+      body(), block({u"page"}) + block() + block() + block() + heading(u'1', u"A") + block()));
 }
 
 TEST_F(Order, NameIsAHeadingOfStyleFourWithTheNumberSignInItsId) {
   add_section(report, {}, u"name");
-  EXPECT_TRUE(test::same_units(saved(), lines({
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <h4 class='Style4' id='#name'>",
-                                            u"      name",
-                                            u"    </h4>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                        })));
+  EXPECT_TRUE(same_units(saved(), section(u"name") + block()));
 }
 
-// Only one heading has the id, and no later one of the host.
+// Only one heading has the id, not a later one of the host.
 TEST_F(Order, IdIsUsedOnce) {
   add_section(report, {u"A"}, u"name");
   ASSERT_TRUE(save());
   report.AddHeading(u"later", 4);
   ASSERT_TRUE(save());
-  EXPECT_EQ(count_of(u" id=", page_text(pages() / "page.htm")), 1u);
+  EXPECT_EQ(count_of(u" id=", saved_page()), 1u);
 }
 
 TEST_F(Order, SectionWithoutHeadingsWaitsUntilNoOtherMatches) {
@@ -113,9 +60,9 @@ TEST_F(Order, SectionWithoutHeadingsWaitsUntilNoOtherMatches) {
   add_section(report, {}, u"", {u"bare"});
   add_section(report, {u"A", u"B"}, u"", {u"second"});
   add_section(report, {u"C"}, u"", {u"last"});
-  EXPECT_TRUE(test::same_units(
-      saved(), heading(u'1', u"A") + block({u"first"}) + heading(u'2', u"B") + block({u"second"}) +
-                   block({u"bare"}) + heading(u'1', u"C") + block({u"last"})));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + block({u"first"}) + heading(u'2', u"B") +
+                                      block({u"second"}) + block({u"bare"}) + heading(u'1', u"C") +
+                                      block({u"last"})));
 }
 
 TEST_F(Order, LongestSharedPathComesBeforeWhatWasMadeEarlier) {
@@ -123,9 +70,9 @@ TEST_F(Order, LongestSharedPathComesBeforeWhatWasMadeEarlier) {
   add_section(report, {u"A"}, u"", {u"2"});
   add_section(report, {u"A", u"B"}, u"", {u"3"});
   add_section(report, {u"A", u"B", u"C", u"D"}, u"", {u"4"});
-  EXPECT_TRUE(test::same_units(
-      saved(), heading(u'1', u"A") + heading(u'2', u"B") + heading(u'3', u"C") + block({u"1"}) +
-                   heading(u'4', u"D") + block({u"4"}) + block({u"3"}) + block({u"2"})));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + heading(u'2', u"B") + heading(u'3', u"C") +
+                                      block({u"1"}) + heading(u'4', u"D") + block({u"4"}) +
+                                      block({u"3"}) + block({u"2"})));
 }
 
 // Headings are compared place by place: C stands in both paths at the third.
@@ -133,9 +80,9 @@ TEST_F(Order, HeadingAtTheSamePlaceIsLeftOutThoughOneAboveItDiffers) {
   add_section(report, {u"A", u"B", u"C"}, u"", {u"1"});
   add_section(report, {u"A", u"X", u"C"}, u"", {u"2"});
   add_section(report, {u"A", u"X", u"C", u"D"}, u"", {u"3"});
-  EXPECT_TRUE(test::same_units(
-      saved(), heading(u'1', u"A") + heading(u'2', u"B") + heading(u'3', u"C") + block({u"1"}) +
-                   heading(u'2', u"X") + block({u"2"}) + heading(u'4', u"D") + block({u"3"})));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + heading(u'2', u"B") + heading(u'3', u"C") +
+                                      block({u"1"}) + heading(u'2', u"X") + block({u"2"}) +
+                                      heading(u'4', u"D") + block({u"3"})));
 }
 
 // The page still has A and B after the section under A, so B isn't repeated.
@@ -144,19 +91,19 @@ TEST_F(Order, PrefixOfThePathLeavesThePathAsItIs) {
   add_section(report, {u"A"}, u"", {u"2"});
   add_section(report, {u"A", u"Y", u"C"}, u"", {u"3"});
   // After 1 both others share one heading; 2 was made first. The path is still A, B, C.
-  EXPECT_TRUE(test::same_units(saved(), heading(u'1', u"A") + heading(u'2', u"B") +
-                                            heading(u'3', u"C") + block({u"1"}) + block({u"2"}) +
-                                            heading(u'2', u"Y") + block({u"3"})));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + heading(u'2', u"B") + heading(u'3', u"C") +
+                                      block({u"1"}) + block({u"2"}) + heading(u'2', u"Y") +
+                                      block({u"3"})));
 }
 
-// A heading that isn't at the same place is none that is shared.
+// A heading at another place isn't shared.
 TEST_F(Order, SharedHeadingsHaveToLeadThePath) {
   add_section(report, {u"A", u"B"}, u"", {u"1"});
   add_section(report, {u"C"}, u"", {u"2"});
   add_section(report, {u"B", u"A"}, u"", {u"3"});
-  EXPECT_TRUE(test::same_units(
-      saved(), heading(u'1', u"A") + heading(u'2', u"B") + block({u"1"}) + heading(u'1', u"C") +
-                   block({u"2"}) + heading(u'1', u"B") + heading(u'2', u"A") + block({u"3"})));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + heading(u'2', u"B") + block({u"1"}) +
+                                      heading(u'1', u"C") + block({u"2"}) + heading(u'1', u"B") +
+                                      heading(u'2', u"A") + block({u"3"})));
 }
 
 TEST_F(Order, EqualHeadingsOfDifferentStylesAreTheSame) {
@@ -165,12 +112,12 @@ TEST_F(Order, EqualHeadingsOfDifferentStylesAreTheSame) {
   report.AddSectionHeading(u"A", 3);
   report.AddSectionHeading(u"B", 0);
   report.BeginSection(u"", nullptr);
-  EXPECT_TRUE(test::same_units(
-      saved(), heading(u'1', u"A") + block() +
-                   lines({u"    <h5 class=''>", u"      B", u"    </h5>"}) + block() + block()));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + block() +
+                                      lines({u"    <h5 class=''>", u"      B", u"    </h5>"}) +
+                                      block() + block()));
 }
 
-// It lands as a line in the block that is there, the one of Save at the start.
+// It becomes a line in the present block, which Save began at its start.
 TEST_F(Order, HeadingOfStyleFiveOrMoreIsALineOfTheBlock) {
   report.AddSectionHeading(u"five", 5);
   report.AddSectionHeading(u"A", 1);
@@ -178,38 +125,31 @@ TEST_F(Order, HeadingOfStyleFiveOrMoreIsALineOfTheBlock) {
   report.BeginSection(u"", nullptr);
   report.AddText(u"line", true);
   add_section(report, {u"five", u"B"}, u"");
-  ASSERT_TRUE(save());
-  EXPECT_TRUE(test::same_units(
-      body_of(page_text(pages() / "page.htm")),
-      block({u"five"}) + lines({u"    <h1 class='Style1'>", u"      A", u"    </h1>"}) +
-          block({u"many"}) + block({u"line"}) + heading(u'2', u"B") + block()));
+  EXPECT_TRUE(same_units(body(), block({u"five"}) + title(u'1', u"A") + block({u"many"}) +
+                                     block({u"line"}) + heading(u'2', u"B") + block()));
 }
 
-// An open table takes such a heading, but no line of a section.
+// Such a heading goes into an open table, but a line of a section doesn't.
 TEST_F(Order, HeadingOfStyleFiveIsACellOfAnOpenTable) {
   report.OpenTable(2);
   report.AddSectionHeading(u"cell", 5);
   report.BeginSection(u"", nullptr);
   report.AddText(u"line", true);
-  ASSERT_TRUE(save());
-  EXPECT_TRUE(test::same_units(body_of(page_text(pages() / "page.htm")),
-                               table(u"cell") + block() + block({u"line"})));
+  EXPECT_TRUE(same_units(body(), table(u"cell") + block() + block({u"line"})));
 }
 
 TEST_F(Order, EmptyHeadingIsAHeading) {
   add_section(report, {u"", u"B"}, u"");
   add_section(report, {u""}, u"");
-  EXPECT_TRUE(
-      test::same_units(saved(), heading(u'1', u"") + heading(u'2', u"B") + block() + block()));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"") + heading(u'2', u"B") + block() + block()));
 }
 
 TEST_F(Order, HeadingsWithoutASectionStayInTheQueueOverSave) {
   report.AddSectionHeading(u"A", 1);
-  EXPECT_TRUE(test::same_units(saved(), u""));
+  EXPECT_TRUE(same_units(saved(), u""));
   report.AddSectionHeading(u"B", 2);
   report.BeginSection(u"", nullptr);
-  EXPECT_TRUE(
-      test::same_units(saved(), block() + heading(u'1', u"A") + heading(u'2', u"B") + block()));
+  EXPECT_TRUE(same_units(saved(), block() + heading(u'1', u"A") + heading(u'2', u"B") + block()));
 }
 
 // The path of the first batch is forgotten: A is written again.
@@ -219,9 +159,9 @@ TEST_F(Order, LaterSectionsAreASecondBatchAtTheEnd) {
   report.AddText(u"between", false);
   add_section(report, {u"B"}, u"", {u"2"});
   add_section(report, {u"A"}, u"", {u"3"});
-  EXPECT_TRUE(test::same_units(
-      saved(), heading(u'1', u"A") + section(u"one") + block({u"1", u"between"}) + block() +
-                   heading(u'1', u"B") + block({u"2"}) + heading(u'1', u"A") + block({u"3"})));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + section(u"one") +
+                                      block({u"1", u"between"}) + block() + heading(u'1', u"B") +
+                                      block({u"2"}) + heading(u'1', u"A") + block({u"3"})));
   EXPECT_EQ(count_of(u"<h", saved()), 4u);  // nothing is left for a third
 }
 
@@ -243,15 +183,14 @@ TEST_F(Order, FolderOfPicturesIsNamedByWhatStandsBeforeTheFirstFullStop) {
   EXPECT_TRUE(std::filesystem::is_directory(pages() / "_files"));
 }
 
-// What a refused Save doesn't place waits for the next one.
+// The next Save places what a refused one didn't.
 TEST_F(Order, SectionsStayWhenTheFolderCannotBeMade) {
   add_section(report, {u"A"}, u"name", {u"line"});
   EXPECT_FALSE(report.Save(folder.text(u"/not/there").c_str(), u"page.htm"));
   // The refused Save has begun a block all the same.
-  EXPECT_TRUE(test::same_units(
-      saved(), block() + heading(u'1', u"A") + section(u"name") + block({u"line"})));
+  EXPECT_TRUE(
+      same_units(saved(), block() + heading(u'1', u"A") + section(u"name") + block({u"line"})));
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

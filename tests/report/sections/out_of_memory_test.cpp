@@ -5,21 +5,20 @@
 #include "tests/report/sections/picture_report.h"
 #include "tests/support/allocation_failure.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr const char* names[] = {"one", "two"};
 
-// A report with two pictures behind a number of blocks. Made anew for each attempt.
+// A report with two pictures after a number of blocks. Each attempt has a new one.
 class small_report {
  public:
   explicit small_report(int blocks) {
     for (int block = 0; block < blocks; ++block) report_.NewParagraph();
     for (const char* const name : names)
-      test::make_file(folder_.path() / (std::string(name) + ".tmp"), name);
+      make_file(folder_.path() / (std::string(name) + ".tmp"), name);
     const ustring one = folder_.text(u"\\one.tmp");
     const ustring two = folder_.text(u"\\two.tmp");
     add_section(report_, {u"A heading that doesn't fit a short text", u"B"},
@@ -45,10 +44,10 @@ class small_report {
       const fs::path picture = pictures() / (std::string(name) + ".bmp");
       EXPECT_TRUE(fs::exists(source) || fs::exists(picture)) << name;
       if (fs::exists(source)) {
-        EXPECT_EQ(test::bytes_of(source), name);
+        EXPECT_EQ(bytes_of(source), name);
       }
       if (fs::exists(picture)) {
-        EXPECT_EQ(test::bytes_of(picture), name);
+        EXPECT_EQ(bytes_of(picture), name);
       }
       allowed.insert(std::string(name) + ".bmp");
     }
@@ -60,95 +59,77 @@ class small_report {
     for (const ustring_view once :
          {u"<a>line 1</a>", u"<a>line 2</a>", u"          cell\n",
           u"<img src='page_files\\one.bmp'/>", u"<img src='page_files\\two.bmp'/>"})
-      EXPECT_EQ(count_of(once, body), 1u) << test::printable(once) << "\n" << test::printable(body);
+      EXPECT_EQ(count_of(once, body), 1u) << printable(once) << "\n" << printable(body);
     EXPECT_EQ(count_of(u"<br/>", body), 4u);
     EXPECT_EQ(count_of(u"<h1 class='Style1' id=", body), 0u);
     for (const ustring_view at_least_once :
          {u"      A heading that doesn't fit a short text\n", u"      B\n", u"      C\n",
           u" id='#A name that doesn't fit a short text'"})
-      EXPECT_GE(count_of(at_least_once, body), 1u) << test::printable(at_least_once);
+      EXPECT_GE(count_of(at_least_once, body), 1u) << printable(at_least_once);
   }
 
  private:
   fs::path pictures() const { return folder_.path() / "out" / "Vellomark" / "page_files"; }
 
-  test::temp_folder folder_;
-  test::recording_opener browser_;
+  temp_folder folder_;
+  recording_opener browser_;
   VellomarkObj report_{platform::file_system::native(), browser_};
   ustring out_;
 };
 
 // Memory that runs out at any point of Save loses no picture and no content; the next
 // Save completes the page. (Where it runs out while the page is written, the output
-// stream keeps that to itself and Save passes.) The number of blocks in front decides
+// stream keeps that to itself and Save passes.) The number of blocks before decides
 // at which node the page's memory runs out.
-class OutOfMemoryBehind : public testing::TestWithParam<int> {};
+class OutOfMemoryAfterBlocks : public testing::TestWithParam<int> {};
 
-TEST_P(OutOfMemoryBehind, SaveLosesNothingAndMayBeRepeated) {
-  std::size_t failures = 0;
-  for (std::size_t number = 1;; ++number) {
-    SCOPED_TRACE("allocation " + std::to_string(number));
+TEST_P(OutOfMemoryAfterBlocks, SaveLosesNothingAndMayBeRepeated) {
+  const std::size_t failures = for_each_allocation([this](std::size_t number) {
     small_report report(GetParam());
-    const std::size_t calls_before = test::allocation_calls();
-    test::fail_allocation(number);
-    try {
-      report.save();
-    } catch (const std::bad_alloc&) {
-    }
-    test::fail_allocation(0);
-    const bool failed = test::allocation_calls() - calls_before >= number;
+    const bool failed = try_without_memory(number, [&] { report.save(); }).ran_out;
     report.expect_no_loss();
     if (failed) {
-      ++failures;
       report.add_heading();
       EXPECT_TRUE(report.save());
       report.expect_no_loss();
     }
     report.expect_complete();
-    if (HasFailure() || !failed) break;
-  }
+    return failed;
+  });
   EXPECT_GT(failures, 50u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Blocks, OutOfMemoryBehind, testing::Range(0, 60));
+INSTANTIATE_TEST_SUITE_P(Blocks, OutOfMemoryAfterBlocks, testing::Range(0, 60));
 
 TEST(OutOfMemory, SaveAndReleaseGiveAllMemoryBack) {
-  bool failed = true;
   small_report(0).save();  // what the process makes once and keeps
-  for (std::size_t number = 1; failed; ++number) {
-    const std::size_t before = test::live_allocations();
+  for_each_allocation([](std::size_t number) {
+    const std::size_t before = live_allocations();
+    bool failed = false;
     {
       small_report report(0);
-      const std::size_t calls_before = test::allocation_calls();
-      test::fail_allocation(number);
-      try {
-        report.save();
-      } catch (const std::bad_alloc&) {
-      }
-      test::fail_allocation(0);
-      failed = test::allocation_calls() - calls_before >= number;
+      failed = try_without_memory(number, [&] { report.save(); }).ran_out;
     }
-    ASSERT_EQ(test::live_allocations(), before) << "allocation " << number;
-  }
+    EXPECT_EQ(live_allocations(), before);
+    return failed;
+  });
 }
 
 // A section's operations leave either what they add or nothing.
 TEST(OutOfMemory, AddingToASectionAddsAllOrNothing) {
-  test::temp_folder folder;
-  test::recording_opener browser;
+  temp_folder folder;
+  recording_opener browser;
   VellomarkObj report(platform::file_system::native(), browser);
-  const auto each = [](auto attempt) { test::fail_each_allocation(attempt, [] {}); };
+  const auto each = [](auto attempt) { fail_each_allocation(attempt, [] {}); };
   each([&] { report.AddSectionHeading(u"A heading that doesn't fit a short text", 1); });
   each([&] { report.BeginSection(u"A name that doesn't fit a short text", nullptr); });
   each([&] { report.AddText(u"A line that doesn't fit a short text", true); });
   ASSERT_TRUE(report.Save(folder.text().c_str(), u"page.htm"));
   const ustring body = body_of(page_text(folder.path() / "Vellomark" / "page.htm"));
-  EXPECT_TRUE(test::same_units(body, block() +
-                                         heading(u'1', u"A heading that doesn't fit a short text") +
-                                         section(u"A name that doesn't fit a short text") +
-                                         block({u"A line that doesn't fit a short text"})));
+  EXPECT_TRUE(same_units(body, block() + heading(u'1', u"A heading that doesn't fit a short text") +
+                                   section(u"A name that doesn't fit a short text") +
+                                   block({u"A line that doesn't fit a short text"})));
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

@@ -7,8 +7,7 @@
 
 #include "tests/report/sections/picture_report.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -17,52 +16,52 @@ using names = std::set<std::string>;
 
 class PictureLosses : public picture_test {
  protected:
-  // Makes the folder of pictures ahead of Save and gives the text of a file in it.
+  // Makes the folder of pictures before Save and returns the text of a file in it.
   ustring among_the_pictures(ustring_view name) {
     fs::create_directories(pictures());
     return folder.text(ustring(u"\\out\\Vellomark\\page_files\\").append(name));
   }
 
   void expect_text_stays(const ustring& text) {
-    EXPECT_TRUE(test::same_units(saved(), paragraph(text_line(text))));
+    EXPECT_TRUE(same_units(saved(), paragraph(text_line(text))));
   }
 };
 
 TEST_F(PictureLosses, PictureThatIsAtItsPlaceStays) {
   const ustring text = among_the_pictures(u"x.bmp");
-  test::make_file(pictures() / "x.bmp", "bytes");
+  make_file(pictures() / "x.bmp", "bytes");
   add_line(text);
   expect_text_stays(text);
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
   EXPECT_EQ(names_in(pictures()), names{"x.bmp"});
 }
 
 TEST_F(PictureLosses, PictureThatIsAtItsPlaceByAnotherPathStays) {
   among_the_pictures(u"");
-  test::make_file(pictures() / "x.bmp", "bytes");
+  make_file(pictures() / "x.bmp", "bytes");
   fs::create_directory_symlink(pictures(), folder.path() / "other");
   const ustring text = folder.text(u"/other/../other\\x.bmp");
   add_line(text);
   ASSERT_TRUE(save());
-  EXPECT_EQ(count_of(u"<img", page_text(pages() / "page.htm")), 0u);
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_EQ(count_of(u"<img", saved_page()), 0u);
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
 
   const ustring through = folder.text(u"\\other\\x.bmp");
   add_line(through);
   ASSERT_TRUE(save());
-  EXPECT_EQ(count_of(u"<img", page_text(pages() / "page.htm")), 0u);
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_EQ(count_of(u"<img", saved_page()), 0u);
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
   EXPECT_EQ(names_in(pictures()), names{"x.bmp"});
 }
 
 TEST_F(PictureLosses, SymbolicLinkToTheTargetStays) {
   among_the_pictures(u"");
-  test::make_file(pictures() / "x.bmp", "bytes");
+  make_file(pictures() / "x.bmp", "bytes");
   fs::create_symlink(pictures() / "x.bmp", source(u"x.tmp"));
   const ustring text = folder.text(u"\\x.tmp");
   add_line(text);
   expect_text_stays(text);
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
   EXPECT_TRUE(fs::is_symlink(source(u"x.tmp")));
 }
 
@@ -72,7 +71,7 @@ TEST_F(PictureLosses, TargetThatIsASymbolicLinkToTheSourceStays) {
   fs::create_symlink(source(u"x.tmp"), pictures() / "x.bmp");
   add_line(text);
   expect_text_stays(text);
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "bytes");
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "bytes");
   EXPECT_FALSE(fs::is_symlink(source(u"x.tmp")));
 }
 
@@ -82,41 +81,40 @@ TEST_F(PictureLosses, HardLinkOfTheTargetStays) {
   fs::create_hard_link(source(u"x.tmp"), pictures() / "x.bmp");
   add_line(text);
   expect_text_stays(text);
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "bytes");
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "bytes");
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
 }
 
-// The picture comes along, and what goes is the link.
-TEST_F(PictureLosses, SymbolicLinkToAPictureGivesItsContent) {
+// The picture is copied, and the link is deleted.
+TEST_F(PictureLosses, SymbolicLinkToAPictureIsCopiedWithItsContent) {
   make_picture(u"real.dat", "bytes");
   fs::create_symlink(source(u"real.dat"), source(u"x.tmp"));
   add_line(folder.text(u"\\x.tmp"));
-  EXPECT_TRUE(test::same_units(saved(), paragraph(image(u"page_files\\x.bmp"))));
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_TRUE(same_units(saved(), paragraph(image(u"page_files\\x.bmp"))));
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
   EXPECT_FALSE(fs::is_symlink(pictures() / "x.bmp"));
   EXPECT_FALSE(fs::is_symlink(source(u"x.tmp")));
-  EXPECT_EQ(test::bytes_of(source(u"real.dat")), "bytes");
+  EXPECT_EQ(bytes_of(source(u"real.dat")), "bytes");
 }
 
 TEST_F(PictureLosses, FolderIsNoPicture) {
   fs::create_directory(source(u"charts.tmp"));
-  test::make_file(source(u"charts.tmp") / "inside", "bytes");
+  make_file(source(u"charts.tmp") / "inside", "bytes");
   for (const ustring_view name : {u"\\charts.tmp", u"\\charts.tmp\\"}) {
     VellomarkObj one(platform::file_system::native(), browser);
     const ustring text = folder.text(name);
     add_section(one, {}, u"", {text.c_str()});
     ASSERT_TRUE(one.Save(folder.text(u"/out").c_str(), u"page.htm"));
-    EXPECT_TRUE(test::same_units(body_of(page_text(pages() / "page.htm")),
-                                 block() + paragraph(text_line(text))));
+    EXPECT_TRUE(same_units(body_of(saved_page()), block() + paragraph(text_line(text))));
   }
-  EXPECT_EQ(test::bytes_of(source(u"charts.tmp") / "inside"), "bytes");
+  EXPECT_EQ(bytes_of(source(u"charts.tmp") / "inside"), "bytes");
 }
 
 TEST_F(PictureLosses, DevicesAndPipesAreNoPictures) {
   ASSERT_EQ(::mkfifo(source(u"pipe.tmp").c_str(), 0600), 0);
   const ustring pipe = folder.text(u"\\pipe.tmp");
   add_section(report, {}, u"", {u"/dev\\null", u"/dev\\zero", pipe.c_str()});
-  EXPECT_TRUE(test::same_units(
+  EXPECT_TRUE(same_units(
       saved(), paragraph(text_line(u"/dev\\null") + text_line(u"/dev\\zero") + text_line(pipe))));
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
   EXPECT_TRUE(fs::is_character_file("/dev/zero"));
@@ -126,20 +124,20 @@ TEST_F(PictureLosses, DevicesAndPipesAreNoPictures) {
 
 TEST_F(PictureLosses, FolderOfPicturesThatIsAFile) {
   fs::create_directories(pages());
-  test::make_file(pictures(), "in the way");
+  make_file(pictures(), "in the way");
   const ustring text = make_picture(u"x.tmp", "bytes");
   add_line(text);
   expect_text_stays(text);
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "bytes");
-  EXPECT_EQ(test::bytes_of(pictures()), "in the way");
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "bytes");
+  EXPECT_EQ(bytes_of(pictures()), "in the way");
 }
 
-// The name of the page leads into a folder that isn't there.
+// The name of the page leads into a missing folder.
 TEST_F(PictureLosses, FolderOfPicturesThatIsMissing) {
   const ustring text = make_picture(u"x.tmp", "bytes");
   add_line(text);
   EXPECT_FALSE(report.Save(folder.text(u"/out").c_str(), u"missing\\page.htm"));
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "bytes");
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "bytes");
   EXPECT_TRUE(names_in(pages()).empty());
 }
 
@@ -154,8 +152,8 @@ TEST_F(PictureLosses, FolderOfPicturesThatCannotBeWritten) {
     const without_privileges lowered;
     ASSERT_TRUE(save());
   }
-  EXPECT_EQ(count_of(u"<img", page_text(pages() / "page.htm")), 0u);
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "bytes");
+  EXPECT_EQ(count_of(u"<img", saved_page()), 0u);
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "bytes");
   EXPECT_TRUE(fs::is_empty(pictures()));
   fs::permissions(pictures(), fs::perms(0755));
 }
@@ -171,23 +169,23 @@ TEST_F(PictureLosses, SourceThatCannotBeRead) {
     ASSERT_TRUE(save());
   }
   fs::permissions(source(u"x.tmp"), fs::perms(0600));
-  EXPECT_EQ(count_of(u"<img", page_text(pages() / "page.htm")), 0u);
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "bytes");
+  EXPECT_EQ(count_of(u"<img", saved_page()), 0u);
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "bytes");
   EXPECT_TRUE(fs::is_empty(pictures()));
 }
 
 TEST_F(PictureLosses, SourceThatCannotBeDeletedStaysAndThePictureIsThere) {
   fs::create_directory(source(u"locked"));
-  test::make_file(source(u"locked") / "x.tmp", "bytes");
+  make_file(source(u"locked") / "x.tmp", "bytes");
   without_privileges::give(folder.path());
   fs::permissions(source(u"locked"), fs::perms(0555));
   add_line(folder.text(u"\\locked\\x.tmp"));
   {
     const without_privileges lowered;
-    EXPECT_TRUE(test::same_units(saved(), paragraph(image(u"page_files\\x.bmp"))));
+    EXPECT_TRUE(same_units(saved(), paragraph(image(u"page_files\\x.bmp"))));
   }
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
-  EXPECT_EQ(test::bytes_of(source(u"locked") / "x.tmp"), "bytes");
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_EQ(bytes_of(source(u"locked") / "x.tmp"), "bytes");
   fs::permissions(source(u"locked"), fs::perms(0755));
 }
 
@@ -195,23 +193,23 @@ TEST_F(PictureLosses, PictureNamedTwiceMovesOnce) {
   const ustring text = make_picture(u"x.tmp", "bytes");
   add_section(report, {}, u"", {text.c_str(), text.c_str()});
   add_line(text);
-  EXPECT_TRUE(test::same_units(saved(), paragraph(image(u"page_files\\x.bmp") + text_line(text)) +
-                                            paragraph(text_line(text))));
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "bytes");
+  EXPECT_TRUE(same_units(saved(), paragraph(image(u"page_files\\x.bmp") + text_line(text)) +
+                                      paragraph(text_line(text))));
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "bytes");
   EXPECT_EQ(names_in(pictures()), names{"x.bmp"});
 }
 
-// The later one takes the place of the earlier one: a name is the name of one file.
+// The later one replaces the earlier one, as both have the same name.
 TEST_F(PictureLosses, OfTwoWithOneNameTheLaterIsThere) {
   fs::create_directory(source(u"one"));
   fs::create_directory(source(u"two"));
-  test::make_file(source(u"one") / "x.tmp", "first, and longer");
-  test::make_file(source(u"two") / "x.png", "second");
+  make_file(source(u"one") / "x.tmp", "first, and longer");
+  make_file(source(u"two") / "x.png", "second");
   add_line(folder.text(u"\\one\\x.tmp"));
   add_line(folder.text(u"\\two\\x.png"));
   const ustring both = paragraph(image(u"page_files\\x.bmp"));
-  EXPECT_TRUE(test::same_units(saved(), both + both));
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "second");
+  EXPECT_TRUE(same_units(saved(), both + both));
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "second");
   EXPECT_TRUE(fs::is_empty(source(u"one")));
   EXPECT_TRUE(fs::is_empty(source(u"two")));
   EXPECT_EQ(names_in(pictures()), names{"x.bmp"});
@@ -219,10 +217,10 @@ TEST_F(PictureLosses, OfTwoWithOneNameTheLaterIsThere) {
 
 TEST_F(PictureLosses, ExistingTargetIsOverwritten) {
   among_the_pictures(u"");
-  test::make_file(pictures() / "x.bmp", "an old and longer one");
+  make_file(pictures() / "x.bmp", "an old and longer one");
   add_line(make_picture(u"x.tmp", "new"));
-  EXPECT_TRUE(test::same_units(saved(), paragraph(image(u"page_files\\x.bmp"))));
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "new");
+  EXPECT_TRUE(same_units(saved(), paragraph(image(u"page_files\\x.bmp"))));
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "new");
 }
 
 TEST_F(PictureLosses, TargetThatIsAFolderStays) {
@@ -231,12 +229,12 @@ TEST_F(PictureLosses, TargetThatIsAFolderStays) {
   const ustring text = make_picture(u"x.tmp", "bytes");
   add_line(text);
   expect_text_stays(text);
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "bytes");
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "bytes");
   EXPECT_TRUE(fs::is_directory(pictures() / "x.bmp"));
   EXPECT_EQ(names_in(pictures()), names{"x.bmp"});
 }
 
-// The new extension is never longer than what went, so every name still fits.
+// The new extension is never longer than what was cut off, so every name still fits.
 TEST_F(PictureLosses, NamesOfFullLengthFit) {
   const ustring name(255, u'n');
   const ustring wide = ustring(83, u'\u4E2D').append(u"nnnnnn");  // 255 bytes on the disk
@@ -244,12 +242,12 @@ TEST_F(PictureLosses, NamesOfFullLengthFit) {
   const ustring wide_text = make_picture(wide, "bytes");
   add_section(report, {}, u"", {text.c_str(), wide_text.c_str()});
   ASSERT_TRUE(save());
-  EXPECT_EQ(test::bytes_of(pictures() / fs::path(name.substr(4).append(u".bmp"))), "bytes");
-  EXPECT_EQ(test::bytes_of(pictures() / fs::path(wide.substr(0, 85).append(u".bmp"))), "bytes");
+  EXPECT_EQ(bytes_of(pictures() / fs::path(name.substr(4).append(u".bmp"))), "bytes");
+  EXPECT_EQ(bytes_of(pictures() / fs::path(wide.substr(0, 85).append(u".bmp"))), "bytes");
   EXPECT_EQ(names_in(pictures()).size(), 2u);
 }
 
-// A disk of 64 KiB in the place of a folder, if mounting is allowed.
+// A disk of 64 KiB mounted on a folder, if mounting is allowed.
 class full_disk {
  public:
   explicit full_disk(const fs::path& where) : where_(where) {
@@ -271,23 +269,23 @@ TEST_F(PictureLosses, FullDiskLeavesTargetAndSourceAsTheyWere) {
   among_the_pictures(u"");
   const full_disk disk(pictures());
   if (!disk.mounted()) GTEST_SKIP() << "needs the right to mount";
-  test::make_file(pictures() / "x.bmp", "old");
+  make_file(pictures() / "x.bmp", "old");
   const std::string bytes(200000, 'b');
   const ustring x = make_picture(u"x.tmp", bytes);
   const ustring y = make_picture(u"y.tmp", bytes);
   const ustring z = make_picture(u"z.tmp", "small");
   add_section(report, {}, u"", {x.c_str(), y.c_str(), z.c_str()});
-  EXPECT_TRUE(test::same_units(
-      saved(), paragraph(text_line(x) + text_line(y) + image(u"page_files\\z.bmp"))));
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), bytes);
-  EXPECT_EQ(test::bytes_of(source(u"y.tmp")), bytes);
+  EXPECT_TRUE(
+      same_units(saved(), paragraph(text_line(x) + text_line(y) + image(u"page_files\\z.bmp"))));
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), bytes);
+  EXPECT_EQ(bytes_of(source(u"y.tmp")), bytes);
   EXPECT_FALSE(fs::exists(source(u"z.tmp")));
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "old");
-  EXPECT_EQ(test::bytes_of(pictures() / "z.bmp"), "small");
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "old");
+  EXPECT_EQ(bytes_of(pictures() / "z.bmp"), "small");
   EXPECT_EQ(names_in(pictures()), (names{"x.bmp", "z.bmp"}));
 }
 
-std::string raised_by_save(VellomarkObj& report, const ustring& where) {
+std::string thrown_by_save(VellomarkObj& report, const ustring& where) {
   try {
     report.Save(where.c_str(), u"page.htm");
   } catch (const std::out_of_range& error) {
@@ -296,81 +294,80 @@ std::string raised_by_save(VellomarkObj& report, const ustring& where) {
   return {};
 }
 
-TEST_F(PictureLosses, TextOfFewerThanFourUnitsThatNamesAFileRaises) {
+TEST_F(PictureLosses, TextOfFewerThanFourUnitsThatNamesAFileThrows) {
   const working_folder inside(folder.path());
   for (const ustring_view name : {u"a", u"ab", u"abc", u".a\\"}) {
     const ustring file(name.substr(0, name.find(u'\\')));
-    test::make_file(source(file), "bytes");
+    make_file(source(file), "bytes");
     VellomarkObj one(platform::file_system::native(), browser);
     add_section(one, {}, u"", {ustring(name).c_str()});
-    // A separator behind a file makes it no file.
+    // A path that ends in a separator names no file.
     const bool named = file == name;
-    EXPECT_EQ(raised_by_save(one, u"out"), named ? "invalid string position" : "");
-    EXPECT_EQ(test::bytes_of(source(file)), "bytes");
+    EXPECT_EQ(thrown_by_save(one, u"out"), named ? "invalid string position" : "");
+    EXPECT_EQ(bytes_of(source(file)), "bytes");
   }
 }
 
-TEST_F(PictureLosses, ShortTextThatNamesAFolderDoesNotRaise) {
+TEST_F(PictureLosses, ShortTextThatNamesAFolderDoesNotThrow) {
   const working_folder inside(folder.path());
   fs::create_directory(source(u"abc"));
   add_section(report, {}, u"", {u"abc", u".", u".."});
   EXPECT_TRUE(
-      test::same_units(saved(), paragraph(text_line(u"abc") + text_line(u".") + text_line(u".."))));
+      same_units(saved(), paragraph(text_line(u"abc") + text_line(u".") + text_line(u".."))));
 }
 
 // What was placed stays placed, and no heading is repeated.
 TEST_F(PictureLosses, SecondSaveCompletesThePageAfterTheCauseIsRemoved) {
   const working_folder inside(folder.path());
-  test::make_file(source(u"abc"), "bytes");
+  make_file(source(u"abc"), "bytes");
   const ustring picture = make_picture(u"x.tmp", "picture");
   add_section(report, {u"A"}, u"S", {u"above", u"abc", u"below", picture.c_str()});
   add_section(report, {u"B"}, u"T", {u"other"});
-  EXPECT_EQ(raised_by_save(report, folder.text(u"/out")), "invalid string position");
+  EXPECT_EQ(thrown_by_save(report, folder.text(u"/out")), "invalid string position");
   EXPECT_FALSE(fs::exists(pages() / "page.htm"));
-  EXPECT_EQ(test::bytes_of(source(u"abc")), "bytes");
-  EXPECT_EQ(test::bytes_of(source(u"x.tmp")), "picture");
+  EXPECT_EQ(bytes_of(source(u"abc")), "bytes");
+  EXPECT_EQ(bytes_of(source(u"x.tmp")), "picture");
 
-  // As long as the cause is there, nothing more is placed.
-  EXPECT_EQ(raised_by_save(report, folder.text(u"/out")), "invalid string position");
+  // While the cause remains, nothing more is placed.
+  EXPECT_EQ(thrown_by_save(report, folder.text(u"/out")), "invalid string position");
   fs::remove(source(u"abc"));
-  EXPECT_TRUE(test::same_units(
+  EXPECT_TRUE(same_units(
       saved(),
       heading(u'1', u"A") + section(u"S") + paragraph(text_line(u"above")) +  // first
           block() + block() +                                                 // second
           block() +
           paragraph(text_line(u"abc") + text_line(u"below") + image(u"page_files\\x.bmp")) +
           heading(u'1', u"B") + section(u"T") + paragraph(text_line(u"other"))));
-  EXPECT_EQ(test::bytes_of(pictures() / "x.bmp"), "picture");
+  EXPECT_EQ(bytes_of(pictures() / "x.bmp"), "picture");
   EXPECT_FALSE(fs::exists(source(u"x.tmp")));
   EXPECT_EQ(browser.urls.size(), 0u);
 }
 
-// Its path has been placed, and what is left of it comes first, behind its beginning.
+// Its path has been placed; the rest of the section comes first, after its beginning.
 TEST_F(PictureLosses, InterruptedSectionIsOneWithoutAPath) {
   const working_folder inside(folder.path());
-  test::make_file(source(u"abc"), "bytes");
+  make_file(source(u"abc"), "bytes");
   add_section(report, {u"A"}, u"", {u"1"});
   add_section(report, {u"C"}, u"", {u"2"});
   add_section(report, {u"A", u"B"}, u"", {u"3", u"abc"});
-  EXPECT_EQ(raised_by_save(report, folder.text(u"/out")), "invalid string position");
+  EXPECT_EQ(thrown_by_save(report, folder.text(u"/out")), "invalid string position");
   fs::remove(source(u"abc"));
-  EXPECT_TRUE(test::same_units(saved(), heading(u'1', u"A") + block({u"1"}) + heading(u'2', u"B") +
-                                            block({u"3"}) + block() + block({u"abc"}) +
-                                            heading(u'1', u"C") + block({u"2"})));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + block({u"1"}) + heading(u'2', u"B") +
+                                      block({u"3"}) + block() + block({u"abc"}) +
+                                      heading(u'1', u"C") + block({u"2"})));
 }
 
-// It may be given more in between: its record is the last one.
-TEST_F(PictureLosses, InterruptedSectionStillTakesText) {
+// The host may add to it in between: its record is the last one.
+TEST_F(PictureLosses, InterruptedSectionStillAcceptsText) {
   const working_folder inside(folder.path());
-  test::make_file(source(u"abc"), "bytes");
+  make_file(source(u"abc"), "bytes");
   add_section(report, {}, u"", {u"abc"});
-  EXPECT_EQ(raised_by_save(report, folder.text(u"/out")), "invalid string position");
+  EXPECT_EQ(thrown_by_save(report, folder.text(u"/out")), "invalid string position");
   fs::remove(source(u"abc"));
   report.AddText(u"more", true);
-  EXPECT_TRUE(test::same_units(
-      saved(), block() + block() + paragraph(text_line(u"abc") + text_line(u"more"))));
+  EXPECT_TRUE(
+      same_units(saved(), block() + block() + paragraph(text_line(u"abc") + text_line(u"more"))));
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

@@ -4,8 +4,7 @@
 
 #include "tests/support/golden.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
 TEST(PicturePath, LastSeparatorBecomesABackslash) {
@@ -28,11 +27,10 @@ TEST(PicturePath, LastSeparatorBecomesABackslash) {
   };
   for (const auto& row : rows) {
     const std::u16string once = vellomark::PicturePath(row.path);
-    EXPECT_TRUE(test::same_units(once, row.expected)) << test::printable(row.path);
-    EXPECT_TRUE(test::same_units(vellomark::PicturePath(once), once));
+    EXPECT_TRUE(same_units(once, row.expected)) << printable(row.path);
+    EXPECT_TRUE(same_units(vellomark::PicturePath(once), once));
   }
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

@@ -1,31 +1,14 @@
 #ifndef TESTS_REPORT_SECTIONS_PICTURE_REPORT_H
 #define TESTS_REPORT_SECTIONS_PICTURE_REPORT_H
 
-#include <sys/types.h>
-#include <unistd.h>
-
 #include <filesystem>
 #include <set>
 #include <string>
 
-#include "tests/report/sections/section_page.h"
+#include "tests/report/report_page.h"
+#include "tests/support/without_privileges.h"
 
-namespace sections_test {
-
-/// A picture in a block, and the line end behind it.
-inline ustring image(ustring_view link) {
-  return u"      <img src='" + ustring(link) + u"'/>\n      <br/>\n";
-}
-
-/// A line of text in a block.
-inline ustring text_line(ustring_view text) {
-  return u"      <a>" + ustring(text) + u"</a><br/>\n";
-}
-
-/// A block with this content.
-inline ustring paragraph(ustring_view content) {
-  return u"    <p>\n" + ustring(content) + u"    </p>\n";
-}
+namespace test {
 
 /// The names in a folder; empty if it isn't there.
 inline std::set<std::string> names_in(const std::filesystem::path& folder) {
@@ -36,30 +19,7 @@ inline std::set<std::string> names_in(const std::filesystem::path& folder) {
   return names;
 }
 
-/// Lays down the rights of an administrator, whom no permission of a file stops.
-class without_privileges {
- public:
-  without_privileges() {
-    if (::geteuid() == 0) changed_ = ::setresuid(nobody, nobody, 0) == 0;
-  }
-  without_privileges(const without_privileges&) = delete;
-  without_privileges& operator=(const without_privileges&) = delete;
-  ~without_privileges() {
-    if (changed_ && ::setresuid(0, 0, 0) != 0) ADD_FAILURE() << "the rights don't come back";
-  }
-
-  /// Lets the user without rights have a file or a folder.
-  static void give(const std::filesystem::path& path) {
-    if (::geteuid() != 0) return;
-    EXPECT_EQ(::chown(path.c_str(), nobody, nobody), 0);
-  }
-
- private:
-  static constexpr uid_t nobody = 65534;
-  bool changed_ = false;
-};
-
-/// Makes a folder the working folder for a while.
+/// Makes a folder the working folder until the end of the scope.
 class working_folder {
  public:
   explicit working_folder(const std::filesystem::path& path)
@@ -78,11 +38,11 @@ class working_folder {
 };
 
 /// A report on the disk with pictures beside its folder of pages.
-class picture_test : public section_test {
+class picture_test : public disk_test {
  protected:
-  /// Makes the file `name` and gives the text that names it as a picture.
+  /// Makes the file `name` and returns the text that names it as a picture.
   ustring make_picture(ustring_view name, const std::string& bytes) {
-    test::make_file(folder.path() / std::filesystem::path(name), bytes);
+    make_file(folder.path() / std::filesystem::path(name), bytes);
     return folder.text(ustring(u"\\").append(name));
   }
 
@@ -96,6 +56,6 @@ class picture_test : public section_test {
   std::filesystem::path pictures() const { return pages() / "page_files"; }
 };
 
-}  // namespace sections_test
+}  // namespace test
 
 #endif

@@ -3,11 +3,10 @@
 #include <vector>
 
 #include "report/section_index.h"
-#include "tests/report/sections/reference.h"
-#include "tests/report/sections/section_page.h"
+#include "tests/report/report_page.h"
+#include "tests/report/sections/plain_sections.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
 using report::ReportSection;
@@ -60,8 +59,8 @@ void make(IVellomark& report, const plain_section& section) {
 }
 
 TEST(RandomOrder, PageIsThatOfThePlainSearch) {
-  const test::temp_folder folder;
-  test::recording_opener browser;
+  const temp_folder folder;
+  recording_opener browser;
   for (random_source::result_type seed = 1; seed <= 3000; ++seed) {
     random_source source(seed);
     const std::list<plain_section> sections = random_sections(source);
@@ -69,7 +68,7 @@ TEST(RandomOrder, PageIsThatOfThePlainSearch) {
     for (const plain_section& each : sections) make(report, each);
     ASSERT_TRUE(report.Save(folder.text().c_str(), u"page.htm"));
     const ustring page = page_text(folder.path() / "Vellomark" / "page.htm");
-    ASSERT_TRUE(test::same_units(body_of(page), plain_body(sections))) << "seed " << seed;
+    ASSERT_TRUE(same_units(body_of(page), plain_body(sections))) << "seed " << seed;
   }
 }
 
@@ -83,7 +82,7 @@ std::list<ReportSection> with_paths(const std::vector<std::vector<ustring>>& pat
   return sections;
 }
 
-// Asks for the one closest to the path of any section, taken or not.
+// Asks for the section closest to the path of any section, removed or not.
 TEST(RandomOrder, IndexFindsWhatThePlainSearchFinds) {
   for (random_source::result_type seed = 1; seed <= 4000; ++seed) {
     random_source source(seed);
@@ -134,5 +133,4 @@ TEST(RandomOrder, IndexOfNothingIsEmpty) {
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

@@ -1,13 +1,12 @@
 #include <stdexcept>
 #include <string>
 
-#include "tests/report/sections/section_page.h"
+#include "tests/report/report_page.h"
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
-class TablesInSections : public section_test {
+class TablesInSections : public disk_test {
  protected:
   TablesInSections() { report.SetSectionMode(true); }
 
@@ -17,61 +16,24 @@ class TablesInSections : public section_test {
     report.AddText(cell, false);
     report.CloseTable();
   }
-
-  std::string raised_by_close() {
-    try {
-      report.CloseTable();
-    } catch (const std::out_of_range& error) {
-      return error.what();
-    }
-    return {};
-  }
 };
 
 TEST_F(TablesInSections, TableStandsAtItsPlaceBetweenBlocks) {
   report.BeginSection(u"S", nullptr);
   report.AddText(u"above", false);
   report.OpenTable(2);
-  for (const char16_t* const cell : {u"a", u"b", u"c"}) report.AddText(cell, false);
+  add_texts(report, {u"a", u"b", u"c"});
   report.CloseTable();
   report.AddText(u"below", false);
-  EXPECT_TRUE(test::same_units(saved(), lines({
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <h4 class='Style4' id='#S'>",
-                                            u"      S",
-                                            u"    </h4>",
-                                            u"    <p>",
-                                            u"      <a>above</a><br/>",
-                                            u"    </p>",
-                                            u"    <p>",
-                                            u"    </p>",
-                                            u"    <table border='1' class='main' width='100%'>",
-                                            u"      <tr>",
-                                            u"        <td valign='top'>",
-                                            u"          a",
-                                            u"        </td>",
-                                            u"        <td valign='top'>",
-                                            u"          b",
-                                            u"        </td>",
-                                            u"      </tr>",
-                                            u"      <tr>",
-                                            u"        <td valign='top'>",
-                                            u"          c",
-                                            u"        </td>",
-                                            u"      </tr>",
-                                            u"    </table>",
-                                            u"    <p>",
-                                            u"      <a>below</a><br/>",
-                                            u"    </p>",
-                                        })));
+  EXPECT_TRUE(same_units(saved(), section(u"S") + block({u"above"}) + block() +
+                                      table({{u"a", u"b"}, {u"c"}}) + block({u"below"})));
 }
 
 TEST_F(TablesInSections, EachTableHasItsOwnRows) {
   report.BeginSection(u"", nullptr);
   add_table(u"one");
   add_table(u"two");
-  EXPECT_TRUE(test::same_units(
+  EXPECT_TRUE(same_units(
       saved(), block() + block() + table(u"one") + block() + block() + table(u"two") + block()));
 }
 
@@ -81,12 +43,12 @@ TEST_F(TablesInSections, TableIsTheLastSections) {
   report.AddText(u"cell", false);
   report.BeginSection(u"two", nullptr);
   report.CloseTable();
-  EXPECT_TRUE(test::same_units(saved(), section(u"one") + block() + section(u"two") + block() +
-                                            block() + table(u"cell") + block()));
+  EXPECT_TRUE(same_units(saved(), section(u"one") + block() + section(u"two") + block() + block() +
+                                      table(u"cell") + block()));
 }
 
-// One element serves all of them: the inner table takes the outer one's rows away,
-// and the outer one goes on with the inner one's.
+// All of them share one element: the inner table deletes the outer one's rows,
+// and the outer one continues with the inner one's.
 TEST_F(TablesInSections, TableOpenedInATableClearsItsRows) {
   report.BeginSection(u"", nullptr);
   report.OpenTable(2);
@@ -94,75 +56,38 @@ TEST_F(TablesInSections, TableOpenedInATableClearsItsRows) {
   report.OpenTable(2);
   report.AddText(u"inner", false);
   report.CloseTable();
-  // The outer table's row is gone; its next cell begins a new row.
+  // The outer table's row is deleted; its next cell begins a new row.
   report.AddText(u"outer", false);
   report.CloseTable();
-  EXPECT_EQ(raised_by_close(), "invalid vector subscript");
-  const ustring both = lines({
-      u"    <table border='1' class='main' width='100%'>",
-      u"      <tr>",
-      u"        <td valign='top'>",
-      u"          inner",
-      u"        </td>",
-      u"      </tr>",
-      u"      <tr>",
-      u"        <td valign='top'>",
-      u"          outer",
-      u"        </td>",
-      u"      </tr>",
-      u"    </table>",
-  });
-  EXPECT_TRUE(test::same_units(
-      saved(), block() + block() + table(u"inner") + block() + block() + both + block()));
+  EXPECT_EQ(thrown_by_close(report), "invalid vector subscript");
+  const ustring both = table({{u"inner"}, {u"outer"}});
+  EXPECT_TRUE(same_units(saved(),
+                         block() + block() + table(u"inner") + block() + block() + both + block()));
 }
 
 TEST_F(TablesInSections, SpanAndLineFeedsWorkAsOnThePage) {
   report.BeginSection(u"", nullptr);
   report.OpenTable(2);
   report.SetFirstCellRows(2);
-  for (const char16_t* const cell : {u"g", u"1\n2", u"3", u"next"}) report.AddText(cell, false);
+  add_texts(report, {u"g", u"1\n2", u"3", u"next"});
   report.CloseTable();
-  EXPECT_TRUE(test::same_units(saved(), block() + block() +
-                                            lines({
-                                                u"    <table border='1' class='main' width='100%'>",
-                                                u"      <tr>",
-                                                u"        <td rowspan='2' valign='top'>",
-                                                u"          g",
-                                                u"        </td>",
-                                                u"        <td valign='top'>",
-                                                u"          1<BR>2",
-                                                u"        </td>",
-                                                u"      </tr>",
-                                                u"      <tr>",
-                                                u"        <td valign='top'>",
-                                                u"          3",
-                                                u"        </td>",
-                                                u"      </tr>",
-                                                u"      <tr>",
-                                                u"        <td valign='top'>",
-                                                u"          next",
-                                                u"        </td>",
-                                                u"      </tr>",
-                                                u"    </table>",
-                                            }) +
-                                            block()));
+  EXPECT_TRUE(same_units(
+      saved(),
+      block() + block() + table({{{u"g", u"2"}, u"1<BR>2"}, {u"3"}, {u"next"}}) + block()));
 }
 
 TEST_F(TablesInSections, EmptyTableIsPlaced) {
   report.BeginSection(u"", nullptr);
   report.OpenTable(3);
   report.CloseTable();
-  EXPECT_TRUE(test::same_units(
-      saved(), block() + block() +
-                   lines({u"    <table border='1' class='main' width='100%'>", u"    </table>"}) +
-                   block()));
+  EXPECT_TRUE(same_units(saved(), block() + block() + table({}) + block()));
 }
 
-// The table of the page goes on where it was, and the text for the section is a
-// cell of the section's table even outside section mode. The blocks behind the
+// The table of the page continues where it was, and the text for the section is a
+// cell of the section's table even outside section mode. The blocks after the
 // page's table are those of its first text, of its end, of Save, of the section and
 // of the section's table.
-TEST_F(TablesInSections, TableOfThePageGoesOnBehindATableOfASection) {
+TEST_F(TablesInSections, TableOfThePageContinuesAfterATableOfASection) {
   report.BeginSection(u"", nullptr);
   report.SetSectionMode(false);
   report.OpenTable(2);
@@ -176,70 +101,45 @@ TEST_F(TablesInSections, TableOfThePageGoesOnBehindATableOfASection) {
   report.SetSectionMode(false);
   report.AddText(u"p2", false);
   report.CloseTable();
-  ASSERT_TRUE(save());
-  EXPECT_TRUE(test::same_units(body_of(page_text(pages() / "page.htm")),
-                               lines({
-                                   u"    <table border='1' class='main' width='100%'>",
-                                   u"      <tr>",
-                                   u"        <td valign='top'>",
-                                   u"          p1",
-                                   u"        </td>",
-                                   u"        <td valign='top'>",
-                                   u"          p2",
-                                   u"        </td>",
-                                   u"      </tr>",
-                                   u"    </table>",
-                               }) + block() +
-                                   block() + block() + block() + block() + table(u"s1") + block()));
+  EXPECT_TRUE(same_units(body(), table({{u"p1", u"p2"}}) + block() + block() + block() + block() +
+                                     block() + table(u"s1") + block()));
 }
 
 TEST_F(TablesInSections, TableWithoutASectionGoesNowhereAndTheStateComesBack) {
   report.OpenTable(2);
   report.AddText(u"lost", false);
-  EXPECT_EQ(raised_by_close(), "");
+  EXPECT_EQ(thrown_by_close(report), "");
   report.BeginSection(u"", nullptr);
   report.AddText(u"line", false);  // a line and not a cell: no table is open
-  EXPECT_TRUE(test::same_units(saved(), block({u"line"})));
+  EXPECT_TRUE(same_units(saved(), block({u"line"})));
 }
 
-TEST_F(TablesInSections, ClosingWithNothingOpenRaisesAndChangesNothing) {
+TEST_F(TablesInSections, ClosingWithNothingOpenThrowsAndChangesNothing) {
   report.AddSectionHeading(u"A", 1);
   report.BeginSection(u"S", nullptr);
   report.AddText(u"before", false);
   report.AddSectionHeading(u"B", 1);
-  EXPECT_EQ(raised_by_close(), "invalid vector subscript");
-  EXPECT_EQ(raised_by_close(), "invalid vector subscript");
+  EXPECT_EQ(thrown_by_close(report), "invalid vector subscript");
+  EXPECT_EQ(thrown_by_close(report), "invalid vector subscript");
   report.AddText(u"behind", false);
   report.BeginSection(u"", nullptr);
-  EXPECT_TRUE(test::same_units(saved(), heading(u'1', u"A") + section(u"S") +
-                                            block({u"before", u"behind"}) + heading(u'1', u"B") +
-                                            block()));
+  EXPECT_TRUE(same_units(saved(), heading(u'1', u"A") + section(u"S") +
+                                      block({u"before", u"behind"}) + heading(u'1', u"B") +
+                                      block()));
 }
 
-// The open table isn't placed. After Save it goes on and is the next section's.
+// The open table isn't placed. After Save it continues and is the next section's.
 TEST_F(TablesInSections, TableLeftOpenOverSaveIsPlacedByTheNext) {
   report.BeginSection(u"", nullptr);
   report.AddText(u"line", false);
   report.OpenTable(2);
   report.AddText(u"a", false);
-  EXPECT_TRUE(test::same_units(saved(), block({u"line"})));
+  EXPECT_TRUE(same_units(saved(), block({u"line"})));
   report.AddText(u"b", false);
   report.BeginSection(u"", nullptr);
   report.CloseTable();
-  EXPECT_TRUE(test::same_units(saved(), block({u"line"}) + block() + block() + block() +
-                                            lines({
-                                                u"    <table border='1' class='main' width='100%'>",
-                                                u"      <tr>",
-                                                u"        <td valign='top'>",
-                                                u"          a",
-                                                u"        </td>",
-                                                u"        <td valign='top'>",
-                                                u"          b",
-                                                u"        </td>",
-                                                u"      </tr>",
-                                                u"    </table>",
-                                            }) +
-                                            block()));
+  EXPECT_TRUE(same_units(
+      saved(), block({u"line"}) + block() + block() + block() + table({{u"a", u"b"}}) + block()));
 }
 
 TEST_F(TablesInSections, TableLeftOpenOverSaveAndClosedWithoutASectionGoesNowhere) {
@@ -248,7 +148,7 @@ TEST_F(TablesInSections, TableLeftOpenOverSaveAndClosedWithoutASectionGoesNowher
   report.AddText(u"a", false);
   ASSERT_TRUE(save());
   report.CloseTable();
-  EXPECT_TRUE(test::same_units(saved(), block() + block()));
+  EXPECT_TRUE(same_units(saved(), block() + block()));
 }
 
 // The lines of sections go to the blocks of Save and not into the table. The first
@@ -260,25 +160,11 @@ TEST_F(TablesInSections, TableOfThePageLeftOpenOverSaveGoesOn) {
   add_section(report, {u"A"}, u"S", {u"line"});
   ASSERT_TRUE(save());
   report.AddText(u"b", false);
-  ASSERT_TRUE(save());
-  EXPECT_TRUE(test::same_units(body_of(page_text(pages() / "page.htm")),
-                               lines({
-                                   u"    <table border='1' class='main' width='100%'>",
-                                   u"      <tr>",
-                                   u"        <td valign='top'>",
-                                   u"          a",
-                                   u"        </td>",
-                                   u"        <td valign='top'>",
-                                   u"          b",
-                                   u"        </td>",
-                                   u"      </tr>",
-                                   u"    </table>",
-                               }) + block() +
-                                   block() + heading(u'1', u"A") + section(u"S") +
-                                   block({u"line"}) + block()));
+  EXPECT_TRUE(same_units(body(), table({{u"a", u"b"}}) + block() + block() + heading(u'1', u"A") +
+                                     section(u"S") + block({u"line"}) + block()));
 }
 
-// The stack isn't empty and no table is open: there is nowhere for such a text.
+// The stack isn't empty but no table is open, so there is no place for such a text.
 TEST_F(TablesInSections, TextIsLostWhenTheTableWasClosedOnThePage) {
   report.BeginSection(u"", nullptr);
   report.OpenTable(2);
@@ -286,27 +172,23 @@ TEST_F(TablesInSections, TextIsLostWhenTheTableWasClosedOnThePage) {
   report.CloseTable();
   report.AddText(u"lost", true);
   report.SetSectionMode(true);
-  EXPECT_EQ(raised_by_close(), "");
+  EXPECT_EQ(thrown_by_close(report), "");
   report.AddText(u"line", false);
   // The block of the closing on the page, the one of Save, then the section: its
   // empty table and the line below it.
-  EXPECT_TRUE(test::same_units(
-      saved(), block() + block() + block() +
-                   lines({u"    <table border='1' class='main' width='100%'>", u"    </table>"}) +
-                   block({u"line"})));
+  EXPECT_TRUE(same_units(saved(), block() + block() + block() + table({}) + block({u"line"})));
 }
 
 // The path of a file in a cell is a text and no picture.
 TEST_F(TablesInSections, CellIsNoPicture) {
   const std::filesystem::path picture = folder.path() / "x.tmp";
-  test::make_file(picture, "picture");
+  make_file(picture, "picture");
   const ustring text = folder.text(u"\\x.tmp");
   report.BeginSection(u"", nullptr);
   add_table(text.c_str());
-  EXPECT_TRUE(test::same_units(saved(), block() + block() + table(text) + block()));
-  EXPECT_EQ(test::bytes_of(picture), "picture");
+  EXPECT_TRUE(same_units(saved(), block() + block() + table(text) + block()));
+  EXPECT_EQ(bytes_of(picture), "picture");
 }
 
 }  // namespace
-
-}  // namespace sections_test
+}  // namespace test

@@ -4,8 +4,7 @@
 
 #include "tests/report/templates/template_page.h"
 
-namespace templates_test {
-
+namespace test {
 namespace {
 
 using array = zov_shared_array<CZovString>;
@@ -19,15 +18,15 @@ texts texts_of(const array& fields) {
 class FieldArray : public ::testing::Test {
  protected:
   FieldArray() {
-    test::make_file(folder.path() / "t.htm", marked_bytes(page(two_fields() + marker(longest))));
+    make_file(folder.path() / "t.htm", marked_bytes(page(two_fields() + marker(longest))));
     report.emplace(platform::file_system::native(), browser);
     report->LoadTemplate(folder.text(u"/t.htm").c_str());
   }
 
   const ustring longest = u"a field whose name is too long to be kept inside a text object";
   const texts all = {u"A", u"B", longest};
-  test::temp_folder folder;
-  test::recording_opener browser;
+  temp_folder folder;
+  recording_opener browser;
   std::optional<VellomarkObj> report;
 };
 
@@ -83,7 +82,7 @@ TEST_F(FieldArray, FilledTwiceHoldsTheFieldsOnce) {
   EXPECT_EQ(fields.begin(), first) << "storage of its own is used again";
 }
 
-TEST_F(FieldArray, HasNoStorageWhenTheFieldsOfASharedOneAreGone) {
+TEST_F(FieldArray, HasNoStorageWhenTheFieldsOfASharedOneAreDeleted) {
   array fields;
   report->GetTemplateFields(fields);
   const array copy(fields);
@@ -95,13 +94,12 @@ TEST_F(FieldArray, HasNoStorageWhenTheFieldsOfASharedOneAreGone) {
 }
 
 TEST_F(FieldArray, EndsATextAtAZero) {
-  test::make_file(folder.path() / "zero.htm",
-                  marked_bytes(page(content(span(ustring(u"a\0b", 3)) + u"x"))));
+  make_file(folder.path() / "zero.htm",
+            marked_bytes(page(content(span(ustring(u"a\0b", 3)) + u"x"))));
   report->LoadTemplate(folder.text(u"/zero.htm").c_str());
   EXPECT_EQ(fields_of(*report), texts{u"a"});
   EXPECT_FALSE(report->SetTemplateField(u"a", false, nullptr)) << "that isn't the whole text";
 }
 
 }  // namespace
-
-}  // namespace templates_test
+}  // namespace test

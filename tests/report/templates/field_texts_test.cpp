@@ -8,13 +8,13 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/names.h"
 #include "xport/text/char16.h"
 
+namespace test {
 namespace {
 
 using report::FieldTexts;
-using Xport::char16;
-using Xport::ustring;
 using texts = std::vector<ustring>;
 
 texts in_order(const FieldTexts& fields) { return {fields.begin(), fields.end()}; }
@@ -77,7 +77,7 @@ TEST(FieldTexts, AreMovedWithTheirOrder) {
   EXPECT_EQ(in_order(moved), (texts{u"z", u"a"}));
 }
 
-// Beside the plain way to do it. The texts are long enough to have memory of their own.
+// Compared with the plain way. The texts are long enough to be allocated.
 TEST(FieldTexts, AnySequenceOfReplacements) {
   std::mt19937 random(20);
   const auto text = [&random] { return ustring(20, static_cast<char16>(u'a' + random() % 5)); };
@@ -98,3 +98,4 @@ TEST(FieldTexts, AnySequenceOfReplacements) {
 }
 
 }  // namespace
+}  // namespace test

@@ -1,10 +1,9 @@
-// A host's way through a template: fields, gaps, and the page that comes of it.
+// A host's way through a template: fields, gaps, and the page that results.
 #include <string>
 
 #include "tests/report/templates/template_page.h"
 
-namespace templates_test {
-
+namespace test {
 namespace {
 
 using Filling = template_test;
@@ -15,18 +14,18 @@ TEST_F(Filling, ContentStandsWhereItsMarkerStood) {
   report.AddText(u"for A", false);
   EXPECT_TRUE(set(u"B"));
   report.AddText(u"for B", false);
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block({u"for A"}) + shown(u"y") +
-                                      block({u"for B"}) + shown(u"z") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block({u"for A"}) + shown(u"y") + block({u"for B"}) +
+                                     shown(u"z") + block()));
 }
 
-TEST_F(Filling, PiecesGoOutInTheOrderOfThePageWhateverTheName) {
+TEST_F(Filling, PiecesAreWrittenInTheOrderOfThePageForAnyName) {
   load(two_fields());
   EXPECT_TRUE(set(u"B"));
   report.AddText(u"for B", false);
   EXPECT_TRUE(set(u"A"));
   report.AddText(u"for A", false);
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block({u"for B"}) + shown(u"y") +
-                                      block({u"for A"}) + shown(u"z") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block({u"for B"}) + shown(u"y") + block({u"for A"}) +
+                                     shown(u"z") + block()));
 }
 
 TEST_F(Filling, WithoutReplaceItOnlyTellsWhetherTheFieldExists) {
@@ -35,7 +34,7 @@ TEST_F(Filling, WithoutReplaceItOnlyTellsWhetherTheFieldExists) {
   EXPECT_TRUE(report.SetTemplateField(u"B", false, nullptr));
   EXPECT_FALSE(report.SetTemplateField(u"C", false, u"value"));
   EXPECT_EQ(fields(), (texts{u"A", u"B"}));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
 }
 
 TEST_F(Filling, WithANullValueItOnlyTellsWhetherTheFieldExists) {
@@ -43,7 +42,7 @@ TEST_F(Filling, WithANullValueItOnlyTellsWhetherTheFieldExists) {
   EXPECT_TRUE(report.SetTemplateField(u"A", true, nullptr));
   EXPECT_FALSE(report.SetTemplateField(u"C", true, nullptr));
   EXPECT_EQ(fields(), (texts{u"A", u"B"}));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
 }
 
 TEST_F(Filling, AnUnknownFieldPlacesNothing) {
@@ -52,7 +51,7 @@ TEST_F(Filling, AnUnknownFieldPlacesNothing) {
   EXPECT_FALSE(set(u""));
   EXPECT_FALSE(set(u"a"));
   EXPECT_FALSE(set(u"A "));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
 }
 
 TEST_F(Filling, ANullNameIsNoField) {
@@ -60,7 +59,7 @@ TEST_F(Filling, ANullNameIsNoField) {
   load(two_fields());
   EXPECT_FALSE(set(nullptr));
   EXPECT_FALSE(report.SetTemplateField(nullptr, true, nullptr));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
 }
 
 TEST_F(Filling, ANullNameIsNoEmptyFieldEither) {
@@ -71,13 +70,13 @@ TEST_F(Filling, ANullNameIsNoEmptyFieldEither) {
   EXPECT_FALSE(set(nullptr));
 }
 
-TEST_F(Filling, TheValueTakesThePlaceOfTheField) {
+TEST_F(Filling, TheValueReplacesTheField) {
   load(two_fields());
   EXPECT_TRUE(set(u"A", u"new"));
   EXPECT_EQ(fields(), (texts{u"new", u"B"}));
   EXPECT_FALSE(report.SetTemplateField(u"A", false, nullptr));
   EXPECT_TRUE(report.SetTemplateField(u"new", false, nullptr));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block()))
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()))
       << "the value itself isn't placed";
 }
 
@@ -89,7 +88,7 @@ TEST_F(Filling, AFieldIsFoundByItsValueAgain) {
   EXPECT_TRUE(set(u"", u"A"));
   EXPECT_EQ(fields(), (texts{u"A", u"B"}));
   EXPECT_TRUE(same_units(
-      saved(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") + block() + block()));
+      body(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") + block() + block()));
 }
 
 TEST_F(Filling, OfEqualFieldsTheFirstIsMeant) {
@@ -109,15 +108,15 @@ TEST_F(Filling, TheValueMayBeTheFieldItself) {
   EXPECT_TRUE(set(u"A", u"A"));
   EXPECT_EQ(fields(), (texts{u"A", u"B"}));
   EXPECT_TRUE(
-      same_units(saved(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") + block()));
+      same_units(body(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") + block()));
 }
 
-TEST_F(Filling, BehindTheLastPieceEachFieldOnlyStartsABlock) {
+TEST_F(Filling, AfterTheLastPieceEachFieldOnlyStartsABlock) {
   load(two_fields());
   for (int time = 0; time < 5; ++time) EXPECT_TRUE(set(u"A", u"A"));
   report.AddText(u"text", false);
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") +
-                                      block() + block() + block({u"text"}) + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") +
+                                     block() + block() + block({u"text"}) + block()));
 }
 
 TEST_F(Filling, EachSavePlacesOnePiece) {
@@ -125,17 +124,17 @@ TEST_F(Filling, EachSavePlacesOnePiece) {
   const ustring first = shown(u"x") + block();
   const ustring second = first + shown(u"y") + block();
   const ustring third = second + shown(u"z") + block();
-  EXPECT_TRUE(same_units(saved(), first));
-  EXPECT_TRUE(same_units(saved(), second));
-  EXPECT_TRUE(same_units(saved(), third));
-  EXPECT_TRUE(same_units(saved(), third + block()));
+  EXPECT_TRUE(same_units(body(), first));
+  EXPECT_TRUE(same_units(body(), second));
+  EXPECT_TRUE(same_units(body(), third));
+  EXPECT_TRUE(same_units(body(), third + block()));
 }
 
 TEST_F(Filling, ASaveThatCannotMakeItsFolderPlacesAPieceAllTheSame) {
   load(two_fields());
   EXPECT_FALSE(report.Save(folder.text(u"/no/folder").c_str(), u"page.htm"));
   EXPECT_FALSE(report.Save(nullptr, u"page.htm")) << "but nothing is done without a folder";
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()));
 }
 
 TEST_F(Filling, ClearedFieldsLeaveThePieces) {
@@ -145,16 +144,16 @@ TEST_F(Filling, ClearedFieldsLeaveThePieces) {
   EXPECT_EQ(fields(), texts());
   EXPECT_FALSE(set(u"B"));
   EXPECT_FALSE(set(u"value"));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()));
   EXPECT_TRUE(
-      same_units(saved(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") + block()));
+      same_units(body(), shown(u"x") + block() + shown(u"y") + block() + shown(u"z") + block()));
 }
 
 TEST_F(Filling, ClearingFieldsWithoutATemplateIsHarmless) {
   report.ClearTemplateFields();
   report.ClearTemplateFields();
   EXPECT_EQ(fields(), texts());
-  EXPECT_TRUE(same_units(saved(), block()));
+  EXPECT_TRUE(same_units(body(), block()));
 }
 
 TEST_F(Filling, TheArrayIsEmptiedEvenWithoutFields) {
@@ -200,20 +199,19 @@ TEST_F(Filling, EverythingMayStandInAGap) {
   report.CloseTable();
   set(u"B");
   report.AddLink(nullptr, u"target");
-  EXPECT_TRUE(
-      same_units(saved(), shown(u"x") + block() + sections_test::heading(u'1', u"h") +
-                              sections_test::table(u"cell") + block() + shown(u"y") +
-                              u"    <p>\n      <a href='#target'>target</a><br/>\n    </p>\n" +
-                              shown(u"z") + block()));
+  EXPECT_TRUE(same_units(
+      body(), shown(u"x") + block() + heading(u'1', u"h") + table(u"cell") + block() + shown(u"y") +
+                  u"    <p>\n      <a href='#target'>target</a><br/>\n    </p>\n" + shown(u"z") +
+                  block()));
 }
 
-TEST_F(Filling, SectionsComeBehindTheLastPiece) {
+TEST_F(Filling, SectionsComeAfterTheLastPiece) {
   load(content(u"x") + marker(u"A") + content(u"y"));
-  sections_test::add_section(report, {}, u"S", {u"in the section"});
+  add_section(report, {}, u"S", {u"in the section"});
   set(u"A");
   report.AddText(u"for A", false);
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block({u"for A"}) + shown(u"y") + block() +
-                                      sections_test::section(u"S") + block({u"in the section"})));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block({u"for A"}) + shown(u"y") + block() +
+                                     section(u"S") + block({u"in the section"})));
 }
 
 TEST_F(Filling, OnlyTheBodyOfTheTemplateIsUsed) {
@@ -221,13 +219,13 @@ TEST_F(Filling, OnlyTheBodyOfTheTemplateIsUsed) {
       u"<html lang='en'><head><title>Not this title</title><style type='text/css'>"
       u"p { color: red; }</style></head><body class='not'><p class='kept' id='k'>x</p>"
       u"</body></html>");
-  const ustring body = saved();
-  EXPECT_TRUE(same_units(body, u"    <p class='kept' id='k'>\n      x\n    </p>\n" + block()));
+  const ustring content = body();
+  EXPECT_TRUE(same_units(content, u"    <p class='kept' id='k'>\n      x\n    </p>\n" + block()));
   const ustring whole = saved_page();
   EXPECT_NE(whole.find(u"    <title>\n      Report\n    </title>\n"), ustring::npos);
   EXPECT_NE(whole.find(u"      .Style1 { \n"), ustring::npos);
   for (const ustring_view absent : {u"Not this title", u"red", u"lang", u"<body c"})
-    EXPECT_EQ(whole.find(absent), ustring::npos) << test::printable(absent);
+    EXPECT_EQ(whole.find(absent), ustring::npos) << printable(absent);
 }
 
 TEST_F(Filling, ThePiecesKeepTheirWholeContent) {
@@ -236,28 +234,13 @@ TEST_F(Filling, ThePiecesKeepTheirWholeContent) {
       u"<ul><li>one<li>two</ul><pre>a\n  b</pre><hr/>" +
       marker(u"A"));
   EXPECT_TRUE(set(u"A"));
-  EXPECT_TRUE(same_units(saved(), sections_test::lines({
-                                      u"    <table border='1'>",
-                                      u"      <tr>",
-                                      u"        <td style='color: red;'>",
-                                      u"          c &amp; d",
-                                      u"        </td>",
-                                      u"      </tr>",
-                                      u"    </table>",
-                                      u"    <ul>",
-                                      u"      <li>",
-                                      u"        one",
-                                      u"      </li>",
-                                      u"      <li>",
-                                      u"        two",
-                                      u"      </li>",
-                                      u"    </ul>",
-                                      u"    <pre>a",
-                                      u"  b",
-                                      u"    </pre>",
-                                      u"    <hr/>",
-                                  }) + block() +
-                                      block()));
+  EXPECT_TRUE(same_units(
+      body(),
+      lines({u"    <table border='1'>", u"      <tr>", u"        <td style='color: red;'>",
+             u"          c &amp; d", u"        </td>", u"      </tr>", u"    </table>", u"    <ul>",
+             u"      <li>", u"        one", u"      </li>", u"      <li>", u"        two",
+             u"      </li>", u"    </ul>", u"    <pre>a", u"  b", u"    </pre>", u"    <hr/>"}) +
+          block() + block()));
 }
 
 TEST_F(Filling, APageOfAReportIsATemplateToo) {
@@ -265,37 +248,36 @@ TEST_F(Filling, APageOfAReportIsATemplateToo) {
   report.AddText(span(u"A").c_str(), false);
   report.NewParagraph();
   report.AddHeading(u"h", 1);
-  saved();
-  const std::string written = test::bytes_of(folder.path() / "out" / "Vellomark" / "page.htm");
+  body();
+  const std::string written = bytes_of(folder.path() / "out" / "Vellomark" / "page.htm");
   load_bytes(written);
   EXPECT_EQ(fields(), texts{u"A"}) << "it stands in an anchor, so nothing is cut";
   EXPECT_TRUE(
-      same_units(saved(),
+      same_units(body(),
                  u"    <p>\n      <a>one</a><br/>\n      <a><span id='Template'>A</span></a><br/>\n"
                  u"    </p>\n" +
-                     block() + sections_test::heading(u'1', u"h") + block() + block()));
+                     block() + heading(u'1', u"h") + block() + block()));
 }
 
 TEST_F(Filling, ThousandsOfFields) {
-  ustring body;
+  ustring source;
   ustring expected;
   texts names;
   for (int number = 0; number < 3000; ++number) {
     const std::string digits = std::to_string(number);
     const ustring name(digits.begin(), digits.end());
-    body += content(u"x" + name) + marker(name);
+    source += content(u"x" + name) + marker(name);
     expected += shown(u"x" + name) + block({name});
     names.push_back(name);
   }
-  load(body);
+  load(source);
   ASSERT_EQ(fields(), names);
   for (const ustring& name : names) {
     ASSERT_TRUE(set(name.c_str()));
     report.AddText(name.c_str(), false);
   }
-  EXPECT_TRUE(same_units(saved(), expected + block()));
+  EXPECT_TRUE(same_units(body(), expected + block()));
 }
 
 }  // namespace
-
-}  // namespace templates_test
+}  // namespace test

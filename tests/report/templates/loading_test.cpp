@@ -1,10 +1,9 @@
-// What LoadTemplate does to the report, whatever the file holds.
+// What LoadTemplate does to the report, with any content of the file.
 #include <filesystem>
 
 #include "tests/report/templates/template_page.h"
 
-namespace templates_test {
-
+namespace test {
 namespace {
 
 using Loading = template_test;
@@ -12,7 +11,7 @@ using Loading = template_test;
 TEST_F(Loading, EmptiesTheBody) {
   report.AddText(u"old", false);
   load(two_fields());
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
 }
 
 TEST_F(Loading, AMissingFileLeavesTheReportAsItWas) {
@@ -22,7 +21,7 @@ TEST_F(Loading, AMissingFileLeavesTheReportAsItWas) {
   report.LoadTemplate(u"");
   report.AddText(u"more", false);
   EXPECT_EQ(fields(), texts());
-  EXPECT_TRUE(same_units(saved(), block({u"old", u"more"}) + block()));
+  EXPECT_TRUE(same_units(body(), block({u"old", u"more"}) + block()));
 }
 
 TEST_F(Loading, AMissingFileLeavesTheTemplateAsItWas) {
@@ -33,7 +32,7 @@ TEST_F(Loading, AMissingFileLeavesTheTemplateAsItWas) {
   EXPECT_EQ(fields(), (texts{u"value", u"B"}));
   EXPECT_TRUE(set(u"B"));
   EXPECT_TRUE(same_units(
-      saved(), shown(u"x") + block({u"for A"}) + shown(u"y") + block() + shown(u"z") + block()));
+      body(), shown(u"x") + block({u"for A"}) + shown(u"y") + block() + shown(u"z") + block()));
 }
 
 TEST_F(Loading, AFolderIsNoTemplate) {
@@ -41,7 +40,7 @@ TEST_F(Loading, AFolderIsNoTemplate) {
   set(u"A");
   report.LoadTemplate(folder.text().c_str());
   EXPECT_EQ(fields(), (texts{u"value", u"B"}));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()));
 }
 
 TEST_F(Loading, APathThatCannotBeExpressedIsNoTemplate) {
@@ -54,37 +53,37 @@ TEST_F(Loading, ANullPathDoesNothing) {
   report.AddText(u"old", false);
   report.LoadTemplate(nullptr);
   report.AddText(u"more", false);
-  EXPECT_TRUE(same_units(saved(), block({u"old", u"more"}) + block()));
+  EXPECT_TRUE(same_units(body(), block({u"old", u"more"}) + block()));
 }
 
 TEST_F(Loading, EitherSeparatorLeadsToTheFile) {
   std::filesystem::create_directory(folder.path() / "pages");
-  test::make_file(folder.path() / "pages" / "t.htm", marked_bytes(page(marker(u"A"))));
+  make_file(folder.path() / "pages" / "t.htm", marked_bytes(page(marker(u"A"))));
   report.LoadTemplate(folder.text(u"\\pages\\t.htm").c_str());
   EXPECT_EQ(fields(), texts{u"A"});
 }
 
-TEST_F(Loading, AnEmptyFileGivesAnEmptyTemplate) {
+TEST_F(Loading, AnEmptyFileIsAnEmptyTemplate) {
   for (const std::string& bytes : {std::string(), std::string("\xFF\xFE"), std::string("\xFF")}) {
     load(two_fields());
     report.AddText(u"old", false);
     load_bytes(bytes);
     EXPECT_EQ(fields(), texts());
     EXPECT_FALSE(set(u"A"));
-    EXPECT_TRUE(same_units(saved(), block()));
+    EXPECT_TRUE(same_units(body(), block()));
   }
 }
 
-TEST_F(Loading, APageInBytesGivesAnEmptyTemplate) {
+TEST_F(Loading, APageInBytesIsAnEmptyTemplate) {
   report.AddText(u"old", false);
   load_bytes(
       "<html><head><title>t</title></head><body><p><span id='Template'>A</span></p>"
       "</body></html>");
   EXPECT_EQ(fields(), texts());
-  EXPECT_TRUE(same_units(saved(), block()));
+  EXPECT_TRUE(same_units(body(), block()));
   load_bytes("\xEF\xBB\xBF<html><body><p><span id='Template'>A</span></p></body></html>");
   EXPECT_EQ(fields(), texts());
-  EXPECT_TRUE(same_units(saved(), block()));
+  EXPECT_TRUE(same_units(body(), block()));
 }
 
 TEST_F(Loading, BytesOfAnyKindDoNoHarm) {
@@ -94,14 +93,14 @@ TEST_F(Loading, BytesOfAnyKindDoNoHarm) {
     load_bytes(bytes.substr(0, length));
     load_bytes(bytes.substr(length));
     EXPECT_EQ(fields(), texts());
-    EXPECT_TRUE(same_units(saved(), block()));
+    EXPECT_TRUE(same_units(body(), block()));
   }
 }
 
 TEST_F(Loading, TheMarkMayBeLeftOut) {
-  load_bytes(test::file_bytes(page(two_fields())));
+  load_bytes(file_bytes(page(two_fields())));
   EXPECT_EQ(fields(), (texts{u"A", u"B"}));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
 }
 
 TEST_F(Loading, TheBytesOfUnitsMayStandInEitherOrder) {
@@ -113,7 +112,7 @@ TEST_F(Loading, TheBytesOfUnitsMayStandInEitherOrder) {
   load_bytes(bytes);
   EXPECT_EQ(fields(), texts{u"A\u0100"});
   EXPECT_TRUE(set(u"A\u0100"));
-  EXPECT_TRUE(same_units(saved(), shown(u"x\u20AC") + block() + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x\u20AC") + block() + block()));
 }
 
 TEST_F(Loading, AnOddLastByteIsIgnored) {
@@ -125,7 +124,7 @@ TEST_F(Loading, ReadingEndsAtAUnitFfff) {
   load(content(u"x") + marker(u"A") + content(u"y\xFFFFz") + marker(u"B"));
   EXPECT_EQ(fields(), texts{u"A"});
   EXPECT_TRUE(set(u"A"));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()));
 }
 
 TEST_F(Loading, APageThatIsCutOffIsUsedAsFarAsItGoes) {
@@ -133,38 +132,38 @@ TEST_F(Loading, APageThatIsCutOffIsUsedAsFarAsItGoes) {
               u"<p>y<b>z");
   EXPECT_EQ(fields(), texts{u"A"});
   EXPECT_TRUE(set(u"A"));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y<b>z</b>") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y<b>z</b>") + block()));
 }
 
-TEST_F(Loading, APageWithoutABodyGivesFieldsAndNoPieces) {
+TEST_F(Loading, APageWithoutABodyHasFieldsAndNoPieces) {
   report.AddText(u"old", false);
   load_source(u"<html><head><title id='Template'>A</title></head></html>");
   EXPECT_EQ(fields(), texts{u"A"});
   EXPECT_TRUE(set(u"A"));
   EXPECT_EQ(fields(), texts{u"value"});
   report.AddText(u"for A", false);
-  EXPECT_TRUE(same_units(saved(), block({u"for A"}) + block()));
+  EXPECT_TRUE(same_units(body(), block({u"for A"}) + block()));
 }
 
 TEST_F(Loading, AnEmptyBodyIsOneEmptyPiece) {
   report.AddText(u"old", false);
   load(u"");
   EXPECT_EQ(fields(), texts());
-  EXPECT_TRUE(same_units(saved(), block()));
-  EXPECT_TRUE(same_units(saved(), block() + block()));
+  EXPECT_TRUE(same_units(body(), block()));
+  EXPECT_TRUE(same_units(body(), block() + block()));
 }
 
-TEST_F(Loading, AnotherTemplateTakesThePlaceOfAConsumedOne) {
+TEST_F(Loading, AnotherTemplateReplacesAConsumedOne) {
   load(two_fields());
   set(u"A");
   set(u"B");
-  saved();
+  body();
   load(content(u"other") + marker(u"C") + content(u"end"));
   EXPECT_EQ(fields(), texts{u"C"});
   EXPECT_FALSE(set(u"B"));
   EXPECT_TRUE(set(u"C"));
   report.AddText(u"for C", false);
-  EXPECT_TRUE(same_units(saved(), shown(u"other") + block({u"for C"}) + shown(u"end") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"other") + block({u"for C"}) + shown(u"end") + block()));
 }
 
 TEST_F(Loading, AnotherTemplateDropsThePiecesThatAreLeft) {
@@ -174,15 +173,15 @@ TEST_F(Loading, AnotherTemplateDropsThePiecesThatAreLeft) {
   load(content(u"other") + marker(u"C") + content(u"end"));
   EXPECT_EQ(fields(), texts{u"C"});
   EXPECT_TRUE(set(u"C"));
-  EXPECT_TRUE(same_units(saved(), shown(u"other") + block() + shown(u"end") + block()));
-  EXPECT_TRUE(same_units(saved(), shown(u"other") + block() + shown(u"end") + block() + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"other") + block() + shown(u"end") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"other") + block() + shown(u"end") + block() + block()));
 }
 
 TEST_F(Loading, ATemplateThatIsNoneDropsThePiecesThatAreLeft) {
   load(two_fields());
   load_bytes("no page");
   EXPECT_EQ(fields(), texts());
-  EXPECT_TRUE(same_units(saved(), block()));
+  EXPECT_TRUE(same_units(body(), block()));
 }
 
 TEST_F(Loading, TheSameTemplateMayBeLoadedOverAndOver) {
@@ -194,7 +193,7 @@ TEST_F(Loading, TheSameTemplateMayBeLoadedOverAndOver) {
     }
   }
   EXPECT_EQ(fields(), (texts{u"value", u"B"}));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()));
 }
 
 TEST_F(Loading, AfterClearedFieldsTheNextTemplateHasItsOwn) {
@@ -208,21 +207,20 @@ TEST_F(Loading, TheFileIsLeftAloneAndClosed) {
   const std::string bytes = marked_bytes(page(two_fields()));
   load_bytes(bytes);
   const std::filesystem::path file = folder.path() / "template.htm";
-  EXPECT_EQ(test::bytes_of(file), bytes);
+  EXPECT_EQ(bytes_of(file), bytes);
   std::filesystem::remove(file);
   EXPECT_TRUE(set(u"A"));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()));
 }
 
 TEST_F(Loading, ThePageItselfMayBeTheTemplate) {
   load(two_fields());
   set(u"A");
-  saved();
+  body();
   report.LoadTemplate((folder.path() / "out" / "Vellomark" / "page.htm").u16string().c_str());
   EXPECT_EQ(fields(), texts());
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block() + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block() + block()));
 }
 
 }  // namespace
-
-}  // namespace templates_test
+}  // namespace test

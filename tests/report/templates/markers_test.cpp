@@ -1,20 +1,19 @@
-// Where markers work, and what becomes of a template in which they stand elsewhere.
+// Where markers work, and how a template is read in which they stand elsewhere.
 #include "tests/report/templates/template_page.h"
 
-namespace templates_test {
-
+namespace test {
 namespace {
 
 class Markers : public template_test {
  protected:
-  /// Loads a body and gives the pieces that it is cut into, each as a page shows it.
-  texts pieces_of(ustring_view body) {
-    load(body);
+  /// Loads a body and returns the pieces that it is cut into, each as a page shows it.
+  texts pieces_of(ustring_view source) {
+    load(source);
     texts pieces;
     ustring before;
-    // A piece that holds nothing is one too: so many saves that all pieces are out.
+    // An empty piece counts too: saves until all pieces are placed.
     for (int save = 0; save < 8; ++save) {
-      const ustring after = saved();
+      const ustring after = body();
       EXPECT_EQ(after.substr(0, before.size()), before);
       const ustring empty = block();
       EXPECT_TRUE(after.ends_with(empty));
@@ -43,7 +42,7 @@ TEST_F(Markers, APageWithoutThemIsOnePiece) {
   EXPECT_FALSE(set(u"A"));
 }
 
-TEST_F(Markers, MayBeOfAnyKindThatABlockTakes) {
+TEST_F(Markers, MayBeOfAnyKindThatABlockAccepts) {
   EXPECT_EQ(pieces_of(u"<p><a id='Template'>A</a></p>"
                       u"<p><b id='Template'>B</b></p>"
                       u"<p><code id='Template'>C</code></p>" +
@@ -92,7 +91,7 @@ TEST_F(Markers, MayStandOnLinesOfTheirOwn) {
   EXPECT_EQ(fields(), texts{u"A B"});
 }
 
-TEST_F(Markers, KeepTheBlankInFrontOfTheirText) {
+TEST_F(Markers, KeepTheBlankBeforeTheirText) {
   load(content(span(u" A ")));
   EXPECT_EQ(fields(), texts{u" A"});
 }
@@ -118,11 +117,11 @@ TEST_F(Markers, TextBetweenBlocksCommentsAndInstructionsAreInNoPiece) {
   EXPECT_EQ(fields(), texts{u"A"});
 }
 
-// From here on: where they don't work.
+// Where they don't work.
 
-TEST_F(Markers, BehindOtherContentAreFieldsWithoutACut) {
+TEST_F(Markers, AfterOtherContentAreFieldsWithoutACut) {
   for (const ustring_view before : {u"text", u" ", u"<br/>", u"<b>c</b>", u"<!-- c -->"}) {
-    SCOPED_TRACE(test::printable(before));
+    SCOPED_TRACE(printable(before));
     const texts pieces =
         pieces_of(content(u"x") + content(ustring(before) + span(u"A")) + content(u"y"));
     ASSERT_EQ(pieces.size(), 1u);
@@ -138,7 +137,7 @@ TEST_F(Markers, InOtherElementsAreFieldsWithoutACut) {
         u"<h1>" + span(u"A") + u"</h1>", u"<ul><li>" + marker(u"A") + u"</li></ul>",
         u"<table><tr><td>" + marker(u"A") + u"</td></tr></table>",
         u"<blockquote>" + marker(u"A") + u"</blockquote>", u"<p><b>" + span(u"A") + u"</b></p>"}) {
-    SCOPED_TRACE(test::printable(body));
+    SCOPED_TRACE(printable(body));
     const texts pieces = pieces_of(content(u"x") + body + content(u"y"));
     ASSERT_EQ(pieces.size(), 1u);
     EXPECT_EQ(count_of(u"<span id='Template'>", pieces[0]), 1u);
@@ -168,7 +167,7 @@ TEST_F(Markers, OutOfPlaceStopAllLaterCuts) {
   EXPECT_EQ(fields(), (texts{u"A", u"M", u"B", u"C"}));
 }
 
-TEST_F(Markers, OutOfPlaceDoNoHarmBehindTheLastOne) {
+TEST_F(Markers, OutOfPlaceDoNoHarmAfterTheLastOne) {
   EXPECT_EQ(
       pieces_of(marker(u"A") + content(u"x") + marker(u"B") + u"<h1>" + span(u"M") + u"</h1>"),
       (texts{u"", shown(u"x"), u"    <h1>\n      <span id='Template'>M</span>\n    </h1>\n"}));
@@ -197,9 +196,9 @@ TEST_F(Markers, InTheHeadAreFieldsAndStopAllCuts) {
   load_source(u"<html><head><title id='Template'>T</title></head><body>" + two_fields() +
               u"</body></html>");
   EXPECT_EQ(fields(), (texts{u"T", u"A", u"B"}));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + shown(u"<span id='Template'>A</span>") +
-                                      shown(u"y") + shown(u"<span id='Template'>B</span>") +
-                                      shown(u"z") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + shown(u"<span id='Template'>A</span>") +
+                                     shown(u"y") + shown(u"<span id='Template'>B</span>") +
+                                     shown(u"z") + block()));
 }
 
 TEST_F(Markers, WithoutAChildAreNoFields) {
@@ -228,8 +227,8 @@ TEST_F(Markers, OfASecondBodyAreFieldsWithoutACut) {
   load_source(u"<html><head><title>t</title></head><body>" + content(u"x") + marker(u"A") +
               u"</body><body>" + content(u"y") + marker(u"B") + content(u"z") + u"</body></html>");
   EXPECT_EQ(fields(), (texts{u"A", u"B"}));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block()));
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + block()));
 }
 
 TEST_F(Markers, AtAnyDepthAreFound) {
@@ -241,11 +240,10 @@ TEST_F(Markers, AtAnyDepthAreFound) {
   load(content(u"x" + deep) + marker(u"B"));
   EXPECT_EQ(fields(), (texts{u"A", u"B"}));
   EXPECT_TRUE(set(u"A"));
-  const ustring body = saved();
-  EXPECT_EQ(count_of(u"<b>", body), static_cast<std::size_t>(depth));
-  EXPECT_EQ(count_of(u"</b>", body), static_cast<std::size_t>(depth));
+  const ustring content = body();
+  EXPECT_EQ(count_of(u"<b>", content), static_cast<std::size_t>(depth));
+  EXPECT_EQ(count_of(u"</b>", content), static_cast<std::size_t>(depth));
 }
 
 }  // namespace
-
-}  // namespace templates_test
+}  // namespace test

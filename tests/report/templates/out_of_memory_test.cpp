@@ -1,13 +1,11 @@
 // Memory runs out at every allocation of every operation on templates.
-#include <new>
 #include <optional>
 #include <string>
 
 #include "tests/report/templates/template_page.h"
 #include "tests/support/allocation_failure.h"
 
-namespace templates_test {
-
+namespace test {
 namespace {
 
 constexpr ustring_view old_line = u"A line that was on the page before and doesn't fit inside";
@@ -29,8 +27,8 @@ ustring piece() {
          ustring(long_text) + u" 2\n      </li>\n    </ul>\n";
 }
 
-struct template_folder : test::temp_folder {
-  template_folder() { test::make_file(path() / "t.htm", marked_bytes(source())); }
+struct template_folder : temp_folder {
+  template_folder() { make_file(path() / "t.htm", marked_bytes(source())); }
 };
 
 // One for all attempts.
@@ -39,7 +37,7 @@ const template_folder& folder() {
   return one;
 }
 
-// Made anew for each attempt, with a number of blocks on the page that decides at which node
+// Each attempt has a new one, with a number of blocks on the page that decides at which node
 // the page's memory runs out.
 class small_report {
  public:
@@ -66,37 +64,25 @@ class small_report {
 
  private:
   int blocks_;
-  test::recording_opener browser_;
+  recording_opener browser_;
   ustring path_;
   ustring out_;
   std::optional<VellomarkObj> report_;
 };
 
 // Makes `attempt` on a report with its first, second ... allocation failing, each time on one
-// that `prepare` has made ready, until it passes. Calls `check` behind each, with whether
+// that `prepare` has made ready, until it passes. Calls `check` after each, with whether
 // memory ran out.
 template <class Prepare, class Attempt, class Check>
 void at_each_allocation(int blocks, Prepare prepare, Attempt attempt, Check check) {
-  std::size_t failures = 0;
-  for (std::size_t number = 1;; ++number) {
-    SCOPED_TRACE("allocation " + std::to_string(number));
+  const std::size_t failures = for_each_allocation([&](std::size_t number) {
     small_report report(blocks);
     prepare(report);
-    const std::size_t calls_before = test::allocation_calls();
-    bool raised = false;
-    test::fail_allocation(number);
-    try {
-      attempt(report);
-    } catch (const std::bad_alloc&) {
-      raised = true;
-    }
-    test::fail_allocation(0);
-    const bool ran_out = test::allocation_calls() - calls_before >= number;
-    EXPECT_EQ(raised, ran_out) << "nothing keeps it from the caller";
-    check(report, raised);
-    if (!ran_out || testing::Test::HasFailure()) break;
-    ++failures;
-  }
+    const auto [ran_out, threw] = try_without_memory(number, [&] { attempt(report); });
+    EXPECT_EQ(threw, ran_out) << "nothing keeps it from the caller";
+    check(report, threw);
+    return ran_out;
+  });
   EXPECT_GT(failures, 0u);
 }
 
@@ -130,8 +116,8 @@ TEST(TemplateMemory, ALoadThatFailsMayBeRepeated) {
       });
 }
 
-// At a failure before the file is open nothing has happened; behind it, the old template is
-// gone. Never is there a mix of both.
+// A failure before the file is open changes nothing; after it, the old template is
+// deleted. The two are never mixed.
 TEST(TemplateMemory, ALoadThatFailsLeavesTheOldTemplateOrNone) {
   at_each_allocation(
       0, [](small_report& report) { report.load(); }, [](small_report& report) { report.load(); },
@@ -144,10 +130,10 @@ TEST(TemplateMemory, ALoadThatFailsLeavesTheOldTemplateOrNone) {
       });
 }
 
-class TemplateMemoryBehind : public testing::TestWithParam<int> {};
+class TemplateMemoryAfterBlocks : public testing::TestWithParam<int> {};
 
 // What was placed isn't placed again, and what wasn't comes with the next attempt.
-TEST_P(TemplateMemoryBehind, AFieldThatFailsLosesAndRepeatsNothing) {
+TEST_P(TemplateMemoryAfterBlocks, AFieldThatFailsLosesAndRepeatsNothing) {
   const char16_t* const value = u"A value that needs memory of its own, being so long";
   const auto fill = [value](small_report& report) {
     EXPECT_TRUE(report.object().SetTemplateField(source_fields[0].c_str(), true, value));
@@ -173,31 +159,23 @@ TEST_P(TemplateMemoryBehind, AFieldThatFailsLosesAndRepeatsNothing) {
       });
 }
 
-INSTANTIATE_TEST_SUITE_P(Blocks, TemplateMemoryBehind, testing::Range(0, 40));
+INSTANTIATE_TEST_SUITE_P(Blocks, TemplateMemoryAfterBlocks, testing::Range(0, 40));
 
-// Save places a piece before all else, so where it fails behind that, the next attempt places
-// the next one. All of them come, once and in order.
+// Save places a piece before all else, so if it fails after that, the next attempt places
+// the next one. All of them are placed, once and in order.
 TEST(TemplateMemory, ASaveThatFailsLosesAndRepeatsNoPiece) {
-  for (std::size_t number = 1;; ++number) {
-    SCOPED_TRACE("allocation " + std::to_string(number));
+  for_each_allocation([](std::size_t number) {
     small_report report(0);
     report.load();
-    const std::size_t calls_before = test::allocation_calls();
-    test::fail_allocation(number);
-    try {
-      report.save();
-    } catch (const std::bad_alloc&) {
-    }
-    test::fail_allocation(0);
-    const bool ran_out = test::allocation_calls() - calls_before >= number;
+    const bool ran_out = try_without_memory(number, [&] { report.save(); }).ran_out;
     for (int save = 0; save < 2; ++save) report.save();
     ustring body = report.saved();
     const ustring empty = block();
     for (std::size_t at = body.find(empty); at != body.npos; at = body.find(empty))
       body.erase(at, empty.size());
     EXPECT_TRUE(same_units(body, piece() + piece() + shown(u"end")));
-    if (!ran_out || HasFailure()) break;
-  }
+    return ran_out;
+  });
 }
 
 TEST(TemplateMemory, AnArrayThatFailsHoldsTheFirstFields) {
@@ -225,24 +203,17 @@ TEST(TemplateMemory, AllOfItComesBack) {
     small_report first(0);  // what the process makes once and keeps
     use(first);
   }
-  for (std::size_t number = 1;; ++number) {
-    const std::size_t live = test::live_allocations();
+  for_each_allocation([&](std::size_t number) {
+    const std::size_t live = live_allocations();
     bool failed = false;
     {
       small_report report(0);
-      test::fail_allocation(number);
-      try {
-        use(report);
-      } catch (const std::bad_alloc&) {
-        failed = true;
-      }
-      test::fail_allocation(0);
+      failed = try_without_memory(number, [&] { use(report); }).threw;
     }
-    ASSERT_EQ(test::live_allocations(), live) << "allocation " << number;
-    if (!failed) break;
-  }
+    EXPECT_EQ(live_allocations(), live);
+    return failed;
+  });
 }
 
 }  // namespace
-
-}  // namespace templates_test
+}  // namespace test

@@ -1,64 +1,49 @@
-// Loading a template takes the page away from under whatever is open on it.
+// Loading a template deletes the page with what is open on it.
 #include "tests/report/templates/template_page.h"
 
-namespace templates_test {
-
+namespace test {
 namespace {
 
 class Positions : public template_test {
  protected:
-  static ustring row(std::initializer_list<ustring_view> cells) {
-    ustring written = u"      <tr>\n";
-    for (const ustring_view cell : cells)
-      ((written += u"        <td valign='top'>\n          ") += cell) += u"\n        </td>\n";
-    return written += u"      </tr>\n";
-  }
-
-  static ustring table(std::initializer_list<ustring> rows) {
-    ustring written = u"    <table border='1' class='main' width='100%'>\n";
-    for (const ustring& each : rows) written += each;
-    return written += u"    </table>\n";
-  }
-
   // What Save makes of the first table of a section.
   static ustring placed(const ustring& rows) { return block() + block() + rows + block(); }
 };
 
-TEST_F(Positions, TextBehindALoadStartsABlock) {
+TEST_F(Positions, TextAfterALoadStartsABlock) {
   report.AddText(u"old", false);
   load(two_fields());
   report.AddText(u"new", false);
   report.AddText(u"more", false);
-  EXPECT_TRUE(same_units(saved(), block({u"new", u"more"}) + shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), block({u"new", u"more"}) + shown(u"x") + block()));
 }
 
-TEST_F(Positions, TextBehindALoadStartsABlockOnAFreshReportToo) {
+TEST_F(Positions, TextAfterALoadStartsABlockOnAFreshReportToo) {
   load(two_fields());
   report.AddText(u"new", false);
-  EXPECT_TRUE(same_units(saved(), block({u"new"}) + shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), block({u"new"}) + shown(u"x") + block()));
 }
 
-TEST_F(Positions, AHeadingBehindALoadStandsInFront) {
+TEST_F(Positions, AHeadingAfterALoadComesFirst) {
   report.AddText(u"old", false);
   load(two_fields());
   report.AddHeading(u"h", 1);
-  EXPECT_TRUE(same_units(saved(), sections_test::heading(u'1', u"h") + shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), heading(u'1', u"h") + shown(u"x") + block()));
 }
 
-// The table is gone, but the report counts on: cells go nowhere.
-TEST_F(Positions, CellsOfATableThatIsGoneGoNowhere) {
+// The table is deleted, but the report counts on: cells are dropped.
+TEST_F(Positions, CellsOfADeletedTableAreDropped) {
   report.OpenTable(2);
   report.AddText(u"old", false);
   load(two_fields());
-  for (const char16_t* const cell : {u"a", u"b", u"c", u"d"}) report.AddText(cell, false);
+  add_texts(report, {u"a", u"b", u"c", u"d"});
   report.SetFirstCellRows(3);
   report.AddLink(u"e", u"f");
   EXPECT_TRUE(set(u"A"));
   report.AddText(u"g", false);
   report.CloseTable();
   report.AddText(u"text", false);
-  EXPECT_TRUE(
-      same_units(saved(), shown(u"x") + block() + block({u"text"}) + shown(u"y") + block()));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + block({u"text"}) + shown(u"y") + block()));
 }
 
 // A cell doesn't need a block, so none replaces the one that the load deleted.
@@ -67,7 +52,7 @@ TEST_F(Positions, ACellAfterALoadStartsNoBlock) {
   load(u"");
   report.OpenTable(2);
   report.AddText(u"a", false);
-  EXPECT_TRUE(same_units(saved(), table({row({u"a"})}) + block()));
+  EXPECT_TRUE(same_units(body(), table(u"a") + block()));
 }
 
 TEST_F(Positions, ALinkOrAHeadingThatBecomesACellStartsNoBlock) {
@@ -76,7 +61,7 @@ TEST_F(Positions, ALinkOrAHeadingThatBecomesACellStartsNoBlock) {
   report.OpenTable(2);
   report.AddHeading(u"a", 5);
   report.AddLink(u"b", nullptr);
-  EXPECT_TRUE(same_units(saved(), table({row({u"a", u"b"})}) + block()));
+  EXPECT_TRUE(same_units(body(), table({{u"a", u"b"}}) + block()));
 }
 
 // A report that has never had a block starts one even for a cell.
@@ -85,56 +70,55 @@ TEST_F(Positions, TheFirstCellOfAFreshReportStartsABlock) {
   report.OpenTable(2);
   report.AddText(u"a", false);
   report.AddText(u"b", false);
-  EXPECT_TRUE(same_units(saved(), table({row({u"a", u"b"})}) + block() + block()));
+  EXPECT_TRUE(same_units(body(), table({{u"a", u"b"}}) + block() + block()));
 }
 
-TEST_F(Positions, ATableOpenedBehindALoadIsFilled) {
+TEST_F(Positions, ATableOpenedAfterALoadIsFilled) {
   report.OpenTable(3);
   report.AddText(u"old", false);
   load(two_fields());
   report.OpenTable(2);
-  for (const char16_t* const cell : {u"a", u"b", u"c"}) report.AddText(cell, false);
+  add_texts(report, {u"a", u"b", u"c"});
   report.CloseTable();
-  EXPECT_TRUE(same_units(
-      saved(), table({row({u"a", u"b"}), row({u"c"})}) + block() + shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), table({{u"a", u"b"}, {u"c"}}) + block() + shown(u"x") + block()));
 }
 
-TEST_F(Positions, ATableThatWasClosedLeavesNothingBehind) {
+TEST_F(Positions, AClosedTableLeavesNothing) {
   report.OpenTable(2);
   report.AddText(u"old", false);
   report.CloseTable();
   load(two_fields());
   report.AddText(u"text", false);
-  EXPECT_TRUE(same_units(saved(), block({u"text"}) + shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), block({u"text"}) + shown(u"x") + block()));
 }
 
-TEST_F(Positions, PiecesGoBehindATableThatIsOpenAndCellsIntoIt) {
+TEST_F(Positions, PiecesAreAddedAfterAnOpenTableAndCellsToIt) {
   load(two_fields());
   report.OpenTable(2);
   report.AddText(u"a", false);
   EXPECT_TRUE(set(u"A"));
   report.AddText(u"b", false);
   report.CloseTable();
-  EXPECT_TRUE(same_units(saved(), table({row({u"a", u"b"})}) + block() + shown(u"x") + block() +
-                                      block() + shown(u"y") + block()))
+  EXPECT_TRUE(same_units(body(), table({{u"a", u"b"}}) + block() + shown(u"x") + block() + block() +
+                                     shown(u"y") + block()))
       << "the first cell started a block for text behind the table";
 }
 
 TEST_F(Positions, SectionsOutliveALoad) {
-  sections_test::add_section(report, {u"H"}, u"", {u"one"});
+  add_section(report, {u"H"}, u"", {u"one"});
   report.SetSectionMode(true);
   report.AddText(u"two", false);
   load(content(u"x") + marker(u"A") + content(u"y"));
   report.AddText(u"three", false);
   EXPECT_TRUE(set(u"A"));
   report.AddText(u"four", false);
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + shown(u"y") + block() +
-                                      sections_test::heading(u'1', u"H") +
-                                      block({u"one", u"two", u"three", u"four"})));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block() +
+                                     heading(u'1', u"H") +
+                                     block({u"one", u"two", u"three", u"four"})));
 }
 
 TEST_F(Positions, ATableInASectionOutlivesALoad) {
-  sections_test::add_section(report, {}, u"", {});
+  add_section(report, {}, u"", {});
   report.SetSectionMode(true);
   report.OpenTable(2);
   report.AddText(u"a", false);
@@ -143,13 +127,12 @@ TEST_F(Positions, ATableInASectionOutlivesALoad) {
   report.AddText(u"c", false);
   report.CloseTable();
   report.SetSectionMode(false);
-  EXPECT_TRUE(
-      same_units(saved(), shown(u"x") + block() + placed(table({row({u"a", u"b"}), row({u"c"})}))));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + placed(table({{u"a", u"b"}, {u"c"}}))));
 }
 
-// The table of the page, which waits behind the one of the section, is gone.
-TEST_F(Positions, ATableThatWaitsBehindASectionTableIsGone) {
-  sections_test::add_section(report, {}, u"", {});
+// The table of the page, which waits until that of the section is closed, is deleted.
+TEST_F(Positions, ATableThatWaitsForASectionTableIsDeleted) {
+  add_section(report, {}, u"", {});
   report.AddText(u"old", false);
   report.OpenTable(2);
   report.AddText(u"old", false);
@@ -163,13 +146,13 @@ TEST_F(Positions, ATableThatWaitsBehindASectionTableIsGone) {
   report.AddText(u"nowhere", false);
   report.CloseTable();
   report.AddText(u"text", false);
-  EXPECT_TRUE(same_units(
-      saved(), block({u"text"}) + shown(u"x") + block() + placed(table({row({u"a", u"b"})}))));
+  EXPECT_TRUE(
+      same_units(body(), block({u"text"}) + shown(u"x") + block() + placed(table({{u"a", u"b"}}))));
 }
 
 // The row of the section table that waits outlives the page, on which a table is open.
 TEST_F(Positions, ASectionTableThatWaitsOutlivesALoad) {
-  sections_test::add_section(report, {}, u"", {});
+  add_section(report, {}, u"", {});
   report.SetSectionMode(true);
   report.OpenTable(3);
   report.AddText(u"a", false);
@@ -182,13 +165,12 @@ TEST_F(Positions, ASectionTableThatWaitsOutlivesALoad) {
   report.AddText(u"b", false);
   report.CloseTable();
   report.SetSectionMode(false);
-  EXPECT_TRUE(
-      same_units(saved(), shown(u"x") + block() + placed(table({row({u"a"}), row({u"b"})}))))
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + placed(table({{u"a"}, {u"b"}}))))
       << "the page's row was full by then, so the next cell starts one";
 }
 
 TEST_F(Positions, SectionTablesInSectionTablesOutliveALoad) {
-  sections_test::add_section(report, {}, u"", {});
+  add_section(report, {}, u"", {});
   report.SetSectionMode(true);
   report.OpenTable(2);
   report.AddText(u"lost", false);
@@ -199,16 +181,16 @@ TEST_F(Positions, SectionTablesInSectionTablesOutliveALoad) {
   report.CloseTable();
   report.CloseTable();
   report.SetSectionMode(false);
-  const ustring both = table({row({u"a", u"b"})});
-  EXPECT_TRUE(same_units(saved(), shown(u"x") + block() + placed(both) + block() + both + block()));
+  const ustring both = table({{u"a", u"b"}});
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + placed(both) + block() + both + block()));
 }
 
 TEST_F(Positions, ALinkThatWasPreparedOutlivesALoad) {
   report.AddLink(nullptr, u"target");
   load(content(u"x"));
   report.AddText(nullptr, false);
-  EXPECT_TRUE(same_units(saved(), u"    <p>\n      <a href='#target'>target</a><br/>\n    </p>\n" +
-                                      shown(u"x") + block()));
+  EXPECT_TRUE(same_units(body(), u"    <p>\n      <a href='#target'>target</a><br/>\n    </p>\n" +
+                                     shown(u"x") + block()));
 }
 
 TEST_F(Positions, DirectLinksGoToTheNewPage) {
@@ -217,25 +199,24 @@ TEST_F(Positions, DirectLinksGoToTheNewPage) {
   load(content(u"x"));
   report.BeginSection(u"", u"S");
   report.EndDirectLinks();
-  EXPECT_TRUE(same_units(saved(), u"    <p>\n      <a href='#S'>S</a><br/>\n    </p>\n" +
-                                      shown(u"x") + block() + sections_test::section(u"S") +
-                                      block()));
+  EXPECT_TRUE(same_units(body(), u"    <p>\n      <a href='#S'>S</a><br/>\n    </p>\n" +
+                                     shown(u"x") + block() + section(u"S") + block()));
 }
 
-// What a load resets is the page alone: a table in a section goes on with its columns and
+// What a load resets is the page alone: a table in a section continues with its columns and
 // with the first cell that spans rows.
-TEST_F(Positions, ASectionTableGoesOnCountingBehindALoad) {
-  sections_test::add_section(report, {}, u"", {});
+TEST_F(Positions, ASectionTableGoesOnCountingAfterALoad) {
+  add_section(report, {}, u"", {});
   report.SetSectionMode(true);
   report.OpenTable(3);
   report.SetFirstCellRows(2);
   report.AddText(u"a", false);
   load(content(u"x"));
-  for (const char16_t* const cell : {u"b", u"c", u"d", u"e"}) report.AddText(cell, false);
+  add_texts(report, {u"b", u"c", u"d", u"e"});
   report.CloseTable();
   report.SetSectionMode(false);
-  const ustring page = saved();
-  EXPECT_EQ(count_of(u"<tr>", page), 4u) << test::printable(page);
+  const ustring page = body();
+  EXPECT_EQ(count_of(u"<tr>", page), 4u) << printable(page);
 }
 
 TEST_F(Positions, HeadingsOfTheNextSectionOutliveALoad) {
@@ -243,12 +224,11 @@ TEST_F(Positions, HeadingsOfTheNextSectionOutliveALoad) {
   load(content(u"x"));
   report.BeginSection(u"", u"");
   report.AddText(u"one", true);
-  EXPECT_TRUE(same_units(
-      saved(), shown(u"x") + block() + sections_test::heading(u'1', u"H") + block({u"one"})));
+  EXPECT_TRUE(same_units(body(), shown(u"x") + block() + heading(u'1', u"H") + block({u"one"})));
 }
 
-// New elements take the memory of the page that is gone. These put one that takes cells
-// where the open table or its row was, in front of which any number of others may lie.
+// New elements reuse the memory of the deleted page. These put one that accepts cells
+// where the open table or its row was, before which any number of others may lie.
 class ReusedMemory : public Positions, public ::testing::WithParamInterface<int> {
  protected:
   // Loads a page with tables of its own and places it.
@@ -261,10 +241,10 @@ class ReusedMemory : public Positions, public ::testing::WithParamInterface<int>
     EXPECT_TRUE(set(u"A"));
   }
 
-  void expect_nothing_in_tables() { EXPECT_EQ(count_of(u"nowhere", saved()), 0u); }
+  void expect_nothing_in_tables() { EXPECT_EQ(count_of(u"nowhere", body()), 0u); }
 };
 
-TEST_P(ReusedMemory, NoRowTakesCellsOfATableThatIsGone) {
+TEST_P(ReusedMemory, NoRowGetsCellsOfADeletedTable) {
   report.OpenTable(3);
   report.AddText(u"old", false);
   place_tables();
@@ -273,7 +253,7 @@ TEST_P(ReusedMemory, NoRowTakesCellsOfATableThatIsGone) {
   expect_nothing_in_tables();
 }
 
-TEST_P(ReusedMemory, NoTableTakesRowsOfOneThatIsGone) {
+TEST_P(ReusedMemory, NoTableGetsRowsOfADeletedOne) {
   report.OpenTable(2);
   place_tables();
   report.AddText(u"nowhere", false);
@@ -281,8 +261,8 @@ TEST_P(ReusedMemory, NoTableTakesRowsOfOneThatIsGone) {
   expect_nothing_in_tables();
 }
 
-TEST_P(ReusedMemory, NoRowTakesCellsOfATableThatWaitedAndIsGone) {
-  sections_test::add_section(report, {}, u"", {});
+TEST_P(ReusedMemory, NoRowGetsCellsOfADeletedTableThatWaited) {
+  add_section(report, {}, u"", {});
   report.OpenTable(3);
   report.AddText(u"old", false);
   report.SetSectionMode(true);
@@ -306,5 +286,4 @@ TEST_F(Positions, AReportMayGoWithATemplateHalfPlaced) {
 }
 
 }  // namespace
-
-}  // namespace templates_test
+}  // namespace test

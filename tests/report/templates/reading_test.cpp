@@ -2,11 +2,8 @@
 #include "tests/report/templates/template_page.h"
 #include "xport/stream/file_input_stream.h"
 
-namespace templates_test {
-
+namespace test {
 namespace {
-
-using test::file_call;
 
 class UnreadableTemplate : public ::testing::Test {
  protected:
@@ -21,8 +18,8 @@ class UnreadableTemplate : public ::testing::Test {
     return body_of(files.units(u"/out/Vellomark/page.htm").substr(1));
   }
 
-  test::memory_files files;
-  test::recording_opener browser;
+  memory_files files;
+  recording_opener browser;
   VellomarkObj report{files, browser};
 };
 
@@ -44,7 +41,7 @@ TEST_F(UnreadableTemplate, ThatCannotBeReadAtAllIsEmpty) {
 
 // The template ends where it can't be read.
 TEST_F(UnreadableTemplate, ThatCannotBeReadHalfWayIsUsedAsFarAsItWasRead) {
-  constexpr std::size_t block_units = Xport::file_input_buffer::block_units;
+  constexpr std::size_t block_units = file_input_buffer::block_units;
   const ustring start =
       u"<html><head><title>t</title></head><body>" + content(u"x") + marker(u"A") + u"<p>";
   const std::size_t in_first_block = block_units - 1 - start.size();
@@ -78,5 +75,4 @@ TEST_F(UnreadableTemplate, MayBeAsLongAsItLikes) {
 }
 
 }  // namespace
-
-}  // namespace templates_test
+}  // namespace test

@@ -7,24 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/file_system.h"
-#include "report/vellomark_obj.h"
-#include "tests/report/sections/section_page.h"
-#include "tests/support/fake_input.h"
-#include "tests/support/fake_services.h"
-#include "tests/support/golden.h"
-#include "tests/support/temp_folder.h"
-#include "xport/text/char16.h"
+#include "tests/report/report_page.h"
+#include "tests/support/unit_bytes.h"
 
-namespace templates_test {
-
-using sections_test::block;
-using sections_test::body_of;
-using sections_test::count_of;
-using sections_test::page_text;
-using test::same_units;
-using Xport::ustring;
-using Xport::ustring_view;
+namespace test {
 
 using texts = std::vector<ustring>;
 
@@ -54,11 +40,6 @@ inline ustring shown(ustring_view text) {
   return u"    <p>\n      " + ustring(text) + u"\n    </p>\n";
 }
 
-/// The units as a file that begins with the little-endian mark.
-inline std::string marked_bytes(ustring_view text) {
-  return test::file_bytes(u"\uFEFF" + ustring(text));
-}
-
 /// The field texts that the report lists.
 inline texts fields_of(IVellomark& report) {
   zov_shared_array<CZovString> fields;
@@ -68,12 +49,12 @@ inline texts fields_of(IVellomark& report) {
   return listed;
 }
 
-/// A report and its templates on the disk. Its browser only notes.
-class template_test : public ::testing::Test {
+/// A report and its templates on the disk.
+class template_test : public disk_test {
  protected:
   /// Loads a file of these bytes.
   void load_bytes(const std::string& bytes) {
-    test::make_file(folder.path() / "template.htm", bytes);
+    make_file(folder.path() / "template.htm", bytes);
     report.LoadTemplate(folder.text(u"/template.htm").c_str());
   }
 
@@ -89,21 +70,8 @@ class template_test : public ::testing::Test {
   bool set(const char16_t* name, const char16_t* value = u"value") {
     return report.SetTemplateField(name, true, value);
   }
-
-  /// Saves and gives what stands in the body.
-  ustring saved() {
-    EXPECT_TRUE(report.Save(folder.text(u"/out").c_str(), u"page.htm"));
-    return body_of(saved_page());
-  }
-
-  /// The page that was saved last.
-  ustring saved_page() const { return page_text(folder.path() / "out" / "Vellomark" / "page.htm"); }
-
-  test::temp_folder folder;
-  test::recording_opener browser;
-  VellomarkObj report{platform::file_system::native(), browser};
 };
 
-}  // namespace templates_test
+}  // namespace test
 
 #endif

@@ -1,37 +1,37 @@
-#ifndef TESTS_REPORT_SECTIONS_REFERENCE_H
-#define TESTS_REPORT_SECTIONS_REFERENCE_H
+#ifndef TESTS_REPORT_SECTIONS_PLAIN_SECTIONS_H
+#define TESTS_REPORT_SECTIONS_PLAIN_SECTIONS_H
 
 #include <cstddef>
 #include <cstdint>
 #include <list>
 #include <vector>
 
+#include "tests/support/names.h"
 #include "xport/text/char16.h"
 
-namespace sections_test {
+namespace test {
 
 /// A line of text or a table of one cell.
 struct plain_element {
   bool is_table;
-  Xport::ustring text;
+  ustring text;
 };
 
 /// A section as the host makes it.
 struct plain_section {
-  Xport::ustring name;
+  ustring name;
   std::vector<plain_element> elements;
-  std::vector<Xport::ustring> headings;
+  std::vector<ustring> headings;
   std::vector<std::int32_t> styles;
 };
 
 /// How many leading headings two paths share.
-std::size_t shared_headings(const std::vector<Xport::ustring>& a,
-                            const std::vector<Xport::ustring>& b);
+std::size_t shared_headings(const std::vector<ustring>& a, const std::vector<ustring>& b);
 
 /// What the body of a new page has after Save, found by a plain search through all
 /// the sections that are left.
-Xport::ustring plain_body(std::list<plain_section> sections);
+ustring plain_body(std::list<plain_section> sections);
 
-}  // namespace sections_test
+}  // namespace test
 
 #endif

@@ -1,15 +1,13 @@
-#include "tests/report/sections/reference.h"
+#include "tests/report/sections/plain_sections.h"
 
 #include <algorithm>
 
-namespace sections_test {
-
+namespace test {
 namespace {
 
-using Xport::ustring;
 using path_texts = std::vector<ustring>;
 
-// The body as text. The block that takes lines is the last thing in it.
+// The body as text. It ends with the block to which lines are added.
 class plain_page {
  public:
   void start_block() { text_ += u"    <p>\n    </p>\n"; }
@@ -107,4 +105,4 @@ ustring plain_body(std::list<plain_section> sections) {
   return page.text();
 }
 
-}  // namespace sections_test
+}  // namespace test
