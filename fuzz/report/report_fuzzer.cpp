@@ -16,7 +16,7 @@
 #include "fuzz/support/expect.h"
 #include "fuzz/support/fuzz_input.h"
 #include "report/vellomark_obj.h"
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/fake_services.h"
 #include "tests/support/temp_folder.h"
 #include "xport/text/char16.h"

@@ -6,7 +6,7 @@
 
 #include "fuzz/support/expect.h"
 #include "fuzz/support/fuzz_input.h"
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/tree_outline.h"
 #include "tests/support/unit_buffers.h"
 #include "xport/stream/byte_order.h"

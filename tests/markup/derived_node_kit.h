@@ -5,11 +5,11 @@
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 
-// Nodes of a host, with answers and copies of their own.
+// Nodes of a host that override questions and copies.
 
 namespace test {
 
-/// An element that says what a host tells it to.
+/// An element that returns what a host sets.
 struct told_element : Xport::xhtml_element {
   explicit told_element(tag_id tag) : xhtml_element(tag, {}, {}) {}
   told_element(const told_element&) = default;

@@ -16,7 +16,7 @@
 namespace test {
 namespace {
 
-/// Answers each question as it is told to.
+/// Returns the answers that it was given.
 struct told_node : xhtml_markup {
   std::int32_t kind = 0;
   std::uint32_t category = 0;
@@ -30,7 +30,7 @@ struct told_node : xhtml_markup {
   xhtml_markup* clone() const override { return new told_node(*this); }
 };
 
-// Any record will do: only whether there is one counts.
+// Any record will do: it only matters whether there is one.
 const Tag_trait_handle some_trait(tag_table[tag_id::b]);
 
 bool contains(tag_id parent, const xhtml_markup& node) { return element(parent).can_contain(node); }
@@ -172,7 +172,7 @@ TEST(DerivedInsertion, OrderOfADocumentIsKeptByTheNumbersThatNodesSay) {
   EXPECT_FALSE(html.push_front_copy(element(tag_id::head)) == html.end());
 }
 
-/// Notes what reaches insert_copy, and adds nothing.
+/// Records what insert_copy is called with, and adds nothing.
 struct noting_element : told_element {
   using told_element::told_element;
   std::vector<std::string> inserted;
@@ -213,7 +213,7 @@ TEST(DerivedInsertion, TextIsOfferedOnlyWhereItIsAccepted) {
   EXPECT_TRUE(div.inserted.empty());
 }
 
-/// Takes nothing but texts.
+/// Accepts nothing but texts.
 struct picky_element : told_element {
   using told_element::told_element;
   bool can_contain(const xhtml_markup& node) const override { return node.node_kind() == 5; }
@@ -230,7 +230,7 @@ TEST(DerivedInsertion, InsertionAsksCanContain) {
   EXPECT_TRUE(is_tree(div, "div('a')"));
 }
 
-/// Takes everything, nodes of no kind too.
+/// Accepts everything, nodes of no kind too.
 struct careless_element : xhtml_element {
   careless_element() : xhtml_element(tag_id::div, {}, {}) {}
   careless_element(const careless_element&) = default;

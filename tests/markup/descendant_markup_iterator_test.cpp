@@ -32,7 +32,7 @@ std::string name_of(const xhtml_markup& node) {
   return node.node_kind() == 2 ? printable(node.tag_name()) : text_of(node);
 }
 
-// The names of what is walked, `steps` nodes at most.
+// The names of the nodes on the walk, `steps` at most.
 std::string walked(descendant_markup_iterator& at, const descendant_markup_iterator& end,
                    std::size_t steps = 1000) {
   std::string names;

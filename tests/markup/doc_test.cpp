@@ -41,7 +41,7 @@ ustring page(const xhtml_doc& doc) {
   return stream.str();
 }
 
-/// Adopts a new element, which no rule of order refuses.
+/// Adopts a new element, which isn't subject to the rules of order.
 xhtml_markup* adopt(xhtml_markup* parent, tag_id tag) {
   auto node = std::make_unique<xhtml_element>(tag, u"", u"");
   EXPECT_TRUE(parent->adopt_child(node.get()) != parent->end());

@@ -217,7 +217,7 @@ TEST_P(ElementWithoutRecord, ThrowsWhenAskedForItsEndTag) {
   EXPECT_EQ(node.tag_trait()->get(), nullptr);
   try {
     node.end_tag_text();
-    FAIL() << "it raised nothing";
+    FAIL() << "it threw nothing";
   } catch (const std::domain_error& error) {
     EXPECT_STREQ(error.what(), "pTag_trait invlaid");
   }

@@ -206,7 +206,7 @@ TEST(ElementRange, MayBeTheChildrenOfAChild) {
   const markup_iterator inner = div.append_copy(letters("xy"));
   div.insert_range(inner, inner->begin(), inner->end());
   EXPECT_EQ(read(div), "axydiv");
-  // The child itself comes last and is copied with what it has got by then.
+  // The child itself comes last and is copied with what was added to it by then.
   inner->insert_range(inner->begin(), div.begin(), div.end());
   EXPECT_TRUE(is_tree(div, "div('a' 'x' 'y' div('a' 'x' 'y' div('a' 'x' 'y' 'x' 'y') 'x' 'y'))"));
 }

@@ -22,7 +22,7 @@ namespace {
 
 const ustring long_text(3000, u'l');
 
-/// A div whose copying takes memory in many places.
+/// A div whose copy is allocated in many pieces.
 xhtml_element sample() {
   xhtml_element div(tag_id::div, u"top", u"kind");
   div.set_style(css_property_id::color, u"red");
@@ -33,7 +33,7 @@ xhtml_element sample() {
   return div;
 }
 
-/// A tree into which things are put: of the heap, or of a document.
+/// A tree to which nodes are added: on the heap, or in a document.
 struct target {
   virtual ~target() = default;
   virtual xhtml_element& place() = 0;
@@ -85,7 +85,7 @@ ustring state_of(const xhtml_markup& node) { return written(node); }
 class RefusedMemory : public ::testing::TestWithParam<operation> {
  protected:
   /// Runs the operation with each of its requests refused in turn. Between the
-  /// failures the tree has to be what it was, and in the end nothing may be lost.
+  /// failures the tree must be unchanged, and in the end nothing may be lost.
   template <class Target>
   std::size_t run() {
     shared_sample();
@@ -156,7 +156,7 @@ TEST(RefusedMemory, LeavesTheFirstNodesOfARange) {
   EXPECT_EQ(live_allocations(), before);
 }
 
-/// Builds something with each request refused in turn and looks for what is lost.
+/// Builds something with each request refused in turn and checks that nothing is lost.
 template <class Build>
 void expect_nothing_lost(Build build) {
   const std::size_t before = live_allocations();

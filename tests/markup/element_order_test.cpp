@@ -48,8 +48,8 @@ std::string letters_of(const xhtml_markup& parent) {
   return letters;
 }
 
-/// An element with the children of the letters, put there by adoption, which
-/// doesn't ask for order.
+/// An element with the children of the letters, added by adoption, which
+/// doesn't check their order.
 std::unique_ptr<xhtml_element> filled(tag_id tag, const std::string& letters) {
   auto parent = std::make_unique<xhtml_element>(tag, u"", u"");
   for (const char letter : letters) {
@@ -59,7 +59,7 @@ std::unique_ptr<xhtml_element> filled(tag_id tag, const std::string& letters) {
   return parent;
 }
 
-/// Whether the rule lets `child` go into html before the child number `at`.
+/// Whether the rule allows `child` in html before the child number `at`.
 bool html_takes(const std::string& children, std::size_t at, char child) {
   if (child != 'h' && child != 'b') return true;
   if (children.find(child) != std::string::npos) return false;
@@ -154,7 +154,7 @@ TEST(ElementOrder, IsNoMatterOfOtherElements) {
   EXPECT_TRUE(is_tree(table, "table(tr caption thead caption col)"));
 }
 
-// A copy brings its children along as they are.
+// The children of a copy stay as they are.
 TEST(ElementOrder, IsNoMatterOfWhatACopyHoldsAlready) {
   const auto head = filled(tag_id::head, "tt");
   xhtml_element html = element(tag_id::html);

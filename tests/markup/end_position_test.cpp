@@ -1,5 +1,5 @@
-// What the end of a child list and an invalid position lead to: a node of no
-// kind, which is changed by nothing.
+// The end of a child list and an invalid position lead to a node of no
+// kind, which nothing changes.
 
 #include <gtest/gtest.h>
 

@@ -41,7 +41,7 @@ static_assert(
 static_assert(
     std::is_same_v<decltype(std::declval<xhtml_markup>().content_flags()), std::uint32_t>);
 
-/// A node that isn't an element, and what its kind differs in from the defaults.
+/// A node that isn't an element, and how its kind differs from the defaults.
 struct kind {
   const char* name;
   std::function<std::unique_ptr<xhtml_markup>()> make;

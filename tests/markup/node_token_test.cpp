@@ -1,4 +1,4 @@
-// What the leaves make of the tokens that the parser cuts.
+// What the leaves store of the tokens that the parser cuts.
 
 #include <gtest/gtest.h>
 
@@ -175,7 +175,7 @@ TEST(NodeTokens, LeaveCharacterDataAndDoctypesAsTheyAre) {
   EXPECT_EQ(text_of(xhtml_doctype_declaration()), "");
 }
 
-/// White space as some locale might have it: '_' and U+2003 too, but no tab.
+/// White space as in some locale: '_' and U+2003 too, but no tab.
 class odd_space : public std::ctype<wchar_t> {
  protected:
   bool do_is(mask wanted, wchar_t unit) const override {

@@ -1,4 +1,4 @@
-// Texts of all lengths, on their own, in a tree of the heap and in a document.
+// Texts of all lengths, on their own, in a tree on the heap and in a document.
 
 #include <gtest/gtest.h>
 
@@ -139,7 +139,7 @@ TEST_P(TextPlace, CopiesTextsOfAllKinds) {
   EXPECT_TRUE(is_intact(p()));
 }
 
-// A comment in a tree is what it was, and isn't cut again as a token is.
+// A comment stays as it is in a tree, and isn't cut again as a token is.
 TEST_P(TextPlace, CopiesTextsThatLookLikeTokens) {
   xhtml_comment comment(u"<-- a -->");
   comment << u" <-- b --> ";

@@ -258,7 +258,7 @@ TEST(TextMap, StaysAsItWasWhenMemoryRunsOutForSeveralEntries) {
   EXPECT_EQ(listing(map), "1=a 2=kept 3=c ");
 }
 
-/// Batches by chance for a map and for one of the standard library.
+/// Random batches for a map and for one of the standard library.
 void store_batches_by_chance(attribute_map& map) {
   std::mt19937 random(2);
   std::map<int, ustring> expected;
@@ -317,7 +317,7 @@ TEST(TextMap, CopiesAreIndependent) {
   EXPECT_TRUE(empty.empty());
 }
 
-/// The same changes, by chance, of a map and of one of the standard library.
+/// The same random changes of a map and of one of the standard library.
 void change_by_chance(attribute_map& map) {
   std::mt19937 random(1);
   std::map<int, ustring> expected;
@@ -353,7 +353,7 @@ TEST(TextMap, InAPoolDoesWhatAStandardMapDoes) {
   change_by_chance(map);
 }
 
-// What is read by key is no reference into the map: an assignment would be lost.
+// Reading by key returns no reference into the map: an assignment would be lost.
 template <class Map, class Text>
 concept assigns_by_key = requires(Map& map, const Text& text) {
   map[attr_id::id] = text;

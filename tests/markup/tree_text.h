@@ -23,7 +23,7 @@ inline std::string text_of(const xhtml_markup& node) {
   return printable(dynamic_cast<const text_leaf&>(node).text());
 }
 
-/// Whether `tree` hangs together and has `expected` as its bare_outline().
+/// Whether `tree` is intact and has `expected` as its bare_outline().
 inline ::testing::AssertionResult is_tree(const xhtml_markup& tree, const std::string& expected) {
   ::testing::AssertionResult intact = is_intact(tree);
   if (!intact) return intact;

@@ -89,7 +89,7 @@ TEST(WriterBreakFlags, EachElementAlone) {
   }
 }
 
-// A text on both sides shows all four flags of what stands between.
+// A text on both sides shows all four flags of the element between.
 TEST(WriterBreakFlags, EachElementThatADivAcceptsBetweenTexts) {
   int placed = 0;
   for (int number = 1; number < 92; ++number) {

@@ -52,7 +52,7 @@ TEST(WriterDepth, BlocksBeyondTheHighestLevel) {
   EXPECT_EQ(writer.indent_level, -32768);
 }
 
-// Counts what a buffer is asked to do.
+// Counts the units and calls that a buffer gets.
 class counting_buffer : public std::basic_streambuf<char16> {
  public:
   std::size_t units = 0;

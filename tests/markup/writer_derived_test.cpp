@@ -1,4 +1,4 @@
-// Nodes of derived classes in the hands of the writer: each is written by its own `write`.
+// Nodes of derived classes in the writer: each is written by its own `write`.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ void put(xhtml_writer& writer, ustring_view text) {
   writer.stream->write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
-/// A node of a host that says of which kind it is, and writes a word past the writer.
+/// A node of a host that returns a given kind, and writes a word past the writer.
 struct word_node : xhtml_markup {
   explicit word_node(std::int32_t its_kind) : kind(its_kind) {}
 
@@ -66,7 +66,7 @@ TEST(WriterDerived, DoctypeLeavesItsLineOpen) {
                          u"</html>\n"));
 }
 
-/// Says that it is an element of any number.
+/// Claims to be an element of any number.
 struct numbered_node : word_node {
   explicit numbered_node(tag_id its_number) : word_node(3), number(its_number) {}
   tag_id tag() const override { return number; }
@@ -144,7 +144,7 @@ TEST(WriterDerived, BlockElementKeepsItsLines) {
                          u"}</body>\n"));
 }
 
-/// Answers the questions about its tags in its own way.
+/// Overrides the functions about its tags.
 struct renamed_element : xhtml_element {
   explicit renamed_element(tag_id tag) : xhtml_element(tag, u"i", {}) {}
   renamed_element(const renamed_element&) = default;
@@ -182,7 +182,7 @@ TEST(WriterDerived, EndTagWrapsByItsOwnLength) {
   EXPECT_TRUE(same_units(wrapped(23), u"<x:name id='i'>\n</x:end >"));
 }
 
-/// Says that it is another element.
+/// Claims to be another element.
 struct disguised_element : xhtml_element {
   disguised_element(tag_id tag, tag_id says) : xhtml_element(tag, {}, {}), number(says) {}
   disguised_element(const disguised_element&) = default;
@@ -226,7 +226,7 @@ TEST(WriterDerived, WhatWasWrittenBeforeAnExceptionIsOnTheStream) {
   EXPECT_TRUE(same_units(stream.str(), u"<p>\n  a<x:name id='i'>"));
 }
 
-/// Has no record, and answers all the same.
+/// Has no record, but a name.
 struct lawless_element : renamed_element {
   lawless_element() : renamed_element(tag_id{500}) {}
   xhtml_markup* clone() const override { return new lawless_element(*this); }
@@ -261,7 +261,7 @@ outcome written_before_the_line(const xhtml_element& b, std::uint64_t length) {
   });
 }
 
-// `</b>` doesn't fit into 5 units after `<b>c `. It takes 4 units from column -6 on.
+// `</b>` doesn't fit into 5 units after `<b>c `. It has 4 units from column -6 on.
 TEST(WriterColumn, NegativeNumberOfBlanksWraps) {
   EXPECT_TRUE(is_outcome(written_before_the_line(make(tag_id::b, u"c"), 5), u"<b>c\n</b>",
                          std::uint64_t{0} - 2));

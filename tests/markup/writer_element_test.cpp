@@ -118,7 +118,7 @@ TEST(WriterElement, InstructionsAtSeveralDepths) {
 }
 
 // An inline element adds no level and its end tag stands where the instruction's line
-// feed has left off, for the column isn't told of it.
+// feed ended, as the column doesn't count it.
 TEST(WriterElement, AnInstructionInAnInlineElement) {
   EXPECT_TRUE(same_units(written(make(tag_id::p, make(tag_id::b, u"a", instruction(u"x")))),
                          u"<p>\n  <b>a\n  <?x ?>\n</b>\n</p>\n"));

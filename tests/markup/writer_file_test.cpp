@@ -13,22 +13,13 @@
 #include "xport/stream/file_output_stream.h"
 #include "xport/stream/null_codecvt.h"
 
+namespace test {
 namespace {
-
-using test::fake_file;
-using test::file_record;
-using test::make;
-using test::same_units;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::write_document;
-using Xport::xhtml_doc;
-using Xport::xhtml_writer;
 
 constexpr std::size_t block_bytes = 64 * 1024;
 
 ustring in_memory(const xhtml_doc& doc) {
-  Xport::ustring_stream stream;
+  ustring_stream stream;
   xhtml_writer writer(stream);
   EXPECT_TRUE(doc.write(writer));
   return stream.str();
@@ -110,7 +101,7 @@ TEST(WriterFile, LaterFailuresAreTrueAndTheFileIsClosedOnce) {
 TEST(WriterFile, AWriterMayOwnTheStreamOfAFile) {
   file_record record;
   {
-    auto* const stream = new Xport::file_output_stream;
+    auto* const stream = new file_output_stream;
     stream->open(std::make_unique<fake_file>(record));
     xhtml_writer writer(*stream);
     writer.stream_mode = 0;
@@ -123,23 +114,23 @@ TEST(WriterFile, AWriterMayOwnTheStreamOfAFile) {
 }
 
 TEST(WriterFile, NullCodecvtConvertsNothing) {
-  const auto* const facet = new Xport::NullCodecvt;
+  const auto* const facet = new NullCodecvt;
   const std::locale locale(std::locale::classic(), facet);
   EXPECT_TRUE(facet->always_noconv());
   EXPECT_EQ(facet->max_length(), 2);
   EXPECT_EQ(facet->encoding(), 2);
 
   std::mbstate_t state{};
-  const Xport::char16 units[] = {u'a', 0xFFFF};
-  const Xport::char16* units_next = nullptr;
+  const char16 units[] = {u'a', 0xFFFF};
+  const char16* units_next = nullptr;
   char bytes[4] = {1, 2, 3, 4};
   char* bytes_next = nullptr;
   EXPECT_EQ(facet->out(state, units, units + 2, units_next, bytes, bytes + 4, bytes_next),
             std::codecvt_base::noconv);
   EXPECT_EQ(facet->unshift(state, bytes, bytes + 4, bytes_next), std::codecvt_base::noconv);
 
-  Xport::char16 read[2];
-  Xport::char16* read_next = nullptr;
+  char16 read[2];
+  char16* read_next = nullptr;
   const char* from_next = nullptr;
   EXPECT_EQ(facet->in(state, bytes, bytes + 4, from_next, read, read + 2, read_next),
             std::codecvt_base::noconv);
@@ -150,17 +141,18 @@ TEST(WriterFile, NullCodecvtConvertsNothing) {
 }
 
 TEST(WriterFile, ALocaleWithNullCodecvtHasTheNameStar) {
-  EXPECT_EQ(Xport::with_null_codecvt(std::locale::classic()).name(), "*");
+  EXPECT_EQ(with_null_codecvt(std::locale::classic()).name(), "*");
 }
 
 TEST(WriterFile, NullCodecvtChangesNothingInMemory) {
   xhtml_doc doc(1);
   fill_body(doc, 3);
-  Xport::ustring_stream stream;
-  stream.imbue(Xport::with_null_codecvt(stream.getloc()));
+  ustring_stream stream;
+  stream.imbue(with_null_codecvt(stream.getloc()));
   xhtml_writer writer(stream);
   EXPECT_TRUE(doc.write(writer));
   EXPECT_TRUE(same_units(stream.str(), in_memory(doc)));
 }
 
 }  // namespace
+}  // namespace test

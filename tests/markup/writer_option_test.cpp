@@ -139,7 +139,7 @@ TEST(WriterOption, AnotherStreamMayBeSet) {
   EXPECT_TRUE(same_units(second.str(), u"<i></i>"));
 }
 
-// Takes units up to a limit.
+// Accepts units up to a limit.
 class short_buffer : public std::basic_streambuf<char16> {
  public:
   explicit short_buffer(std::streamsize room) : room_(room) {}

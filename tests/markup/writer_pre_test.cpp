@@ -38,7 +38,7 @@ TEST(WriterPre, BrInPreHasNoIndentationAfterIt) {
 }
 
 TEST(WriterPre, BrAtTheEndIsTheLineBreakBeforeTheEndTag) {
-  // `pre` takes the line as open only where the last child hasn't closed it.
+  // `pre` treats the line as open only where the last child hasn't closed it.
   EXPECT_TRUE(
       same_units(written(make(tag_id::pre, u"a", make(tag_id::br))), u"<pre>a<br/>\n</pre>"));
 }
@@ -91,7 +91,7 @@ TEST(WriterPre, AnInstructionInPreStandsOnALineAtTheLevelOfPre) {
                  u"<div>\n  <pre>a\n  <?x ?>\nb\n  </pre>\n</div>\n"));
 }
 
-// What belongs to the layout and what to the element are asked apart.
+// The layout and the element are asked separately.
 TEST(WriterPre, PreWithAnotherLayoutKeepsItsLineFeedsUnindented) {
   const auto out =
       write_with(make(tag_id::div, make(tag_id::pre, u"a\nb")), [](xhtml_writer& writer) {

@@ -8,7 +8,7 @@
 namespace test {
 namespace {
 
-// Elements that take much, so that trees get deep.
+// Elements that accept much, so that trees get deep.
 constexpr tag_id favourites[] = {tag_id::div,  tag_id::p,     tag_id::pre,    tag_id::span,
                                  tag_id::b,    tag_id::br,    tag_id::button, tag_id::object,
                                  tag_id::img,  tag_id::label, tag_id::script, tag_id::textarea,

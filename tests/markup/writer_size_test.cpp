@@ -5,21 +5,12 @@
 #include "tests/markup/writer_kit.h"
 #include "xport/stream/unit_output.h"
 
-// Texts against the size of the block in which the writer gathers its output.
+// Texts compared with the size of the block in which the writer gathers its output.
 
+namespace test {
 namespace {
 
-using test::add;
-using test::make;
-using test::same_units;
-using test::written;
-using Xport::attr_id;
-using Xport::char16;
-using Xport::tag_id;
-using Xport::ustring;
-using Xport::xhtml_element;
-
-constexpr std::size_t block = Xport::unit_output::block_units;
+constexpr std::size_t block = unit_output::block_units;
 
 ustring all_units() {
   ustring text;
@@ -47,7 +38,7 @@ TEST(WriterSize, TextsAroundTheSizeOfABlock) {
 TEST(WriterSize, TheLastUnitAtEveryPlaceOfTheBlocksEnd) {
   for (std::size_t size = block - 8; size <= block + 2; ++size) {
     const ustring text = ustring(size, u'a') + u"\uFFFF\uFFFF" + ustring(size, u'\uFFFF');
-    ASSERT_TRUE(same_units(written(Xport::xhtml_pcdata(text)), text)) << size;
+    ASSERT_TRUE(same_units(written(xhtml_pcdata(text)), text)) << size;
     ASSERT_TRUE(
         same_units(written(make(tag_id::b, ustring(size, u'a'), u"\uFFFF", u"\uFFFF", u"z")),
                    u"<b>" + ustring(size, u'a') + u"\uFFFF\uFFFFz</b>"))
@@ -58,9 +49,8 @@ TEST(WriterSize, TheLastUnitAtEveryPlaceOfTheBlocksEnd) {
 TEST(WriterSize, LineFeedsAndBlanksAroundTheBlocksEnd) {
   for (std::size_t size = block - 45; size <= block + 2; ++size) {
     const ustring filler(size, u'a');
-    const auto out =
-        test::write_with(make(tag_id::p, filler + u"\nb\nc"),
-                         [](Xport::xhtml_writer& writer) { writer.indent_level = 15; });
+    const auto out = write_with(make(tag_id::p, filler + u"\nb\nc"),
+                                [](xhtml_writer& writer) { writer.indent_level = 15; });
     const ustring blanks(32, u' ');
     ASSERT_TRUE(same_units(out.text, u"<p>\n" + blanks + filler + u'\n' + blanks + u"b\n" + blanks +
                                          u"c\n" + ustring(30, u' ') + u"</p>\n"))
@@ -71,8 +61,8 @@ TEST(WriterSize, LineFeedsAndBlanksAroundTheBlocksEnd) {
 TEST(WriterSize, CommentsAndInstructionsAroundTheBlocksEnd) {
   for (std::size_t size = block - 12; size <= block + 2; ++size) {
     const ustring filler(size, u'a');
-    ASSERT_TRUE(same_units(written(test::comment(filler)), u"<!-- " + filler + u" -->")) << size;
-    ASSERT_TRUE(same_units(written(test::instruction(filler)), u"<?" + filler + u" ?>\n")) << size;
+    ASSERT_TRUE(same_units(written(comment(filler)), u"<!-- " + filler + u" -->")) << size;
+    ASSERT_TRUE(same_units(written(instruction(filler)), u"<?" + filler + u" ?>\n")) << size;
   }
 }
 
@@ -82,7 +72,7 @@ TEST(WriterSize, AttributesAroundTheBlocksEnd) {
     xhtml_element b = make(tag_id::b);
     b.set_attribute(attr_id::class_, value);
     b.set_attribute(attr_id::id, u"i");
-    b.set_style(Xport::css_property_id::color, u"red");
+    b.set_style(css_property_id::color, u"red");
     ASSERT_TRUE(
         same_units(written(b), u"<b class='" + value + u"' id='i' style='color: red;'></b>"))
         << size;
@@ -99,8 +89,8 @@ TEST(WriterSize, WrappedTextThatIsLongerThanABlock) {
   }
   text += u"end";
   lines += u"end";
-  const auto out = test::write_with(
-      Xport::xhtml_pcdata(text), [](Xport::xhtml_writer& writer) { writer.max_line_length = 100; });
+  const auto out =
+      write_with(xhtml_pcdata(text), [](xhtml_writer& writer) { writer.max_line_length = 100; });
   EXPECT_TRUE(same_units(out.text, lines));
 }
 
@@ -122,7 +112,7 @@ TEST(WriterSize, ATextMayHoldTheZeroUnit) {
   EXPECT_TRUE(same_units(written(make(tag_id::b, text)), u"<b>" + text + u"</b>"));
 }
 
-// Short runs take a way of their own, by their length.
+// Short runs are copied in another way, by their length.
 TEST(WriterSize, EachShortLengthInEachPlace) {
   ustring expected;
   xhtml_element b = make(tag_id::b);
@@ -134,3 +124,4 @@ TEST(WriterSize, EachShortLengthInEachPlace) {
 }
 
 }  // namespace
+}  // namespace test

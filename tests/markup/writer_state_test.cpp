@@ -166,7 +166,7 @@ std::locale throwing_locale() {
 
 TEST(WriterState, AThrowingFacetLeavesWriterAndStreamUsable) {
   const auto write_broken = [](xhtml_writer& writer, const Xport::xhtml_markup& node) {
-    const test::global_locale global(throwing_locale());
+    const global_locale global(throwing_locale());
     EXPECT_THROW(node.write(writer), std::runtime_error);
   };
   ustring_stream stream;

@@ -4,7 +4,7 @@
 
 #include "tests/markup/writer_kit.h"
 
-// The expected columns aren't the true ones: where lines break rests on a count that
+// The expected columns aren't the true ones: lines break by a count that
 // departs from the text in known places.
 
 namespace test {

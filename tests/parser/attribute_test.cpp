@@ -32,7 +32,7 @@ std::string element_of(ustring_view tag) {
   return outline_of_one(xhtml_element(tag, *parser));
 }
 
-/// What the parser is told about a tag's text.
+/// The messages about a tag's text.
 std::string messages_about(ustring_view tag) {
   parser_on<> parser(u"");
   const xhtml_element element(tag, *parser);
@@ -241,7 +241,7 @@ TEST(TagText, OnlyWhiteSpaceAfterANameLeadsToAttributes) {
   EXPECT_EQ(element_of(ustring(u"<p\0 class='a'>", 14)), "p");
 }
 
-// Only the reader of tags ends one at the first ">".
+// Only the reader of tags ends a tag at the first ">".
 TEST(TagText, GreaterThanInsideIsAUnitLikeAnyOther) {
   EXPECT_EQ(element_of(u"<p class='a>b'>"), "p[class=\"a>b\"]");
   EXPECT_EQ(element_of(u"<p class='a'> id='b'>"), "p[class=\"a\"]");

@@ -47,7 +47,7 @@ bool is_page(const fs::path& path) {
   return extension == ".html" || extension == ".htm" || extension == ".xhtml";
 }
 
-// Adds the pages below `folder`. What can't be looked at is passed over.
+// Adds the pages below `folder`. Skips what can't be opened.
 void find_pages(const fs::path& folder, std::vector<fs::path>& pages) {
   std::error_code error;
   constexpr auto options = fs::directory_options::skip_permission_denied;
@@ -58,7 +58,7 @@ void find_pages(const fs::path& folder, std::vector<fs::path>& pages) {
   }
 }
 
-// Files from all over the list, unless all are to be read.
+// A sample of the files, unless all are to be read.
 std::vector<fs::path> choose(std::vector<fs::path> pages) {
   std::sort(pages.begin(), pages.end());
   if (takes_all() || pages.empty()) return pages;
@@ -145,7 +145,7 @@ class Corpus : public testing::Test {
   }
 
  private:
-  // What the parser makes of a page that it comes to an end with.
+  // The outline of a page that the parser reads to its end.
   static std::vector<ustring> unguarded_outline(const ustring& text,
                                                 const round_trip_options& options) {
     xhtml_doc doc(0);

@@ -16,7 +16,7 @@ namespace test {
 namespace {
 
 /// Parses `text` unit by unit longer, each of its beginnings in a `div`; the first of `expected`
-/// is what nothing makes.
+/// is the result of an empty text.
 void expect_each(ustring_view text, std::initializer_list<std::string> expected) {
   ASSERT_EQ(expected.size(), text.size() + 1);
   std::size_t length = 0;
@@ -118,7 +118,7 @@ TEST(CutOff, ByAnExceptionOfTheInput) {
   for (const ustring& text : texts)
     for (std::size_t length = 0; length <= text.size(); ++length)
       for (const bool in_pool : {false, true}) {
-        raising_buffer buffer(text.substr(0, length));
+        throwing_buffer buffer(text.substr(0, length));
         std::basic_istream<char16_t> input(&buffer);
         xhtml_parser parser(&input);
         xhtml_element body(tag_id::body, {}, {});

@@ -1,4 +1,4 @@
-// The depth of a page costs memory, and neither machine stack nor more time than its length.
+// The depth of a page costs memory, but no machine stack and no more time than its length.
 
 #include <gtest/gtest.h>
 #include <time.h>
@@ -163,7 +163,7 @@ TEST(ParserDepth, EndTagsThatCloseTwoLevelsEach) {
   });
 }
 
-// --- In proportion to the input ---
+// --- Cost in proportion to the input ---
 
 double cpu_seconds() {
   timespec now{};
@@ -176,7 +176,7 @@ struct cost {
   double seconds;
 };
 
-/// What it takes to read `text` into a new element on the heap and to destroy that.
+/// The cost of reading `text` into a new element on the heap and of destroying that.
 cost cost_of(const ustring& text) {
   const std::size_t calls = allocation_calls();
   const double start = cpu_seconds();
@@ -196,7 +196,7 @@ TEST(ParserDepth, FourTimesTheDepthCostsFourTimesAsMuch) {
     for (const auto& form : forms) {
       const ustring quarter_text = nested(form.open, form.close, levels / 4);
       const ustring text = nested(form.open, form.close, levels);
-      // Sixteen times would be the square; between four and that is room for a busy machine,
+      // Sixteen times would be quadratic; between four and sixteen is room for a busy machine,
       // which gets a second try.
       double ratio = 0;
       for (int tries = 0; tries != 2; ++tries) {

@@ -1,5 +1,5 @@
 // Parsers and receivers of derived classes: every reader is called through the virtual table,
-// and what a reader returned belongs to its caller.
+// and the caller owns what a reader returned.
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ ustring page_text() {
 
 // --- What a reader returned ---
 
-/// Looks at each node that a reader returned, and whether it has a parent.
+/// Checks each node that a reader returned, and whether it has a parent.
 class looking_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -163,7 +163,7 @@ class early_parser : public xhtml_parser {
   }
 };
 
-// The second `p` has nowhere to go, neither in the first one nor in a parent of it, and is deleted
+// The second `p` is refused by the first one and by its parents, and is deleted
 // with its text.
 TEST(ReturnedNode, LeavesNothingOverWhileItHasNoParent) {
   xhtml_doc doc(1);
@@ -205,7 +205,7 @@ TEST(ReturnedNode, MayBeReturnedLater) {
 
 // --- Calls ---
 
-/// Notes which node is filled by each call, and how deep the calls are nested.
+/// Records which node is filled by each call, and how deep the calls are nested.
 class noting_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -238,7 +238,7 @@ TEST(ParseChildren, LeftoverOfAChildIsDealtWithAsIfItHadBeenRead) {
   EXPECT_EQ(parser->calls, "0body 1p 2'a' 1p 2'b' 1div 2'c'");
 }
 
-/// Leaves the content of `b` to the text that stands there.
+/// Reads the content of `b` as one text.
 class skipping_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -258,7 +258,7 @@ TEST(ParseChildren, CanBeReplacedForInnerElements) {
 
 // --- Receivers ---
 
-/// Hands what it is offered to another element.
+/// Adds what it is offered to another element.
 struct forwarding_element : xhtml_element {
   explicit forwarding_element(xhtml_element& other)
       : xhtml_element(tag_id::div, {}, {}), target(other) {}
@@ -281,7 +281,7 @@ TEST(DerivedReceiver, ContentGoesWhereAdoptChildPutsIt) {
   }
 }
 
-/// Notes what it is asked about.
+/// Records what it is asked about.
 struct asked_element : xhtml_element {
   explicit asked_element(node_pool* content = nullptr)
       : xhtml_element(tag_id::div, {}, {}, content) {}
@@ -320,7 +320,7 @@ TEST(DerivedReceiver, NodeThatIsNoElementReadsNothing) {
   EXPECT_EQ(parser.rest(), "<p>a");
 }
 
-/// Says of itself that it is an element of any kind, and gathers what it is offered.
+/// Claims to be an element of any kind, and gathers what it is offered.
 struct gathering_node : xhtml_markup {
   tag_id tag() const override { return tag_id::div; }
   ustring tag_name() const override { return u"gathering"; }
@@ -370,7 +370,7 @@ TEST(ParserLocale, IsThatAtTheStartOfEachParse) {
   EXPECT_EQ(outline_of_children(second), "'a'");
 }
 
-// Small letters and blanks aren't what they are in the locales of the standard library.
+// Small letters and blanks differ from those in the locales of the standard library.
 TEST(ParserLocale, EveryUnitIsAskedWhereTheClassesAreAHosts) {
   xhtml_element p(tag_id::p, {}, {});
   {
@@ -455,7 +455,7 @@ TEST(CallsFromWithin, StreamOfTheMessagesReadsNodesOfItsOwn) {
   EXPECT_EQ(outline_of_children(buffer.keep), "b[class=\"x\"] i");
 }
 
-/// Goes on in another input at each instruction.
+/// Continues in another input at each instruction.
 class including_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;

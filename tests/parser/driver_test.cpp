@@ -126,7 +126,7 @@ TEST(Driver, LeftoverIsANodeOfItsOwn) {
   EXPECT_EQ(left->parent(), nullptr);
   EXPECT_EQ(left->get_attribute(attr_id::class_), u"a value of more than a few units");
 
-  // The parent takes it and reads on, as the parser does for a child.
+  // The parent accepts it and reads on, as the parser does for a child.
   const markup_iterator at = doc.body()->adopt_child(left.get());
   ASSERT_TRUE(at != doc.body()->end());
   xhtml_markup* const div = left.release();
@@ -225,7 +225,7 @@ TEST(Driver, OneParserFillsSeveralNodesInTurn) {
 
 // --- Nodes from the readers of a derived class ---
 
-/// A node of no kind that says of itself what it's told to.
+/// A node of no kind that returns a given tag and category.
 class odd_node : public xhtml_markup {
  public:
   odd_node(tag_id tag, std::uint32_t category, int& deaths)
@@ -362,7 +362,7 @@ TEST(DerivedParser, LeftoverOfTheHeapGoesUpIntoTheDocument) {
   EXPECT_TRUE(is_intact(*doc.root()));
 }
 
-/// Takes any end tag for the one that closes the open element.
+/// Accepts any end tag as the one that closes the open element.
 class lenient_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -405,7 +405,7 @@ TEST(DerivedParser, NothingReadEndsOneElement) {
   EXPECT_EQ(more.rdbuf()->sgetc(), u'e');
 }
 
-/// Counts how often the driver asks its readers.
+/// Counts how often the driver calls its readers.
 class counting_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -463,7 +463,7 @@ TEST(DerivedParser, FillsAnotherNodeInBetween) {
   std::basic_istringstream<char16> input(u"<b>a<!--x-->in<i>side</i></span>c</b>d");
   nested_parser parser(&input);
   EXPECT_EQ(parser.parse_children(&p), nullptr);
-  // What a reader gave is then filled from where it left off, as any other element.
+  // A node that a reader returned is then filled from where it left off, as any other element.
   EXPECT_EQ(outline_of_children(p), "b('a' span('in' i('side') 'c')) 'd'");
   EXPECT_TRUE(is_intact(*doc.root()));
 }

@@ -1,5 +1,5 @@
-// Memory that is refused while a page is read: nothing is lost, and what is in the document
-// hangs together.
+// Memory is refused while a page is read: nothing is lost, and what is in the document
+// is intact.
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 
 #include "tests/parser/parse_kit.h"
 #include "tests/support/allocation_failure.h"
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/tree_check.h"
 #include "tests/support/unit_bytes.h"
 #include "xport/parser/read_document.h"
@@ -126,7 +126,7 @@ TEST(InterruptedReading, IntoADocument) {
         const bool passed = parse_with_options(number, text, *doc.root(), owns_input);
         doc.reindex();
         expect_whole(doc);
-        // What there is can go on living.
+        // What was read can still be changed.
         *doc.root() << u"more";
         if (doc.body() != nullptr) doc.body()->append_copy(xhtml_element(tag_id::p, u"i", {}));
         expect_whole(doc);

@@ -1,4 +1,4 @@
-// Which newlines the parser counts, as its messages tell.
+// Which newlines the parser counts, as its messages show.
 
 #include <gtest/gtest.h>
 
@@ -60,7 +60,7 @@ TEST(LineCount, MessageAboutATagHasTheLineAfterIt) {
             message(2, "Couldn't insert <p> into <ul>.\nEnding <ul> element.\n"));
 }
 
-// It is counted on its own, and again by what reads it.
+// read_markup counts it, and so does the next reader.
 TEST(LineCount, NewlineAfterLessThanCountsTwice) {
   EXPECT_EQ(line_behind(u"a <\n b "), 3u);
   EXPECT_EQ(line_behind(u"<\n\n"), 4u);

@@ -15,7 +15,7 @@
 namespace test {
 namespace {
 
-/// Notes what has been written at each flush.
+/// Records what has been written at each flush.
 class flush_log : public std::basic_streambuf<char16> {
  public:
   ustring text;

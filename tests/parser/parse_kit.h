@@ -17,7 +17,7 @@
 
 namespace test {
 
-/// How a text is parsed, and what came of it.
+/// How a text is parsed, and what the result is.
 struct parse_case {
   bool normalize_text = false;
   std::uint32_t message_mask = 0;  ///< nonzero: messages are gathered

@@ -23,7 +23,7 @@ namespace {
 
 using text_input = std::basic_istringstream<char16>;
 
-/// A receiver with something in it, and a parser for it.
+/// A receiver with content, and a parser for it.
 class ParsePage : public ::testing::Test {
  protected:
   ParsePage() {
@@ -128,7 +128,7 @@ TEST_F(ParsePage, ReferencesOfTheOwnerComeFirst) {
   parser.normalize_text = true;
   parser.references.insert({reference_form::form_numeric, u'>', u"gt", 62});
   parse_page(parser, div);
-  // "< " is no tag, and its white space stands twice.
+  // "< " is no tag, and its white space is doubled.
   EXPECT_EQ(children(), "'a &#62; b ' '&lt;  c'");
 }
 
@@ -245,15 +245,6 @@ TEST_F(ParsePage, TwicePerParser) {
 
 // --- Who releases the streams ---
 
-class mortal_input : public text_input {
- public:
-  mortal_input(const ustring& text, int& deaths) : text_input(text), deaths_(deaths) {}
-  ~mortal_input() override { ++deaths_; }
-
- private:
-  int& deaths_;
-};
-
 TEST_F(ParsePage, OwnedInput) {
   int deaths = 0;
   {
@@ -294,12 +285,12 @@ TEST_F(ParsePage, ForeignInputOfTheOtherByteOrderStays) {
   EXPECT_EQ(children(), "p('a')");
 }
 
-// --- What passes through ---
+// --- Exceptions ---
 
 /// A stream buffer that can go back to the start and throws at the end.
-class breaking_buffer : public raising_buffer {
+class breaking_buffer : public throwing_buffer {
  public:
-  explicit breaking_buffer(ustring_view text) : raising_buffer(text, text.size(), true) {}
+  explicit breaking_buffer(ustring_view text) : throwing_buffer(text, text.size(), true) {}
 };
 
 TEST_F(ParsePage, InputThatThrows) {
@@ -354,7 +345,7 @@ TEST_F(ParsePage, InputOfTheOtherByteOrderThatThrows) {
   }
 }
 
-/// Takes `count` pieces of text, and refuses what follows.
+/// Accepts `count` pieces of text and refuses the following ones.
 class refusing_buffer : public std::basic_streambuf<char16> {
  public:
   explicit refusing_buffer(int count) : left_(count) {}
@@ -372,9 +363,9 @@ class refusing_buffer : public std::basic_streambuf<char16> {
 TEST_F(ParsePage, MessageStreamThatThrows) {
   const ustring text =
       u"\uFFFE" + swapped(u"<p>a<p>b<i><li>c</foo><pre>d</pre></i><bar>e</p></body><");
-  bool raised = true;
+  bool threw = true;
   int count = 0;
-  for (; raised; ++count) {
+  for (; threw; ++count) {
     xhtml_doc doc(0);
     refusing_buffer buffer(count);
     std::basic_ostream<char16> stream(&buffer);
@@ -383,11 +374,11 @@ TEST_F(ParsePage, MessageStreamThatThrows) {
     xhtml_parser parser(&input);
     parser.messages = &stream;
     parser.message_mask = 15;
-    raised = false;
+    threw = false;
     try {
       parse_page(parser, *doc.root());
     } catch (const std::ios_base::failure&) {
-      raised = true;
+      threw = true;
     }
     EXPECT_EQ(parser.input, &input);
     EXPECT_TRUE(is_intact(*doc.root()));

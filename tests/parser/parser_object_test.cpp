@@ -1,4 +1,4 @@
-// The parser as an object: what a new one holds, what it owns, and how it takes the next
+// The parser as an object: what a new one holds, what it owns, and how it reads the next
 // node of an input.
 
 #include <gtest/gtest.h>
@@ -22,16 +22,6 @@ namespace {
 
 using text_input = std::basic_istringstream<char16>;
 using owned_node = std::unique_ptr<xhtml_markup>;
-
-/// An input that tells when it is destroyed.
-class mortal_input : public text_input {
- public:
-  mortal_input(const ustring& text, int& deaths) : text_input(text), deaths_(deaths) {}
-  ~mortal_input() override { ++deaths_; }
-
- private:
-  int& deaths_;
-};
 
 TEST(NewParser, HasItsValues) {
   text_input input(u"<p>");
@@ -187,7 +177,7 @@ TEST(ReadNext, EverythingIsTextInPre) {
   EXPECT_EQ(input.rdbuf()->sgetc(), u'y');
 }
 
-/// What read_markup makes of a text in a div, and what it leaves of it.
+/// What read_markup reads from a text in a div, and what it leaves of the text.
 struct markup {
   explicit markup(const char16_t* text) : input(text), parser(&input) {
     parser.messages = &messages;

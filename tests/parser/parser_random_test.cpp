@@ -1,4 +1,4 @@
-// The parser against the plain one, on every short text of a few signs and on random ones.
+// The parser compared with the plain one, on every short text of a few signs and on random ones.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ parse_case case_in(std::vector<tag_id> path) {
   return how;
 }
 
-/// Whether both parsers agree on `text`; tells what differs if not.
+/// Whether both parsers agree on `text`; the message says what differs.
 testing::AssertionResult agree(const ustring& text, const parse_case& how) {
   const parse_result result = parse(text, how);
   const parse_result expected = parse_plainly(text, how);

@@ -259,7 +259,7 @@ class plain_parser {
         take(text);
         continue;
       }
-      // At the end the dash that was looked at last is looked at again.
+      // At the end the dash that was read last is read again.
       advance();
       if (!at_end() && !is_next(u'-')) {
         text += u'-';

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "tests/parser/parse_kit.h"
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/tree_check.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/file_input_stream.h"
@@ -21,7 +21,7 @@ const ustring page_text =
     u"  <body>\n    <p>\n      a \u6F22\n    </p>\n  </body>\n</html>\n";
 const std::string page_outline = "!! html(head(title('T')) body(p('a \\u6F22')))";
 
-/// What read_document makes of a file.
+/// Reads files with read_document.
 class ReadDocument : public ::testing::Test {
  protected:
   std::string read(const std::string& bytes) {
@@ -71,7 +71,7 @@ TEST_F(ReadDocument, SingleByteTextIsReadInPairs) {
 }
 
 TEST_F(ReadDocument, Utf8IsReadInPairs) {
-  // The mark has three bytes: the first two go as one unit, the third one is half of
+  // The mark has three bytes: the first two are read as one unit, the third one is half of
   // the next.
   EXPECT_EQ(read("\xEF\xBB\xBF<p>"), "'\\u3CBF\\u3E70'");
 }
@@ -197,7 +197,7 @@ TEST_F(ReadDocument, FileThatThrowsLeavesNothingThatDangles) {
   }
 }
 
-// --- Pages with more of the known elements than a page may have ---
+// --- Pages with more well-known elements than a page may have ---
 
 class ReindexedPage : public ReadDocument {};
 

@@ -1,4 +1,4 @@
-// Readers that a derived class puts in the place of the parser's own.
+// Readers with which a derived class replaces the parser's own.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@
 namespace test {
 namespace {
 
-/// Notes which readers are called, and leaves the work to the base class.
+/// Records which readers are called, and leaves the work to the base class.
 class noting_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;
@@ -166,7 +166,7 @@ TEST(ReplacedReaders, NullEndsTheElementThatIsOpen) {
   EXPECT_EQ(outline_of_children(div), "'a' p('b') '--c'");
 }
 
-/// Takes any end tag for the one that is due.
+/// Accepts any end tag as the one that is due.
 class lenient_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;

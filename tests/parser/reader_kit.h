@@ -12,7 +12,7 @@
 
 namespace test {
 
-/// A parser with its input and its messages, of all levels, whose readers are called one by
+/// A parser with its input and its messages of all levels. Its readers are called one by
 /// one, outside parse_children.
 template <class Parser = xhtml_parser>
 class parser_on {
@@ -28,7 +28,7 @@ class parser_on {
 
   std::string messages() const { return printable(messages_.str()); }
 
-  /// What is left of the input; takes it.
+  /// Consumes and returns the rest of the input.
   std::string rest() {
     ustring units;
     unit_input input(&buffer_);

@@ -1,5 +1,5 @@
-// Every recovery under every choice of levels: the tree is the same, and of the messages
-// come those whose level is asked for.
+// Every recovery with every set of levels: the tree is the same, and only the messages
+// of the requested levels are written.
 
 #include <gtest/gtest.h>
 
@@ -167,7 +167,7 @@ const recovery recoveries[] = {
     {"EndOfTheInputBehindTheSign", in_p, u"a<", "'a'", {{structure, "Invalid end of document."}}},
     {"EndOfTheInputInAComment", in_p, u"a<!-", "'a'", {{structure, "Invalid end of document."}}},
     {"EndOfTheInputInAnEndTag", in_p, u"<b>a</b", "b('a')", {element("b")}},
-    // A leftover is handled anew at each level that it comes to.
+    // A leftover is handled again at each level that it reaches.
     {"LeftoverThatEndsTwoElements",
      in_body,
      u"<dl><dd>a<dt>b</dl>",
@@ -180,7 +180,7 @@ const recovery recoveries[] = {
       end_tag("</dl>"),
       {end_tags, "Expecting end tag </dt>.  Encountered </dl>\nEnding <27> element.\n"},
       end_tag("</dl>")}},
-    // The i is refused by the tr, and the table takes none either.
+    // The tr refuses the i, and so does the table.
     {"RecoveriesOneBehindTheOther",
      in_body,
      u"<table><tr><i>x<td>y</i></tr></table>",

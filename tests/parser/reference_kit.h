@@ -34,7 +34,7 @@ class stock_parser : public xhtml_parser {
   }
 };
 
-/// What the parser makes of `text`.
+/// `text` as the parser rewrites it.
 inline ustring normalized_by(xhtml_parser& parser, ustring_view text) {
   ustring rewritten(text);
   parser.normalize_references(rewritten);

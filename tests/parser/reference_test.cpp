@@ -8,7 +8,7 @@
 namespace test {
 namespace {
 
-/// What the stock table makes of `text`. What it makes of that must be the same again.
+/// `text` rewritten by the stock table. Rewriting the result must change nothing.
 ustring normalized(ustring_view text) {
   stock_parser parser;
   const ustring once = normalized_by(parser, text);
@@ -244,7 +244,7 @@ TEST(NormalizeReferences, WhatIsRewrittenNeedNotStayWithOtherForms) {
 
 // Locales.
 
-/// Says that the Arabic digits are digits too, and that the Latin "z" is no letter.
+/// A facet in which the Arabic digits are digits too, and the Latin "z" is no letter.
 class more_digits : public std::ctype<wchar_t> {
   bool do_is(mask classes, char_type unit) const override {
     if (unit >= 0x0660 && unit <= 0x0669) return (classes & (digit | alnum)) != 0;

@@ -57,7 +57,7 @@ TEST(StartTag, SlashBeforeWhiteSpaceBelongsToTheName) {
   EXPECT_EQ(messages_of(u"<br/ ><p/ >", 3), "");
 }
 
-// The elements that take nothing, among them two that Strict lacks, need no end tag.
+// Void elements, among them two that Strict lacks, need no end tag.
 TEST(StartTag, OnlyVoidElementsTakeTheSlash) {
   for (const ustring name : {u"area", u"base", u"basefont", u"br", u"col", u"hr", u"img", u"input",
                              u"link", u"meta", u"noframes", u"param"}) {
@@ -186,7 +186,7 @@ TEST(StartTag, AnyWhiteSpaceEndsTheName) {
 TEST(StartTag, WhiteSpaceUnitAfterUnknownNameStandsTwice) {
   EXPECT_EQ(in_div(u"<foo\tx>"), "'<foo\\u0009\\u0009x>'");
   EXPECT_EQ(in_div(u"<foo   x>"), "'<foo    x>'");
-  // A newline takes the white space around it along.
+  // The white space around a newline is dropped.
   EXPECT_EQ(in_div(u"<foo\nx>"), "'<foo x>'");
   EXPECT_EQ(in_div(u"<foo\n\n  x>"), "'<foo x>'");
   EXPECT_EQ(in_div(u"<foo \n x>"), "'<foo x>'");
@@ -196,7 +196,7 @@ TEST(StartTag, WhiteSpaceUnitAfterUnknownNameStandsTwice) {
   EXPECT_EQ(parse(u"<foo\n  x>", kept).children, "'<foo\n\nx>'");
 }
 
-// The table is asked for the name up to its first zero unit.
+// The name is looked up as far as its first zero unit.
 TEST(StartTag, NameIsCutAtAZeroUnit) {
   EXPECT_EQ(in_div(units(u"<p\0>x")), "p('x')");
   EXPECT_EQ(in_div(units(u"<p\0zzz>x")), "p('x')");
@@ -234,7 +234,7 @@ TEST(StartTag, UnitFFFFEndsTheTagAndTheInput) {
   EXPECT_EQ(messages_of(u"<\uFFFFp>", 1), message(1, "Invalid end of document."));
 }
 
-// Elements that Strict lacks have a number, so nothing is said of them, but no rules.
+// Elements that Strict lacks have a number, so no message is written, but no rules.
 TEST(StartTag, ElementsThatStrictLacksAreDroppedInSilence) {
   EXPECT_EQ(in_div(u"<font>x</font>y"), "'x' 'y'");
   EXPECT_EQ(in_div(u"<font color='red'>x"), "'x'");

@@ -1,4 +1,4 @@
-// Character data: white space, newlines and quotes, and what elements make of them.
+// Character data: white space, newlines and quotes, and how elements change them.
 
 #include <gtest/gtest.h>
 
@@ -139,7 +139,7 @@ TEST(Text, QuotedTagsAreText) {
 
 TEST(Text, EveryTextBeginsOutsideQuotes) {
   EXPECT_EQ(in_p(u"\"a\" <b>\"c\"</b>\"d\"<b>e"), "'\"a\" ' b('\"c\"') '\"d\"' b('e')");
-  // What was read before as the beginning of the text has no say.
+  // The prefix that was read before doesn't matter.
   EXPECT_EQ(in_p(u"<a\"b c>d<i>e"), "'<a\"b  c>d' i('e')");
   EXPECT_EQ(in_p(u"<x\"y\" \"z<i>\"<i>e"), "'<x\"y\"  \"z<i>\"' i('e')");
 }

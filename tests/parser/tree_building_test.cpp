@@ -1,4 +1,4 @@
-// The shape of the tree that comes out of pages, well-formed and not.
+// The shape of the tree that is read from pages, well-formed and not.
 
 #include <gtest/gtest.h>
 
@@ -157,7 +157,7 @@ TEST(TreeBuilding, CellEndsCellAndRowEndsRow) {
 }
 
 TEST(TreeBuilding, OnlyTheDirectParentIsAsked) {
-  // A row in an open cell: the row above it takes no row, the table would.
+  // A row in an open cell: the row above it accepts no row, the table would.
   EXPECT_EQ(in_body(u"<table><tr><td>1<tr><td>2</table>"), "table(tr(td('1') td('2')))");
   EXPECT_EQ(messages_of(u"<table><tr><td>1<tr><td>2</table>", 3, body_path),
             message(1, "Couldn't insert <tr> into <td>.\nSkipping <tr> tag.\n") +
@@ -188,7 +188,7 @@ TEST(TreeBuilding, ContentOfASkippedTagLandsInItsPlace) {
 }
 
 TEST(TreeBuilding, ElementsExcludedByName) {
-  // a in a: the p above takes the second one.
+  // a in a: the p above accepts the second one.
   EXPECT_EQ(in_p(u"<a>x<a>y</a>z"), "a('x') a('y') 'z'");
   EXPECT_EQ(in_body(u"<form><p>a</p><form><p>b</p></form>"), "form(p('a')) form(p('b'))");
   // The exclusion looks one level up alone.
@@ -236,7 +236,7 @@ TEST(TreeBuilding, UnknownElement) {
 }
 
 TEST(TreeBuilding, ElementsThatTheRulesLack) {
-  // They have a number, but no rules: they are dropped without a word of their own.
+  // They have a number, but no rules: they are dropped without a message of their own.
   EXPECT_EQ(in_div(u"<center>x</center><font color='red'>y</font>"), "'x' 'y'");
   EXPECT_EQ(messages_of(u"<center>x</center>", 3),
             message(1,
@@ -287,7 +287,7 @@ TEST(TreeBuilding, HtmlIsHeldToNoOrderAndNumber) {
 }
 
 TEST(TreeBuilding, HeadEndsAtNoBodyTag) {
-  // The body isn't for the head, but for the html above it.
+  // The head doesn't accept the body, the html above it does.
   EXPECT_EQ(in_root(u"<html><head><title>t<body><p>x"), "html(head(title('t' 'x')))");
   EXPECT_EQ(in_root(u"<html><head><title>t</title><body><p>x"),
             "html(head(title('t')) body(p('x')))");

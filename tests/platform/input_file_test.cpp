@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "platform/file_system.h"
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/golden.h"
 #include "tests/support/temp_folder.h"
 #include "xport/stream/file_input_stream.h"

@@ -12,20 +12,15 @@
 #include <string>
 #include <utility>
 
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/golden.h"
 #include "tests/support/locale.h"
 #include "tests/support/unit_buffers.h"
 #include "xport/stream/file_input_stream.h"
 #include "xport/stream/unit_input.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::char16;
-using Xport::detect_byte_order;
-using Xport::ustring;
-using Xport::ustring_view;
 
 using input_stream = std::basic_istream<char16>;
 using string_stream = std::basic_istringstream<char16>;
@@ -35,7 +30,7 @@ constexpr auto ended = std::ios_base::eofbit | std::ios_base::failbit;
 
 enum class source_kind { string, one_unit, unbuffered, file };
 
-// A stream on a text, in one of the ways in which buffers hand out their units.
+// A stream on a text, with one of several kinds of buffers.
 class source {
  public:
   source(source_kind kind, const ustring& text) {
@@ -44,15 +39,15 @@ class source {
         stream_ = std::make_unique<string_stream>(text);
         break;
       case source_kind::one_unit:
-        take(std::make_unique<test::one_unit_buffer>(text));
+        take(std::make_unique<one_unit_buffer>(text));
         break;
       case source_kind::unbuffered:
-        take(std::make_unique<test::unbuffered_buffer>(text));
+        take(std::make_unique<unbuffered_buffer>(text));
         break;
       case source_kind::file: {
-        record_.bytes = test::file_bytes(text);
-        auto file = std::make_unique<Xport::file_input_stream>();
-        file->open(std::make_unique<test::fake_input>(record_));
+        record_.bytes = file_bytes(text);
+        auto file = std::make_unique<file_input_stream>();
+        file->open(std::make_unique<fake_input>(record_));
         stream_ = std::move(file);
         break;
       }
@@ -62,28 +57,27 @@ class source {
   input_stream& stream() { return *stream_; }
 
  private:
-  void take(std::unique_ptr<test::unit_buffer> buffer) {
+  void take(std::unique_ptr<unit_buffer> buffer) {
     buffer_ = std::move(buffer);
     stream_ = std::make_unique<input_stream>(buffer_.get());
   }
 
-  test::input_record record_;
-  std::unique_ptr<test::unit_buffer> buffer_;
+  input_record record_;
+  std::unique_ptr<unit_buffer> buffer_;
   std::unique_ptr<input_stream> stream_;
 };
 
 ustring rest_of(input_stream& stream) {
   ustring text;
-  for (Xport::unit_input input(stream.rdbuf()); !input.at_end(); input.advance())
-    text += input.peek();
+  for (unit_input input(stream.rdbuf()); !input.at_end(); input.advance()) text += input.peek();
   return text;
 }
 
 class ByteOrder : public testing::TestWithParam<source_kind> {
  protected:
-  // What is left behind an input that stays where it is, and the state it gets.
+  // What is left of an input that stays where it is, and the state it gets.
   static void expect_rest(const ustring& text, ustring_view rest, std::ios_base::iostate state) {
-    SCOPED_TRACE(test::printable(text));
+    SCOPED_TRACE(printable(text));
     source input(GetParam(), text);
     input_stream* stream = &input.stream();
     detect_byte_order(stream, false);
@@ -92,9 +86,9 @@ class ByteOrder : public testing::TestWithParam<source_kind> {
     EXPECT_TRUE(same_units(rest_of(*stream), rest));
   }
 
-  // The text of the new stream that takes the place of a big-endian input.
+  // The text of the new stream that replaces a big-endian input.
   static void expect_swapped(const ustring& text, ustring_view swapped) {
-    SCOPED_TRACE(test::printable(text));
+    SCOPED_TRACE(printable(text));
     source input(GetParam(), text);
     input_stream* stream = &input.stream();
     detect_byte_order(stream, false);
@@ -131,7 +125,7 @@ TEST_P(ByteOrder, WithoutAMarkTheFirstUnitIsPutBack) {
   expect_rest(ustring(1, char16(0xD800)), ustring(1, char16(0xD800)), good);
 }
 
-TEST_P(ByteOrder, WhiteSpaceInFrontIsLost) {
+TEST_P(ByteOrder, LeadingWhiteSpaceIsLost) {
   expect_rest(u" \t\n\v\f\r<html>", u"<html>", good);
   expect_rest(u"\n \uFEFFa", u"a", good);
   expect_rest(u" \uBBEFa", u"a", good);
@@ -184,7 +178,7 @@ TEST_P(ByteOrder, ALittleEndianMarkOf32BitsGoes) {
   expect_rest(ustring(u"\uFEFF \0a", 4), u"a", good);
 }
 
-TEST_P(ByteOrder, WhiteSpaceBehindALittleEndianMarkIsLost) {
+TEST_P(ByteOrder, WhiteSpaceAfterALittleEndianMarkIsLost) {
   expect_rest(u"\uFEFF \t\r\n<html> ", u"<html> ", good);
 }
 
@@ -201,7 +195,7 @@ TEST_P(ByteOrder, ABigEndianInputIsSwapped) {
   expect_swapped(u" \n\uFFFE\u6100", u"a");
 }
 
-TEST_P(ByteOrder, WhiteSpaceBehindABigEndianMarkIsKept) {
+TEST_P(ByteOrder, WhiteSpaceAfterABigEndianMarkIsKept) {
   expect_swapped(u"\uFFFE\u2000\u0A00\u6100\u2000", u" \na ");
   expect_swapped(u"\uFFFE a", u"\u2000\u6100");
 }
@@ -260,11 +254,11 @@ TEST_P(ByteOrder, AStreamThatSkipsNoWhiteSpaceKeepsIt) {
   }
 }
 
-// Where the locale of the stream and the global one differ, only the former counts. The
-// stream that takes the place of a big-endian one has the global locale.
+// Where the locale of the stream and the global one differ, only the former is used. The
+// stream that replaces a big-endian one has the global locale.
 class ByteOrderLocale : public ByteOrder {
  protected:
-  static std::locale x_is_space() { return test::locale_with(L'x', std::ctype_base::space); }
+  static std::locale x_is_space() { return locale_with(L'x', std::ctype_base::space); }
 
   // What is left of an input whose stream has `locale`.
   static ustring rest_in(const std::locale& locale, const ustring& text) {
@@ -298,7 +292,7 @@ TEST_P(ByteOrderLocale, WhiteSpaceOfTheStreamIsSkipped) {
 }
 
 TEST_P(ByteOrderLocale, WhiteSpaceOfTheGlobalLocaleIsNot) {
-  const test::global_locale global(x_is_space());
+  const global_locale global(x_is_space());
   const std::locale& locale = std::locale::classic();
   EXPECT_TRUE(same_units(rest_in(locale, u" xx a"), u"xx a"));
   EXPECT_TRUE(same_units(rest_in(locale, u" \uFEFF xxa"), u"xxa"));
@@ -308,9 +302,9 @@ TEST_P(ByteOrderLocale, WhiteSpaceOfTheGlobalLocaleIsNot) {
 }
 
 TEST(ByteOrderRead, AStreamHasTheLocaleThatIsGlobalWhenItIsMade) {
-  const test::global_locale global(test::locale_with(L'\u3000', std::ctype_base::space));
+  const global_locale global(locale_with(L'\u3000', std::ctype_base::space));
   string_stream input(u"\u3000\u3000\uFEFF\u3000a");
-  const test::global_locale later(std::locale::classic());
+  const global_locale later(std::locale::classic());
   input_stream* stream = &input;
   detect_byte_order(stream, false);
   EXPECT_TRUE(same_units(rest_of(input), u"a"));
@@ -333,19 +327,18 @@ TEST(ByteOrderRead, StartsWhereTheStreamStands) {
 
 TEST(ByteOrderRead, ABigEndianFileReadsLikeALittleEndianOne) {
   ustring text = u"<p>";
-  for (unsigned i = 0; i < 3 * Xport::file_input_buffer::block_units; ++i)
+  for (unsigned i = 0; i < 3 * file_input_buffer::block_units; ++i)
     text += static_cast<char16>(0x20 + i % 0xD000);
   std::string big_endian = "\xFE\xFF";
   for (const unsigned unit : text) {
     big_endian += static_cast<char>(unit >> 8);
     big_endian += static_cast<char>(unit & 0xFF);
   }
-  for (const std::string& bytes :
-       {big_endian, big_endian + '<', test::file_bytes(u"\uFEFF" + text)}) {
-    test::input_record record;
+  for (const std::string& bytes : {big_endian, big_endian + '<', file_bytes(u"\uFEFF" + text)}) {
+    input_record record;
     record.bytes = bytes;
-    auto file = std::make_unique<Xport::file_input_stream>();
-    file->open(std::make_unique<test::fake_input>(record));
+    auto file = std::make_unique<file_input_stream>();
+    file->open(std::make_unique<fake_input>(record));
     input_stream* stream = file.release();
     detect_byte_order(stream, true);
     const std::unique_ptr<input_stream> owned(stream);
@@ -354,17 +347,17 @@ TEST(ByteOrderRead, ABigEndianFileReadsLikeALittleEndianOne) {
 }
 
 TEST(ByteOrderRead, PlainTextIsReadAsPairsOfBytes) {
-  test::input_record record;
+  input_record record;
   record.bytes = "\xEF\xBB\xBF<p>";
-  Xport::file_input_stream file;
-  file.open(std::make_unique<test::fake_input>(record));
+  file_input_stream file;
+  file.open(std::make_unique<fake_input>(record));
   input_stream* stream = &file;
   detect_byte_order(stream, false);
   ASSERT_EQ(stream, &file);
   EXPECT_TRUE(same_units(rest_of(file), u"\u3CBF\u3E70"));
 }
 
-// Counts its deaths.
+// Counts its destructions.
 class mortal_stream : public string_stream {
  public:
   mortal_stream(const ustring& text, int& deaths) : string_stream(text), deaths_(deaths) {}
@@ -418,7 +411,7 @@ TEST(ByteOrderOwner, TheNewStreamCanGoBack) {
 
 // As formatted extraction does it.
 TEST(ByteOrderTie, ATiedStreamIsFlushedFirst) {
-  class flushed_buffer : public std::basic_streambuf<Xport::char16> {
+  class flushed_buffer : public std::basic_streambuf<char16> {
    public:
     int flushes = 0;
 
@@ -428,7 +421,7 @@ TEST(ByteOrderTie, ATiedStreamIsFlushedFirst) {
       return 0;
     }
   } buffer;
-  std::basic_ostream<Xport::char16> tied(&buffer);
+  std::basic_ostream<char16> tied(&buffer);
   string_stream input(u"\uFEFFa");
   input.tie(&tied);
   input_stream* stream = &input;
@@ -436,7 +429,7 @@ TEST(ByteOrderTie, ATiedStreamIsFlushedFirst) {
   EXPECT_EQ(buffer.flushes, 2) << "for each unit of the mark";
 }
 
-TEST(ByteOrderExceptions, AStreamMayRaiseAtItsEnd) {
+TEST(ByteOrderExceptions, AStreamMayThrowAtItsEnd) {
   string_stream input(u" ");
   input.exceptions(std::ios_base::eofbit);
   input_stream* stream = &input;
@@ -446,9 +439,9 @@ TEST(ByteOrderExceptions, AStreamMayRaiseAtItsEnd) {
 }
 
 // As formatted extraction does it.
-TEST(ByteOrderExceptions, AnInputThatRaisesAtTheMarkIsBad) {
+TEST(ByteOrderExceptions, AnInputThatThrowsAtTheMarkIsBad) {
   for (const ustring text : {u"", u" ", u"\uFEFF", u"\uFEFF "}) {
-    test::raising_buffer buffer(text);
+    throwing_buffer buffer(text);
     input_stream input(&buffer);
     input_stream* stream = &input;
     EXPECT_NO_THROW(detect_byte_order(stream, false));
@@ -457,25 +450,26 @@ TEST(ByteOrderExceptions, AnInputThatRaisesAtTheMarkIsBad) {
   }
 }
 
-TEST(ByteOrderExceptions, WhatTheInputRaisesPassesWhereTheStreamSaysSo) {
-  test::raising_buffer buffer(u" ");
+TEST(ByteOrderExceptions, WhatTheInputThrowsPassesWhereTheStreamSaysSo) {
+  throwing_buffer buffer(u" ");
   input_stream input(&buffer);
   input.exceptions(std::ios_base::badbit);
   input_stream* stream = &input;
-  EXPECT_THROW(detect_byte_order(stream, false), test::input_broke);
+  EXPECT_THROW(detect_byte_order(stream, false), input_broke);
   EXPECT_EQ(stream, &input);
   EXPECT_EQ(input.rdstate(), std::ios_base::badbit);
 }
 
-TEST(ByteOrderExceptions, WhatABigEndianInputRaisesPasses) {
+TEST(ByteOrderExceptions, WhatABigEndianInputThrowsPasses) {
   for (const bool owns : {false, true}) {
-    test::raising_buffer buffer(u"\uFFFE\u6100");
+    throwing_buffer buffer(u"\uFFFE\u6100");
     auto input = std::make_unique<input_stream>(&buffer);
     input_stream* stream = input.get();
-    EXPECT_THROW(detect_byte_order(stream, owns), test::input_broke);
+    EXPECT_THROW(detect_byte_order(stream, owns), input_broke);
     EXPECT_EQ(stream, input.get());
     EXPECT_TRUE(input->good());
   }
 }
 
 }  // namespace
+}  // namespace test

@@ -10,22 +10,13 @@
 #include <utility>
 #include <vector>
 
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/golden.h"
 #include "xport/stream/unit_input.h"
 
+namespace test {
 namespace {
 
-using test::fake_input;
-using test::file_bytes;
-using test::input_record;
-using test::same_units;
-using Xport::char16;
-using Xport::file_input_buffer;
-using Xport::file_input_stream;
-using Xport::unit_input;
-using Xport::ustring;
-using Xport::ustring_view;
 using traits = file_input_buffer::traits_type;
 
 constexpr std::size_t block = file_input_buffer::block_units;
@@ -57,7 +48,7 @@ ustring by_single_units(file_input_buffer& buffer) {
   return text;
 }
 
-// Units by which their place can be told.
+// Units that show their position.
 ustring counted(std::size_t count) {
   ustring text;
   for (std::size_t i = 0; i < count; ++i) text += static_cast<char16>(1 + i % 60000);
@@ -113,7 +104,7 @@ TEST(FileInputBuffer, NothingIsReadBeforeTheFirstLook) {
   EXPECT_EQ(record.deaths, 1);
 }
 
-TEST(FileInputBuffer, NothingIsReadBehindTheEnd) {
+TEST(FileInputBuffer, NothingIsReadAfterTheEnd) {
   for (const std::size_t size : {std::size_t{0}, std::size_t{3}, block}) {
     opened file(counted(size));
     EXPECT_EQ(all_units(file.buffer).size(), size);
@@ -273,7 +264,7 @@ TEST(FileInputStream, AFileThatCouldNotBeOpened) {
 
 TEST(FileInputStream, ReadsTheFile) {
   input_record record;
-  record.bytes = test::file_bytes(u"a b\n");
+  record.bytes = file_bytes(u"a b\n");
   file_input_stream stream;
   stream.open(std::make_unique<fake_input>(record));
   ASSERT_TRUE(stream.good());
@@ -286,7 +277,7 @@ TEST(FileInputStream, ReadsTheFile) {
 
 TEST(FileInputStream, GoesBackToTheBeginningAndNowhereElse) {
   input_record record;
-  record.bytes = test::file_bytes(u"abc");
+  record.bytes = file_bytes(u"abc");
   file_input_stream stream;
   stream.open(std::make_unique<fake_input>(record));
   EXPECT_TRUE(same_units(next_units(stream, 2), u"ab"));
@@ -313,9 +304,9 @@ TEST(FileInputStream, ClosesTheFileWithItself) {
 
 TEST(FileInputStream, OpeningAnotherFileClosesTheFirst) {
   input_record first;
-  first.bytes = test::file_bytes(u"1");
+  first.bytes = file_bytes(u"1");
   input_record second;
-  second.bytes = test::file_bytes(u"2");
+  second.bytes = file_bytes(u"2");
   file_input_stream stream;
   stream.open(std::make_unique<fake_input>(first));
   EXPECT_TRUE(same_units(next_units(stream, 2), u"1"));
@@ -328,7 +319,7 @@ TEST(FileInputStream, OpeningAnotherFileClosesTheFirst) {
 
 TEST(FileInputStream, AFailedOpeningLeavesTheFileThatIsOpen) {
   input_record record;
-  record.bytes = test::file_bytes(u"1");
+  record.bytes = file_bytes(u"1");
   file_input_stream stream;
   stream.open(std::make_unique<fake_input>(record));
   stream.open(nullptr);
@@ -347,3 +338,4 @@ TEST(FileInputStream, IsDeletedThroughItsBase) {
 }
 
 }  // namespace
+}  // namespace test

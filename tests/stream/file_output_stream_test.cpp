@@ -10,19 +10,12 @@
 #include "tests/support/fake_file.h"
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::fake_file;
-using test::file_record;
-using test::same_units;
-using Xport::char16;
-using Xport::file_output_buffer;
-using Xport::file_output_stream;
-using Xport::ustring;
 
 constexpr std::size_t block = file_output_buffer::block_units;
 
-std::streamsize put(file_output_buffer& buffer, Xport::ustring_view units) {
+std::streamsize put(file_output_buffer& buffer, ustring_view units) {
   return buffer.sputn(units.data(), static_cast<std::streamsize>(units.size()));
 }
 
@@ -247,3 +240,4 @@ TEST(FileOutputStream, OpeningAnotherFileClosesTheFirst) {
 }
 
 }  // namespace
+}  // namespace test

@@ -7,22 +7,13 @@
 #include <memory>
 #include <sstream>
 
-#include "tests/support/fake_input.h"
+#include "tests/support/fake_file.h"
 #include "tests/support/golden.h"
 #include "tests/support/unit_buffers.h"
 #include "xport/stream/file_input_stream.h"
 
+namespace test {
 namespace {
-
-using test::one_unit_buffer;
-using test::same_units;
-using test::unbuffered_buffer;
-using Xport::char16;
-using Xport::end_unit;
-using Xport::take_rest;
-using Xport::unit_input;
-using Xport::ustring;
-using Xport::ustring_view;
 
 using string_buffer = std::basic_stringbuf<char16>;
 
@@ -182,11 +173,11 @@ TEST(UnitInputOf, AStringShowsAllThatIsLeft) {
 }
 
 TEST(UnitInputOf, AFileShowsItsBlocks) {
-  constexpr std::size_t block = Xport::file_input_buffer::block_units;
-  test::input_record record;
+  constexpr std::size_t block = file_input_buffer::block_units;
+  input_record record;
   const ustring text = ustring(block, u'a') + ustring(block, u'b') + u"c";
-  record.bytes = test::file_bytes(text);
-  Xport::file_input_buffer buffer(std::make_unique<test::fake_input>(record));
+  record.bytes = file_bytes(text);
+  file_input_buffer buffer(std::make_unique<fake_input>(record));
   unit_input input(&buffer);
   EXPECT_TRUE(record.reads.empty()) << "nothing is read before the first look";
   EXPECT_TRUE(same_units(input.window(), ustring(block, u'a')));
@@ -201,14 +192,15 @@ TEST(UnitInputOf, AFileShowsItsBlocks) {
   EXPECT_TRUE(input.at_end());
 }
 
-TEST(UnitInputOf, ABufferThatRaisesLetsItPass) {
-  test::raising_buffer buffer(u"a");
+TEST(UnitInputOf, ABufferThatThrowsLetsItPass) {
+  throwing_buffer buffer(u"a");
   unit_input input(&buffer);
   EXPECT_TRUE(same_units(input.window(), u"a"));
   input.advance();
-  EXPECT_THROW(input.peek(), test::input_broke);
-  EXPECT_THROW(input.at_end(), test::input_broke);
-  EXPECT_THROW(input.window(), test::input_broke);
+  EXPECT_THROW(input.peek(), input_broke);
+  EXPECT_THROW(input.at_end(), input_broke);
+  EXPECT_THROW(input.window(), input_broke);
 }
 
 }  // namespace
+}  // namespace test

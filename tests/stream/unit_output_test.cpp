@@ -14,13 +14,8 @@
 #include "tests/support/golden.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::char16;
-using Xport::unit_output;
-using Xport::ustring;
-using Xport::ustring_stream;
 
 constexpr std::size_t block = unit_output::block_units;
 
@@ -30,7 +25,7 @@ TEST(UnitOutput, PutsNothingOnTheStreamBeforeTheCommit) {
   unit_output output(target);
   output.put(u'a');
   output.put(u"bc");
-  output.put(Xport::ustring_view(u"d"));
+  output.put(ustring_view(u"d"));
   output.put_blanks(2);
   EXPECT_EQ(stream.str().size(), 0u);
   output.commit();
@@ -292,3 +287,4 @@ TEST(UnitOutput, AUnitBufferedStreamIsFlushedByTheCommit) {
 }
 
 }  // namespace
+}  // namespace test

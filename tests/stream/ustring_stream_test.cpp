@@ -4,11 +4,8 @@
 
 #include "tests/support/golden.h"
 
+namespace test {
 namespace {
-
-using test::same_units;
-using Xport::ustring;
-using Xport::ustring_stream;
 
 TEST(UstringStream, StartsGoodAndEmpty) {
   const ustring_stream stream;
@@ -47,3 +44,4 @@ TEST(UstringStream, AFailedStreamTakesNothing) {
 }
 
 }  // namespace
+}  // namespace test

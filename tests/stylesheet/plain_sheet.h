@@ -7,7 +7,7 @@
 namespace test {
 
 /// What read_listing (sheet_text.h) must return for `text`, which begins with no byte-order
-/// mark: the rules of reading written down a second time, unit by unit and by position,
+/// mark: the rules of reading, unit by unit and by position,
 /// for the white space of the classic locale.
 ustring plain_listing(ustring_view text);
 

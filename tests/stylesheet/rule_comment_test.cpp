@@ -93,7 +93,7 @@ TEST(RuleComment, ManyMarksAreLinearInTheTemplate) {
   EXPECT_TRUE(same_units(comment_of(rule_comment, u"a"), u"/*" + expected + u"*/\n"));
 }
 
-// A selector that holds the mark would be replaced without end.
+// Replacing in a selector that holds the mark would never end.
 TEST(RuleComment, WhatNeverEndsIsReplacedInOnePass) {
   EXPECT_TRUE(same_units(comment_of(u"<s>", u"<s>"), u"/*<s>*/\n"));
   EXPECT_TRUE(same_units(comment_of(u"a<s>b<s>", u"x<s>y"), u"/*ax<s>ybx<s>y*/\n"));

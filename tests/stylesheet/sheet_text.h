@@ -51,7 +51,7 @@ inline ustring listing(const xhtml_stylesheet& sheet) {
   return text;
 }
 
-/// A stream that owns its buffer.
+/// A stream that owns a counting_end_buffer.
 class counting_end_stream : public std::basic_istream<char16> {
  public:
   explicit counting_end_stream(ustring_view text, std::size_t limit = 100,

@@ -17,25 +17,13 @@ namespace {
 using input = std::basic_istream<char16>;
 using text_input = std::basic_istringstream<char16>;
 
-/// A text stream that reports its destruction.
-class watched_input : public text_input {
- public:
-  watched_input(const ustring& text, bool& alive) : text_input(text), alive_(alive) {
-    alive_ = true;
-  }
-  ~watched_input() override { alive_ = false; }
-
- private:
-  bool& alive_;
-};
-
 /// Reads the units of a text one at a time and then throws input_broke.
 class breaking_input : public input {
  public:
   explicit breaking_input(ustring_view text) : input(nullptr), buffer_(text, 1) { rdbuf(&buffer_); }
 
  private:
-  raising_buffer buffer_;
+  throwing_buffer buffer_;
 };
 
 /// A stream whose end-of-file flag is set where its buffer comes to the end of the text.
@@ -148,10 +136,10 @@ TEST(StylesheetParse, TheEndOfFileFlagEndsTheRuleInWhichItIsSet) {
 
 TEST(StylesheetParse, ReleasesTheStream) {
   for (const char16_t* text : {u"", u"a{color:red;}", u"\uFEFF a{}"}) {
-    bool alive = false;
+    int deaths = 0;
     xhtml_stylesheet sheet;
-    sheet.parse(std::make_unique<watched_input>(text, alive));
-    EXPECT_FALSE(alive);
+    sheet.parse(std::make_unique<mortal_input>(text, deaths));
+    EXPECT_EQ(deaths, 1);
   }
 }
 
@@ -159,10 +147,10 @@ TEST(StylesheetParse, ReleasesAStreamOfTheOtherByteOrderAndTheOneMadeOfIt) {
   const ustring text = swapped(u"\uFEFFa{color:red;}");
   const std::size_t before = live_allocations();
   {
-    bool alive = false;
+    int deaths = 0;
     xhtml_stylesheet sheet;
-    sheet.parse(std::make_unique<watched_input>(text, alive));
-    EXPECT_FALSE(alive);
+    sheet.parse(std::make_unique<mortal_input>(text, deaths));
+    EXPECT_EQ(deaths, 1);
     EXPECT_TRUE(same_units(listing(sheet), u"[a] color=[red]\n"));
   }
   EXPECT_EQ(live_allocations(), before);
@@ -219,7 +207,7 @@ TEST(StylesheetParse, OneMarkIsRemovedAndTheNextBelongsToTheText) {
   EXPECT_TRUE(same_units(parsed(swapped(u"\uFEFF\uFEFFa{}")), u"[\uFEFFa]\n"));
 }
 
-// Locales: only that of the stream from which units are taken counts. The stream that
+// Locales: only that of the stream from which units are read counts. The stream that
 // replaces a big-endian one, and the one on a copy, have the global locale.
 
 /// The listing of what is read from a stream on `text` that has `locale`.

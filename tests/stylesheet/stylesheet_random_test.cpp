@@ -64,7 +64,7 @@ ustring written(const xhtml_stylesheet& sheet) {
   return stream.str();
 }
 
-/// The listing of what is read from what is written of `sheet`.
+/// The listing of `sheet` after it was written and read back.
 ustring round_trip(const xhtml_stylesheet& sheet) { return read_listing(written(sheet)); }
 
 constexpr ustring_view within_selectors[] = {u"a", u".", u"#", u",", u" ",  u":hover", u"}",

@@ -21,7 +21,7 @@ struct file_record {
   bool fail_close = false;
 
   /// The bytes as code units, least significant byte first.
-  ustring units() const { return units_of(bytes); }
+  ustring units() const { return file_units(bytes); }
 };
 
 /// A file in memory that can be told to fail.
@@ -44,6 +44,44 @@ class fake_file : public byte_output {
 
  private:
   file_record& record_;
+};
+
+/// What a fake_input reads, what it was asked for, and what it is to refuse. Must outlive
+/// the file.
+struct input_record {
+  std::string bytes;
+  std::vector<std::size_t> reads;  ///< the size that each read asked for
+  int rewinds = 0;                 ///< failed ones too
+  int deaths = 0;
+  std::size_t failing_read = 0;  ///< the number of the read that fails, from 1; 0: none
+  bool fail_rewind = false;
+};
+
+/// A file in memory that is read and can be told to fail. A failing read returns nothing; the
+/// next one returns what it should have returned.
+class fake_input : public byte_input {
+ public:
+  explicit fake_input(input_record& record) : record_(record) {}
+  ~fake_input() override { ++record_.deaths; }
+
+  std::size_t read(void* bytes, std::size_t size) override {
+    record_.reads.push_back(size);
+    if (record_.reads.size() == record_.failing_read) return 0;
+    const std::size_t count = record_.bytes.copy(static_cast<char*>(bytes), size, at_);
+    at_ += count;
+    return count;
+  }
+
+  bool rewind() override {
+    ++record_.rewinds;
+    if (record_.fail_rewind) return false;
+    at_ = 0;
+    return true;
+  }
+
+ private:
+  input_record& record_;
+  std::size_t at_ = 0;
 };
 
 }  // namespace test

@@ -18,13 +18,13 @@
 
 namespace test {
 
-/// What a report asks of a file system.
+/// The calls that a report makes to a file system.
 enum class file_call { exists, create, open, write, close, open_for_reading, read, rewind };
 
-/// Files and folders in memory. Notes every call with the path as it was given,
-/// and can fail any of them. Paths lead through folders that have to be there;
-/// the folder of a path without a separator, and of one that starts with a lone
-/// separator, is always there. Repeated separators count as one.
+/// Files and folders in memory. Records every call with the path as it was given,
+/// and can fail any of them. The folders of a path must exist;
+/// that of a path without a separator, and of one that starts with a lone
+/// separator, always exists. Repeated separators count as one.
 class memory_files : public platform::file_system {
  public:
   struct call {
@@ -90,7 +90,7 @@ class memory_files : public platform::file_system {
   }
 
   /// The file's bytes as code units, least significant byte first.
-  ustring units(const ustring& path) const { return units_of(contents.at(plain(path))); }
+  ustring units(const ustring& path) const { return file_units(contents.at(plain(path))); }
 
   std::vector<call> calls;
   std::map<ustring, std::string> contents;  ///< by path, with single separators
@@ -135,7 +135,7 @@ class memory_files : public platform::file_system {
     bool closed_ = false;
   };
 
-  // Sees what is written to the file meanwhile.
+  // Reads what is written to the file meanwhile, too.
   class input final : public byte_input {
    public:
     input(memory_files& files, const ustring& path) : files_(files), path_(path) {}
@@ -162,7 +162,7 @@ class memory_files : public platform::file_system {
 
   std::size_t& failing_at(file_call what) { return failing_[static_cast<std::size_t>(what)]; }
 
-  // Whether the call is one that has to fail.
+  // Records a call and returns whether it must fail.
   bool note(file_call what, const ustring& path) {
     calls.push_back({what, path});
     if (always_.count(what) != 0) return true;
@@ -184,7 +184,7 @@ class memory_files : public platform::file_system {
   std::set<file_call> always_;
 };
 
-/// Notes the URLs and opens nothing.
+/// Records the URLs and opens nothing.
 class recording_opener : public platform::url_opener {
  public:
   void open(const ustring& url) override { urls.push_back(url); }

@@ -10,7 +10,7 @@
 
 namespace test {
 
-/// How a tree is written and read again.
+/// How a tree is written and read back.
 struct round_trip_options {
   bool normalize_text = false;        ///< of the parser
   bool preserve_newlines = false;     ///< of the parser
@@ -20,8 +20,8 @@ struct round_trip_options {
   std::int32_t indent_step = 2;       ///< of the writer
 };
 
-/// The rule of the writer or the reader by which the tree that was read into `root` needn't
-/// come out of its own page again; null if there is none and it must.
+/// The rule of the writer or the reader by which the tree that was read into `root` may
+/// differ from the tree of its own page; null if it must be the same.
 const char* round_trip_exemption(const xhtml_element& root, const round_trip_options& options);
 
 /// Writes the tree below `root`, a document's root that a page was read into, reads what was

@@ -1,2 +1,2 @@
-// The program is never run: it is there for the headers that are compiled with it.
+// The program is never run: it only serves to compile the headers.
 int main() {}

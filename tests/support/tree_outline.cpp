@@ -78,7 +78,7 @@ ustring start_line(const xhtml_element& element, const outline_form& form) {
   return line;
 }
 
-// `text` with the white space that `space` says.
+// `text` with as much white space as `space` keeps.
 ustring with_space(ustring_view text, outline_space space) {
   if (space == outline_space::exact) return ustring(text);
   const character_classes classes;
@@ -137,7 +137,7 @@ class outliner {
     end_text(parent);
     switch (leaf.type()) {
       case node_type::comment:
-        // The writer lays the white space of comments out anew.
+        // The writer changes the white space of comments.
         lines_.push_back(u"#" + with_space(leaf.text(), form_.space == outline_space::exact
                                                             ? outline_space::exact
                                                             : outline_space::single));

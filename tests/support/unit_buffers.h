@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <ios>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <streambuf>
 #include <utility>
@@ -13,7 +14,7 @@
 #include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
 
-// Stream buffers on a text that readers find hard to read.
+// Streams and stream buffers that are hard to read, or that record how they are used.
 
 namespace test {
 
@@ -78,15 +79,15 @@ class one_unit_buffer : public dribble_buffer {
   explicit one_unit_buffer(ustring_view text) : dribble_buffer(text, 1, false) {}
 };
 
-/// What a raising_buffer throws.
+/// What a throwing_buffer throws.
 struct input_broke : std::runtime_error {
   input_broke() : std::runtime_error("the input broke") {}
 };
 
 /// Throws input_broke at the end of its text.
-class raising_buffer : public dribble_buffer {
+class throwing_buffer : public dribble_buffer {
  public:
-  explicit raising_buffer(ustring_view text, std::size_t at_once = static_cast<std::size_t>(-1),
+  explicit throwing_buffer(ustring_view text, std::size_t at_once = static_cast<std::size_t>(-1),
                           bool can_seek = false)
       : dribble_buffer(text, at_once, can_seek) {}
 
@@ -142,6 +143,17 @@ class unbuffered_buffer : public unit_buffer {
  private:
   const ustring text_;
   std::size_t taken_ = 0;
+};
+
+/// A text stream that counts its destruction.
+class mortal_input : public std::basic_istringstream<char16> {
+ public:
+  mortal_input(const ustring& text, int& deaths)
+      : std::basic_istringstream<char16>(text), deaths_(deaths) {}
+  ~mortal_input() override { ++deaths_; }
+
+ private:
+  int& deaths_;
 };
 
 }  // namespace test

@@ -15,7 +15,7 @@ namespace test {
 inline std::string marked_bytes(ustring_view text) { return "\xFF\xFE" + file_bytes(text); }
 
 /// The units of a file with the least significant byte of each first, and its mark if it has one.
-inline ustring units_of(const std::string& bytes) {
+inline ustring file_units(const std::string& bytes) {
   ustring text;
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
     text += static_cast<char16>(static_cast<unsigned char>(bytes[i]) |
@@ -30,7 +30,7 @@ inline std::string swapped_bytes(std::string bytes) {
 }
 
 /// The same units with their bytes swapped.
-inline ustring swapped(ustring_view text) { return units_of(swapped_bytes(file_bytes(text))); }
+inline ustring swapped(ustring_view text) { return file_units(swapped_bytes(file_bytes(text))); }
 
 }  // namespace test
 

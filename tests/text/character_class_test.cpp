@@ -12,7 +12,7 @@
 namespace test {
 namespace {
 
-// Makes a locale the global one, for the C library too, and puts the old one back.
+// Makes a locale the global one, for the C library too, until the end of the scope.
 class CharacterClass : public testing::Test {
  protected:
   ~CharacterClass() override { std::locale::global(before_); }
@@ -44,7 +44,7 @@ TEST_F(CharacterClass, WhiteSpaceOfAUnicodeLocale) {
   for (const char16 unit : {u' ', u'\t', u'\n', u'\v', u'\f', u'\r', u'\u1680', u'\u2003',
                             u'\u2028', u'\u2029', u'\u3000'})
     EXPECT_TRUE(classes.is_space(unit)) << static_cast<unsigned>(unit);
-  // A blank at which no line may be broken is no white space.
+  // A no-break space is no white space.
   for (const char16 unit : {u'\0', u'a', u'\u00A0', u'\u202F', u'\u4E2D', u'\uFEFF',
                             static_cast<char16_t>(0xD83D), u'\uFFFF'})
     EXPECT_FALSE(classes.is_space(unit)) << static_cast<unsigned>(unit);
@@ -114,8 +114,8 @@ TEST_F(CharacterClass, ClassesOfAUnicodeLocale) {
   EXPECT_EQ(classes.to_lower(u'\uFFFF'), u'\uFFFF');
 }
 
-// Answers that are kept are the same as those that were asked for, whichever class was
-// asked for first.
+// Cached answers are the same as fresh ones, whichever class was
+// queried first.
 TEST_F(CharacterClass, AnswersDoNotDependOnWhatWasAskedBefore) {
   const character_classes used;
   for (unsigned number = 0; number <= 0x1FF; ++number) {

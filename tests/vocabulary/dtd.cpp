@@ -98,7 +98,7 @@ std::set<std::string> attributes_in(const std::string& list) {
   return names;
 }
 
-/// Takes the first word off `text`.
+/// Cuts the first word off `text` and returns it.
 std::string take_word(std::string& text) {
   const auto is_blank = [&](std::size_t i) {
     return std::isspace(static_cast<unsigned char>(text[i])) != 0;

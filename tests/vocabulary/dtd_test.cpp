@@ -81,7 +81,7 @@ names allowed_attributes(const Tag_trait& trait) {
   return allowed;
 }
 
-/// Puts the system's own names in the place of the published ones.
+/// Replaces the published names by the library's own.
 void rename(names& attributes) {
   if (attributes.erase("char")) attributes.insert("char-attr");
   if (attributes.erase("xml:space")) attributes.insert("xmlspaceL");
