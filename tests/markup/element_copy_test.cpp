@@ -153,7 +153,7 @@ TEST(VeryDeepTree, IsCopiedAndDestroyedInADocument) {
   EXPECT_EQ(depth_of(*copy), very_many);
   EXPECT_TRUE(is_intact(*copy));
   doc.body()->as_element()->clear_children();
-  EXPECT_TRUE(is_tree(*doc.root(), "document root(! html(head(title) body))"));
+  EXPECT_TRUE(is_tree(*doc.root(), "document root(!! html(head(title) body))"));
   nest(*doc.body(), 10);
   EXPECT_EQ(depth_of(*doc.body()), 10);
 }

@@ -9,6 +9,8 @@
 #include "tests/support/allocation_failure.h"
 #include "tests/support/golden.h"
 #include "tests/support/locale.h"
+#include "tests/support/unit_buffers.h"
+#include "tests/support/unit_bytes.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
 namespace test {
