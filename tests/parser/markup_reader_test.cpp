@@ -7,7 +7,7 @@
 
 #include "tests/parser/reader_kit.h"
 #include "tests/support/golden.h"
-#include "xport/markup/text_leaf.h"
+#include "xport/markup/leaf_nodes.h"
 
 namespace test {
 namespace {
