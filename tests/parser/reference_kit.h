@@ -1,5 +1,5 @@
-#ifndef TESTS_PLAIN_PARSER_KIT_H
-#define TESTS_PLAIN_PARSER_KIT_H
+#ifndef TESTS_PARSER_REFERENCE_KIT_H
+#define TESTS_PARSER_REFERENCE_KIT_H
 
 #include <cstdint>
 #include <utility>

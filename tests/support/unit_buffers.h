@@ -88,7 +88,7 @@ struct input_broke : std::runtime_error {
 class throwing_buffer : public dribble_buffer {
  public:
   explicit throwing_buffer(ustring_view text, std::size_t at_once = static_cast<std::size_t>(-1),
-                          bool can_seek = false)
+                           bool can_seek = false)
       : dribble_buffer(text, at_once, can_seek) {}
 
  protected:
