@@ -8,17 +8,13 @@
 #include <cstddef>
 
 #include "tests/support/locale.h"
+#include "tests/support/names.h"
 
+namespace test {
 namespace {
 
-using Xport::char16;
-using Xport::character_classes;
-using Xport::count_plain_blanks;
-using Xport::count_plain_letters;
-using Xport::ustring;
-
 // Without shortcuts nothing is counted.
-constexpr std::size_t counted(std::size_t count) { return Xport::use_shortcuts ? count : 0; }
+constexpr std::size_t counted(std::size_t count) { return use_shortcuts ? count : 0; }
 
 TEST(Shortcuts, LettersAreCountedUpToTheFirstOtherUnit) {
   const character_classes classes;
@@ -42,9 +38,10 @@ TEST(Shortcuts, BlanksAreCountedUpToTheFirstOtherUnit) {
 }
 
 TEST(Shortcuts, NothingIsCountedWhereAHostHasItsOwnClasses) {
-  const character_classes classes(test::locale_with(L'x', std::ctype_base::space));
+  const character_classes classes(locale_with(L'x', std::ctype_base::space));
   EXPECT_EQ(count_plain_letters(u"abc", classes), 0u);
   EXPECT_EQ(count_plain_blanks(u"   ", classes), 0u);
 }
 
 }  // namespace
+}  // namespace test
