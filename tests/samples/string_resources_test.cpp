@@ -4,11 +4,12 @@
 
 #include <string>
 
+#include "tests/support/names.h"
+
+namespace test {
 namespace {
 
 using samples::find_string;
-using Xport::ustring;
-using Xport::ustring_view;
 
 const ustring longest(255, u'x');
 const ustring too_long = longest + u"yz";
@@ -45,3 +46,4 @@ TEST(StringResources, EndBehindTheLongest) {
 TEST(StringResources, EndAtAUnitZero) { EXPECT_EQ(find_string(table, 11), u"cut"); }
 
 }  // namespace
+}  // namespace test
