@@ -16,7 +16,7 @@
 #include "tests/support/derived_nodes.h"
 #include "tests/support/locale.h"
 #include "tests/support/tree_check.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"

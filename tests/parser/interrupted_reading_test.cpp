@@ -13,7 +13,7 @@
 #include "tests/support/allocation_failure.h"
 #include "tests/support/fake_file.h"
 #include "tests/support/tree_check.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 

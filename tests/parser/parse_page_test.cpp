@@ -14,7 +14,7 @@
 #include "tests/support/golden.h"
 #include "tests/support/tree_check.h"
 #include "tests/support/unit_buffers.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 

@@ -13,7 +13,7 @@
 #include "tests/support/names.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/text.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "xport/text/char16.h"
 
 // How the parts of a page look when they are written, and how a written page is read.

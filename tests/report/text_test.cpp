@@ -2,7 +2,7 @@
 #include <string>
 
 #include "tests/report/report_page.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 
 namespace test {
 namespace {

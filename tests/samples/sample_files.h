@@ -10,7 +10,7 @@
 
 #include "tests/support/golden.h"
 #include "tests/support/temp_folder.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "tests/support/without_privileges.h"
 
 namespace test {

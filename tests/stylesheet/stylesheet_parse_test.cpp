@@ -10,7 +10,7 @@
 #include "tests/support/golden.h"
 #include "tests/support/locale.h"
 #include "tests/support/unit_buffers.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "xport/stylesheet/xhtml_stylesheet.h"
 
 namespace test {

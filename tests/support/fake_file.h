@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tests/support/names.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "xport/stream/byte_file.h"
 
 namespace test {

@@ -12,7 +12,7 @@
 #include "platform/file_system.h"
 #include "platform/url_opener.h"
 #include "tests/support/names.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 #include "xport/stream/byte_file.h"
 #include "xport/text/char16.h"
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace test {
 
@@ -98,6 +99,20 @@ inline std::u16string file_units(std::string_view bytes) {
     text += static_cast<char16_t>(high << 8 | low);
   }
   return text;
+}
+
+/// file_bytes() after the byte-order mark.
+inline std::string marked_bytes(std::u16string_view text) { return "\xFF\xFE" + file_bytes(text); }
+
+/// The same file in the other byte order.
+inline std::string swapped_bytes(std::string bytes) {
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) std::swap(bytes[i], bytes[i + 1]);
+  return bytes;
+}
+
+/// The same units with their bytes swapped.
+inline std::u16string swapped(std::u16string_view text) {
+  return file_units(swapped_bytes(file_bytes(text)));
 }
 
 }  // namespace test

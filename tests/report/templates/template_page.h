@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "tests/report/report_page.h"
-#include "tests/support/unit_bytes.h"
+#include "tests/support/utf8.h"
 
 namespace test {
 
