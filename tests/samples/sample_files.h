@@ -9,6 +9,7 @@
 #include <string>
 
 #include "tests/support/golden.h"
+#include "tests/support/names.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/utf8.h"
 #include "tests/support/without_privileges.h"

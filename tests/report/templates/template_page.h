@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/report/report_page.h"
+#include "tests/support/names.h"
 #include "tests/support/utf8.h"
 
 namespace test {
