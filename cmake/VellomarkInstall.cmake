@@ -4,7 +4,7 @@ include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vellomark")
 
 install(
-  TARGETS vellomark zov_utils
+  TARGETS vellomark vellomark_zov_utils
   EXPORT vellomark_targets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"

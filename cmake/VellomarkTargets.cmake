@@ -13,3 +13,27 @@ function(vellomark_common_options target)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
 endfunction()
+
+# vellomark_add_program(<name> <file>...)
+#
+# Makes the target vellomark_<name>, whose program is called <name>. All targets carry the prefix,
+# so that a parent project is free to use any other name.
+function(vellomark_add_program name)
+  add_executable(vellomark_${name} ${ARGN})
+  vellomark_common_options(vellomark_${name})
+  set_target_properties(vellomark_${name} PROPERTIES OUTPUT_NAME ${name})
+endfunction()
+
+# vellomark_check_target_names(<folder>): stops unless all targets made in the folder and below it
+# carry the prefix.
+function(vellomark_check_target_names folder)
+  get_property(targets DIRECTORY "${folder}" PROPERTY BUILDSYSTEM_TARGETS)
+  list(FILTER targets EXCLUDE REGEX "^vellomark(_|$)")
+  if(targets)
+    message(FATAL_ERROR "Targets without the prefix vellomark_ in ${folder}: ${targets}")
+  endif()
+  get_property(subfolders DIRECTORY "${folder}" PROPERTY SUBDIRECTORIES)
+  foreach(subfolder IN LISTS subfolders)
+    vellomark_check_target_names("${subfolder}")
+  endforeach()
+endfunction()

@@ -1,0 +1,60 @@
+# What a host gets that adds the library as a subfolder: the targets that the shared library is
+# made of, and nothing that only the library's own tests, examples, benchmarks and fuzzers need.
+foreach(part IN ITEMS TESTS EXAMPLES BENCH FUZZ)
+  if(VELLOMARK_BUILD_${part})
+    message(FATAL_ERROR "VELLOMARK_BUILD_${part} is on in a subproject")
+  endif()
+endforeach()
+
+# Appends to `needed` the target and all that it links or whose objects it contains.
+function(collect_needed target)
+  get_target_property(aliased ${target} ALIASED_TARGET)
+  if(aliased)
+    set(target ${aliased})
+  endif()
+  if(NOT target IN_LIST needed)
+    list(APPEND needed ${target})
+    get_target_property(libraries ${target} LINK_LIBRARIES)
+    get_target_property(sources ${target} SOURCES)
+    string(REGEX MATCHALL "vellomark_[a-z_]+" parts "${libraries};${sources}")
+    foreach(part IN LISTS parts)
+      if(TARGET ${part})
+        collect_needed(${part})
+      endif()
+    endforeach()
+  endif()
+  set(needed
+      "${needed}"
+      PARENT_SCOPE)
+endfunction()
+
+# Appends to `built` the targets in `folder` and below it that the host's build makes.
+function(collect_built folder)
+  get_property(targets DIRECTORY "${folder}" PROPERTY BUILDSYSTEM_TARGETS)
+  foreach(target IN LISTS targets)
+    get_target_property(left_out ${target} EXCLUDE_FROM_ALL)
+    if(NOT left_out)
+      list(APPEND built ${target})
+    endif()
+  endforeach()
+  get_property(subfolders DIRECTORY "${folder}" PROPERTY SUBDIRECTORIES)
+  foreach(subfolder IN LISTS subfolders)
+    collect_built("${subfolder}")
+  endforeach()
+  set(built
+      "${built}"
+      PARENT_SCOPE)
+endfunction()
+
+set(needed "")
+collect_needed(vellomark)
+set(built "")
+collect_built("${VELLOMARK_SOURCE}")
+if(NOT vellomark IN_LIST built)
+  message(FATAL_ERROR "The subproject doesn't build the library, only: ${built}")
+endif()
+set(superfluous ${built})
+list(REMOVE_ITEM superfluous ${needed})
+if(superfluous)
+  message(FATAL_ERROR "The subproject builds what the library doesn't need: ${superfluous}")
+endif()
