@@ -1,12 +1,11 @@
-#include <cstdint>
 #include <sstream>
 
 #include "xport/markup/descendant_markup_iterator.h"
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 
-// Reads a page that leaves its paragraphs open, and adds to the second one. Returns 0 if all
-// came out as told in the comments.
+// Reads a page whose paragraphs aren't closed, and adds to the second one. Returns 0 if all
+// is as the comments say.
 int main() {
   std::basic_istringstream<char16_t> input(u"<html><body><p>One<p id='two'>Two</p></body></html>");
   Xport::ustring_stream messages;
@@ -19,7 +18,7 @@ int main() {
   Xport::parse_page(parser, *page.root());
   page.reindex();
 
-  // What was repaired stands in the messages.
+  // The messages tell what the parser repaired.
   if (messages.str() !=
       u"line #1:\n"
       u"Couldn't insert <p> into <p>.\n"

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "tests/architecture/source_rules.h"
-#include "tests/support/temp_folder.h"
 
 namespace test {
 namespace {
@@ -19,15 +18,6 @@ const source_tree& repository() {
 
 void expect_none(const findings& found) {
   for (const std::string& finding : found) ADD_FAILURE() << finding;
-}
-
-// The text of the first block of C++ in a Markdown file.
-std::string first_cpp_block(const std::string& markdown) {
-  const std::string opening = "```cpp\n";
-  const std::size_t start = markdown.find(opening);
-  if (start == std::string::npos) return {};
-  const std::size_t from = start + opening.size();
-  return markdown.substr(from, markdown.find("```", from) - from);
 }
 
 TEST(Repository, IsRead) {
@@ -49,12 +39,6 @@ TEST(Repository, SourceFilesIncludeTheirOwnHeaderFirst) {
 }
 
 TEST(Repository, LibraryPrintsNothing) { expect_none(check_silence(repository())); }
-
-// The program that the README shows is a file that other tests build and run.
-TEST(Repository, ReadmeShowsTheFirstProgramAsItIs) {
-  EXPECT_EQ(first_cpp_block(bytes_of(root / "README.md")),
-            bytes_of(root / "docs/samples/first_report.cpp"));
-}
 
 }  // namespace
 }  // namespace test
