@@ -7,7 +7,8 @@
 
 namespace report {
 
-/// Returns `node` and its content as a writer with the default options writes them.
+/// Returns `node` and its content as a writer with the default options writes them. The names
+/// of template fields are such texts, so a change of the writer's layout changes them.
 Xport::ustring WrittenText(const Xport::xhtml_markup& node);
 
 /// Returns WrittenText of `element` with its tags cut out. References are not decoded. A

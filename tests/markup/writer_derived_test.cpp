@@ -85,6 +85,31 @@ TEST(WriterDerived, NumberDecidesBeforeTheKind) {
                          u"</p>\n"));
 }
 
+/// Counts the units on a stream whenever somebody asks for the number of the element.
+struct watching_element : xhtml_element {
+  explicit watching_element(const ustring_stream& its_stream)
+      : xhtml_element(tag_id::p, {}, {}), stream(&its_stream) {}
+  tag_id tag() const override {
+    seen.push_back(stream->view().size());
+    return xhtml_element::tag();
+  }
+  const ustring_stream* stream;
+  mutable std::vector<std::size_t> seen;
+};
+
+TEST(WriterDerived, AllThatIsWrittenIsOnTheStreamWhenAnOperationIsCalled) {
+  ustring_stream stream;
+  xhtml_writer writer(stream);
+  watching_element p(stream);
+  p << u"hello";
+  p.seen.clear();
+  p.write(writer);
+  EXPECT_TRUE(same_units(stream.view(), u"<p>\n  hello\n</p>\n"));
+  ASSERT_FALSE(p.seen.empty());
+  // The text asks last, after the start tag, the line feed and its two blanks.
+  EXPECT_EQ(p.seen.back(), 6u);
+}
+
 TEST(WriterDerived, NumbersOutsideTheTableAreNone) {
   for (const int number : {-1, 92, 93, 100'000})
     EXPECT_TRUE(same_units(written(make(tag_id::p, u"a", numbered_node(tag_id{number}))),

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <locale>
 
 #include "tests/support/locale.h"
 #include "tests/support/names.h"
@@ -27,20 +28,15 @@ TEST(Shortcuts, LettersAreCountedUpToTheFirstOtherUnit) {
         << static_cast<unsigned>(unit);
 }
 
-TEST(Shortcuts, BlanksAreCountedUpToTheFirstOtherUnit) {
-  const character_classes classes;
-  EXPECT_EQ(count_plain_blanks(u"", classes), 0u);
-  EXPECT_EQ(count_plain_blanks(u"a ", classes), 0u);
-  for (const char16 unit : {u'\0', u'\t', u'\n', u'a', u'!', u'\u00A0', u'\u2003', u'\u2020'})
-    for (std::size_t count = 0; count < 20; ++count)
-      EXPECT_EQ(count_plain_blanks(ustring(count, u' ') + unit + u' ', classes), counted(count))
-          << static_cast<unsigned>(unit);
+TEST(Shortcuts, BlanksAreSkippedInRunsInEveryStandardLocale) {
+  EXPECT_EQ(has_plain_blanks(character_classes()), use_shortcuts);
+  EXPECT_EQ(has_plain_blanks(character_classes(std::locale::classic())), use_shortcuts);
 }
 
-TEST(Shortcuts, NothingIsCountedWhereAHostHasItsOwnClasses) {
+TEST(Shortcuts, NoneAppliesWhereAHostHasItsOwnClasses) {
   const character_classes classes(locale_with(L'x', std::ctype_base::space));
   EXPECT_EQ(count_plain_letters(u"abc", classes), 0u);
-  EXPECT_EQ(count_plain_blanks(u"   ", classes), 0u);
+  EXPECT_FALSE(has_plain_blanks(classes));
 }
 
 }  // namespace

@@ -110,9 +110,12 @@ TEST(UnitOutput, RandomCalls) {
 // emptying the area.
 class area_buffer : public std::basic_streambuf<char16> {
  public:
-  explicit area_buffer(std::size_t room) : area_(room, u'\0') { empty_area(); }
+  explicit area_buffer(std::size_t room) : area_(room, u'x') { empty_area(); }
 
   ustring text() const { return text_ + ustring(pbase(), pptr()); }
+
+  // The units of the area that nobody put, as they are.
+  ustring rest() const { return {pptr(), epptr()}; }
 
   int overflows = 0;
   int syncs = 0;
@@ -196,6 +199,21 @@ TEST(UnitOutput, OthersMayUseTheStreamAfterACommit) {
     expected += counted(size) + others;
   }
   EXPECT_TRUE(same_units(buffer.text(), expected));
+}
+
+TEST(UnitOutput, UnitsAfterTheLastOneAreNotChanged) {
+  for (std::int64_t blanks = 0; blanks <= 40; ++blanks) {
+    area_buffer buffer(64);
+    std::basic_ostream<char16> stream(&buffer);
+    unit_output::stream_type* const target = &stream;
+    unit_output output(target);
+    output.put(u"abc");
+    output.put_blanks(blanks);
+    output.put(counted(7));
+    output.commit();
+    const std::size_t rest = 64 - 10 - static_cast<std::size_t>(blanks);
+    EXPECT_TRUE(same_units(buffer.rest(), ustring(rest, u'x'))) << blanks;
+  }
 }
 
 TEST(UnitOutput, ABufferWithoutAPutAreaGetsBlocks) {

@@ -43,5 +43,16 @@ TEST(UstringStream, AFailedStreamTakesNothing) {
   EXPECT_TRUE(same_units(stream.str(), u"a"));
 }
 
+TEST(UstringStream, MayBeGivenItsOwnUnits) {
+  ustring_stream stream;
+  stream << ustring(u"abc");
+  ustring expected = u"abc";
+  for (int round = 0; round < 8; ++round) {
+    stream << stream.view();
+    expected += ustring(expected);
+    ASSERT_TRUE(same_units(stream.view(), expected)) << round;
+  }
+}
+
 }  // namespace
 }  // namespace test

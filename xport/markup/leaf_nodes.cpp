@@ -40,7 +40,7 @@ ustring_view name_in(ustring_view token) {
 text_leaf::text_leaf(node_type type, ustring_view text, const node_place& where)
     : xhtml_markup(type, std::max(where.bytes(), sizeof(text_leaf)), where) {
   static_assert(sizeof(text_leaf) == bytes_before_text + sizeof(inside_text_) + sizeof(std::size_t),
-                "a text inside takes the last fields, without a gap");
+                "an inline text uses the last fields, which must have no gap");
   store(text);
 }
 

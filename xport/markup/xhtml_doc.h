@@ -36,8 +36,8 @@ class xhtml_doc {
   xhtml_markup* html() const { return html_; }
   xhtml_markup* head() const { return head_; }
 
-  /// As above. An element that isn't known yet is looked up among the children of `head`
-  /// (and only if `html` is known too) or of `html`; the last one of several counts.
+  /// As above. If unknown, `title` is looked up among the children of `head`, and `body` among
+  /// those of `html`; the last match counts. `title` needs both `html` and `head`.
   xhtml_markup* title();
   xhtml_markup* body();
 
@@ -61,7 +61,8 @@ class xhtml_doc {
 
   /// Writes the writer's byte-order mark and the whole tree, and flushes the stream. False,
   /// with nothing written, if the stream has failbit or badbit to begin with. Later failures
-  /// show in the stream's state only. Time is linear in the output.
+  /// show in the stream's state, and in the exceptions that the stream is told to throw. Time
+  /// is linear in the tree and the output.
   bool write(xhtml_writer& writer) const;
 
  private:

@@ -17,11 +17,8 @@ xhtml_writer::~xhtml_writer() {
 
 namespace {
 
-tag_id tag_of_parent(const xhtml_markup& node) {
-  return node.parent() != nullptr ? tag_of(*node.parent()) : tag_id::invalid_tag;
-}
-
-// The layout of a node that isn't an element of the table. `kind` may be any number.
+// The layout of a node that isn't an element of the table. `kind` may be any number. A leaf
+// that breaks the line after itself writes the line feed itself: the flag only tells its parent.
 std::uint32_t layout_of_kind(std::int32_t kind) {
   switch (kind) {
     case static_cast<std::int32_t>(node_type::comment):
@@ -69,6 +66,14 @@ void xhtml_writer::write_byte_order_mark() {
   output_.commit();
 }
 
+// Derived classes may look at the stream in any of their operations.
+inline tag_id xhtml_writer::tag_of_parent(const xhtml_markup& node) {
+  const xhtml_markup* const parent = node.parent();
+  if (parent == nullptr) return tag_id::invalid_tag;
+  if (!parent->is_own_class()) output_.commit();
+  return tag_of(*parent);
+}
+
 inline std::uint32_t xhtml_writer::layout_of(const Tag_trait& rules) const {
   return rules.id != tag_id::invalid_tag ? layout_table[static_cast<std::size_t>(rules.id)]
                                          : layout_block;
@@ -81,7 +86,7 @@ inline std::uint32_t xhtml_writer::layout_of(const xhtml_markup& node) {
                             : layout_of_kind(static_cast<std::int32_t>(node.type()));
 }
 
-// Derived classes may return any numbers, and may look at the stream meanwhile.
+// Derived classes may return any numbers.
 std::uint32_t xhtml_writer::asked_layout(const xhtml_markup& node) {
   output_.commit();
   const auto tag = static_cast<std::size_t>(node.tag());
@@ -278,7 +283,7 @@ void xhtml_writer::write_leaf(const xhtml_markup& node) {
 }
 
 // A run of white space becomes its first unit, followed by the indentation once for each
-// line feed in the run.
+// line feed in the run, even if that unit is a blank. Pages depend on it.
 void xhtml_writer::write_comment(ustring_view text) {
   output_.put(u"<!-- ");
   column += 5;

@@ -31,9 +31,9 @@ enum layout_flags : std::uint32_t {
 /// Values of `layout_flags` by element number.
 using layout_flags_table = std::array<std::uint32_t, element_count>;
 
-/// The layout that every writer starts with: elements that flow in the text are
-/// inline, `br` breaks behind itself, `pre` is preformatted, all others, the
-/// document root included, are blocks.
+/// The layout that every writer starts with. Elements that flow in the text are inline.
+/// `br` breaks the line after itself. `pre` is preformatted. All others, including the
+/// document root, are blocks.
 constexpr layout_flags_table default_layout() {
   layout_flags_table table{};
   table.fill(layout_block);
@@ -53,17 +53,19 @@ constexpr layout_flags_table default_layout() {
 /// Writes a markup tree as text on a stream of code units. This class defines the output
 /// form: a pretty printer driven by a table of break flags. Blocks stand on lines of their
 /// own with their content indented, inline elements flow in the text, `br` breaks the line
-/// after itself, `pre` keeps its text. Lines end in one line feed.
+/// after itself, `pre` keeps its text. Comments flow in the text, instructions and the
+/// doctype end their lines. Lines end in one line feed.
 ///
 /// Nothing is escaped, decoded or checked: texts and attribute values reach the stream unit
-/// by unit as the nodes hold them. Time is linear in the output.
+/// by unit as the nodes hold them. Time is linear in the tree and the output.
 ///
 /// A writer is made for one output. Its options are its fields, to be set before the first
 /// write. Units go straight into the put area of the stream's buffer, or in blocks of 64 KiB
 /// to a buffer that has none; they are part of the stream's output when write() returns.
-/// Failures show in the stream's state only. White space is what the global locale
-/// classifies so at the start of the outermost write(); facets of that locale must not use
-/// the stream.
+/// Failures show in the stream's state, and in the exceptions that the stream is told to
+/// throw; wrapping and blocks need memory and throw std::bad_alloc. White space is what the
+/// global locale classifies so at the start of the outermost write(); facets of that locale
+/// must not use the stream.
 ///
 /// A node of a derived class is written by its own `write`. It sees the current
 /// `indent_level` and `column`, and everything written before it is on the stream. It may
@@ -86,7 +88,7 @@ class xhtml_writer {
   std::int32_t indent_step = 2;                        ///< blanks for each level of indentation
   std::int16_t indent_level = 0;                       ///< the current level; wraps at 16 bits
   std::uint64_t max_line_length = 0;                   ///< units; 0: never wrap
-  std::uint64_t column = 0;                            ///< where the writer believes it stands
+  std::uint64_t column = 0;                            ///< the writer's count of the current column
   layout_flags_table layout_table = default_layout();  ///< break flags by element
   stream_type* stream;                                 ///< the target; must not be null
   bool double_quotes = false;                          ///< attribute values in " and not in '
@@ -102,6 +104,7 @@ class xhtml_writer {
 
  private:
   // The tree.
+  tag_id tag_of_parent(const xhtml_markup& node);
   std::uint32_t layout_of(const xhtml_markup& node);
   std::uint32_t layout_of(const Tag_trait& rules) const;
   std::uint32_t asked_layout(const xhtml_markup& node);

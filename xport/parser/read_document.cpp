@@ -10,9 +10,9 @@ namespace Xport {
 
 namespace {
 
-// Consumes the byte-order mark of the parser's input. For a page in the other byte order, that
-// replaces the input by a stream that swaps bytes. Unless the parser owns its input, this
-// object deletes that stream and restores the input.
+// Consumes the byte-order mark of the parser's input. For a big-endian page,
+// detect_byte_order() replaces the input by a string stream of the swapped rest. Unless the
+// parser owns its input, this object deletes that stream and restores the input.
 class ordered_input {
  public:
   explicit ordered_input(xhtml_parser& parser) : parser_(parser), given_(parser.input) {

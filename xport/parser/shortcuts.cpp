@@ -8,8 +8,9 @@
 
 namespace Xport {
 
-// Takes a text that stands in one line of the input's window, perhaps with white space after
-// it, and no quotes. The result is a part of the window if it can be, else text_.
+// Applies to a text that is whole in the input's window, has no double quote, and has newlines
+// only where they fold: in the white space at its end. Returns a part of the window if
+// possible, otherwise text_.
 std::optional<ustring_view> xhtml_parser::take_plain_text() {
   if (!use_shortcuts) return {};
   unit_input in = units();

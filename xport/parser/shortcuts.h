@@ -15,15 +15,16 @@ namespace Xport {
 /// | shortcut | saves |
 /// | --- | --- |
 /// | count_plain_letters | looking up the class of each letter of a name |
-/// | count_plain_blanks | looking up the class of each blank of an indentation |
+/// | has_plain_blanks | looking up the class of each blank of an indentation |
 /// | xhtml_parser::take_plain_text | gathering a text that stands whole in the input's window |
 /// | xhtml_parser::take_plain_end_tag | making a node for the end tag of the innermost element |
 ///
-/// A reader tries its shortcut first. If the shortcut doesn't apply, it has changed nothing,
-/// and the reader continues as if there were none.
+/// The parser tries a shortcut before the plain way. If the shortcut doesn't apply, it has
+/// changed nothing. The two members are declared in xhtml_parser.h.
 ///
-/// Trees, messages and line numbers are the same without shortcuts. To check that, build with
-/// VELLOMARK_SHORTCUTS=OFF, which leaves them out, and run the tests.
+/// Trees, messages and line numbers are the same without shortcuts. The tests check that: they
+/// run a second time with the parser built without them. VELLOMARK_SHORTCUTS=OFF leaves them
+/// out of the library.
 #ifdef XPORT_NO_SHORTCUTS
 inline constexpr bool use_shortcuts = false;
 #else
@@ -39,11 +40,10 @@ inline std::size_t count_plain_letters(ustring_view text, const character_classe
   return count;
 }
 
-/// Counts the blanks at the beginning of `text`, which are white space. Returns 0 if
-/// `classes` aren't standard: a blank can then be anything.
-inline std::size_t count_plain_blanks(ustring_view text, const character_classes& classes) {
-  if (!use_shortcuts || !classes.are_standard()) return 0;
-  return count_leading(text, u' ');
+/// Whether a run of blanks may be skipped as white space without looking up each of them.
+/// Only if `classes` are standard: a blank can be anything otherwise.
+inline bool has_plain_blanks(const character_classes& classes) {
+  return use_shortcuts && classes.are_standard();
 }
 
 }  // namespace Xport

@@ -106,7 +106,7 @@ void xhtml_parser::gather_text(tag_id parent) {
 // Folds a newline and the white space around it into a blank. Where newlines are kept, only
 // the white space after the newline is dropped.
 void xhtml_parser::gather_newline(bool script) {
-  if (folds_newlines() && !script) {
+  if (!script && folds_newlines()) {
     trim_right(text_, *classes_);
     text_ += u' ';
   } else {
@@ -122,7 +122,8 @@ xhtml_markup* xhtml_parser::make_text(xhtml_markup* parent, ustring_view text) {
   return text.empty() ? read_next(parent) : nodes_->make_leaf<xhtml_pcdata>(text);
 }
 
-// Only the text of the end tag is markup here. Newlines aren't counted.
+// Searches for the text `</pre>`. Everything before it is text, tags included. Newlines aren't
+// counted.
 xhtml_markup* xhtml_parser::read_preformatted() {
   const operation_classes scope(classes_);
   constexpr ustring_view end_tag = u"</pre>";

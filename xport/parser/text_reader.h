@@ -17,16 +17,20 @@ struct leading_space {
   std::size_t count;       ///< its units
   std::uint32_t newlines;  ///< the newlines among them
 };
+
+/// Finds the white space at the beginning of `text`, up to a unit U+FFFF at most.
 inline leading_space find_leading_space(ustring_view text, const character_classes& classes) {
   leading_space found{0, 0};
-  for (; found.count < text.size(); ++found.count) {
+  while (found.count < text.size()) {
     const char16 unit = text[found.count];
-    if (unit == u'\n') {
+    if (unit == u'\n')
       ++found.newlines;
-      found.count += count_plain_blanks(text.substr(found.count + 1), classes);
-    } else if (unit == end_unit || !classes.is_space(unit)) {
+    else if (unit == u' ' && has_plain_blanks(classes))
+      found.count +=
+          count_leading({text.data() + found.count, text.size() - found.count}, u' ') - 1;
+    else if (unit == end_unit || !classes.is_space(unit))
       break;
-    }
+    ++found.count;
   }
   return found;
 }

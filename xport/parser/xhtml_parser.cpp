@@ -47,10 +47,10 @@ xhtml_markup* xhtml_parser::fill_by_calls(xhtml_markup& parent) {
   return current.release();
 }
 
-// Does the same where nothing is overridden, but fills all open elements in one call, so that
-// a deep page takes no machine stack, and makes nodes in the tree's own memory. `parent` is
-// the innermost open element. Its parents up to `receiver` are the others, so the tree itself
-// is the stack.
+// fill_by_calls() for a parser and a receiver of our own classes. Fills all open elements in
+// one call, so that a deep page takes no machine stack, and makes nodes in the tree's own
+// memory. `parent` is the innermost open element; the others are its parents up to `receiver`,
+// so the tree itself is the stack.
 xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
   const node_place content(receiver);
   xhtml_element* parent = &receiver;

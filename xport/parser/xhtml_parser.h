@@ -42,10 +42,10 @@ enum message_level : std::uint32_t {
 /// The caller owns a node that a reader returns. The node has no parent; the caller may
 /// delete it or let any element of any tree adopt it.
 ///
-/// Depth: if the parser is of this very class and the receiver is an element of our own
-/// class, the machine stack doesn't grow with the depth of the page. A derived parser, or a
-/// receiver of a derived class, is used through its virtual operations: parse_children() is
-/// called for each adopted node and uses some stack for each open element.
+/// Depth: if neither the parser nor the receiver is of a derived class, the machine stack
+/// doesn't grow with the depth of the page. A derived parser, or a receiver of a derived
+/// class, is used through its virtual operations: parse_children() is called for each adopted
+/// node and uses some stack for each open element.
 ///
 /// The input's buffer and the facets of a locale must not call the parser that uses them.
 ///
@@ -66,9 +66,9 @@ class xhtml_parser {
   virtual ~xhtml_parser();
 
   /// Fills `parent` from the input, up to its end tag or to the end of the input. Returns
-  /// null, or a node that `parent` can't contain but the parent of `parent` can; the caller
-  /// owns it. The parent of `parent` is asked, so it must be alive. Takes time linear in the
-  /// input.
+  /// null, or a node that ends `parent` and that the caller must offer to the parent of
+  /// `parent`: one that only that parent can contain, or its end tag. The caller owns it. The
+  /// parent of `parent` is asked, so it must be alive. Takes time linear in the input.
   virtual xhtml_markup* parse_children(xhtml_markup* parent);
 
   /// Rewrites the spellings of characters in `text` to the preferred ones, by the three
@@ -150,7 +150,7 @@ class xhtml_parser {
 
   static constexpr node_place on_heap_{};
 
-  // Not asked in `script`, where newlines are always kept.
+  // Not for `script`, where newlines are always kept.
   bool folds_newlines() const { return !preserve_newlines && last_tag != tag_id::pre; }
 
   bool skip_space();
@@ -170,9 +170,9 @@ class xhtml_parser {
   ustring text_;                              // the text that is being read
 };
 
-/// Makes the readers make their nodes at `where`, which must outlive this object, until the end
-/// of the scope. Only fill() can handle nodes in a pool, so it calls its readers in such a scope.
-/// The message stream may call readers too; a scope of its own gives it nodes on the heap.
+/// While it exists, the readers make their nodes at `where`, which must outlive it. Only fill() can
+/// handle nodes in a pool, so it calls its readers in such a scope. The message stream may call
+/// readers too; a scope of its own gives it nodes on the heap.
 class xhtml_parser::place_scope {
  public:
   place_scope(xhtml_parser& parser, const node_place& where)

@@ -37,7 +37,7 @@ class byte_input {
   /// `size` only at the end of the file and after an error; 0 if there is nothing.
   virtual std::size_t read(void* bytes, std::size_t size) = 0;
 
-  /// Goes back to the first byte. False if the file can't, as a pipe.
+  /// Goes back to the first byte. False if the file can't be rewound, for example a pipe.
   virtual bool rewind() = 0;
 };
 

@@ -19,7 +19,7 @@ namespace Xport {
 /// that isn't full is the last one, whether the file ends there or can't be read: the
 /// file isn't read again.
 ///
-/// Seeking goes to the first unit and nowhere else. The position can't be told.
+/// The only seek that works is to the first unit. The current position can't be queried.
 ///
 /// U+FFFF is a unit like any other, although `std::char_traits<char16_t>` can't tell it
 /// from the end: looking at one neither moves the buffer nor reads the file.

@@ -25,7 +25,7 @@ struct access : std::basic_streambuf<char16> {
 
 }  // namespace
 
-const char16 unit_output::blanks[blanks_at_once] = {
+const char16 unit_output::blanks[most_blanks_at_once] = {
     u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ',
     u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' ', u' '};
 
@@ -63,22 +63,22 @@ void unit_output::put_many_blanks(std::int64_t count) {
   }
 }
 
-// When a put area is full, the next unit goes through the stream's own write(), so that
-// the buffer empties the area or provides another one.
+// When a put area is full, the next unit goes through the stream's own write(), which makes
+// the buffer empty its area or provide another one. If it does neither, the units are
+// gathered in a block, as for a buffer without an area.
 void unit_output::make_room() {
-  const bool was_spill = start_ == &spill_;
+  const bool was_spill = start_ == scratch_;
   commit();
-  { const stream_type::sentry flushes_tied_stream(*stream_); }
-  if (stream_->good()) {
-    std::basic_streambuf<char16>* const buffer = stream_->rdbuf();
-    char16* const next = access::next(*buffer);
-    const std::ptrdiff_t room = access::end(*buffer) - next;
-    if (room != 0) {
-      buffer_ = buffer;
-      return open(next, room);
-    }
-    if (next != nullptr && !was_spill) return open(&spill_, 1);
+  if (stream_->good() && stream_->tie() != nullptr) stream_->tie()->flush();
+  if (!stream_->good()) return open(scratch_, scratch_units);
+  std::basic_streambuf<char16>* const buffer = stream_->rdbuf();
+  char16* const next = access::next(*buffer);
+  const std::ptrdiff_t room = access::end(*buffer) - next;
+  if (room != 0) {
+    buffer_ = buffer;
+    return open(next, room);
   }
+  if (next != nullptr && !was_spill) return open(scratch_, 1);
   if (!block_) block_ = std::make_unique_for_overwrite<char16[]>(block_units);
   open(block_.get(), block_units);
 }

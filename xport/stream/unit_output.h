@@ -14,10 +14,13 @@ namespace Xport {
 /// Puts units straight into the put area of a stream's buffer, the counterpart of
 /// unit_input. A buffer that has no put area gets its units in blocks.
 ///
-/// All units are part of the stream's output after commit(), some of them earlier. In
-/// between nobody else may use the stream. Failures show in the stream's state: a failed stream
-/// accepts nothing, and what its `exceptions()` ask for is thrown. If a function of this class
-/// throws, nothing is left to commit.
+/// The units lie after the stream's current position until commit() moves it, or until the
+/// put area is full. In between nobody else may use the stream: what others write overwrites
+/// them. Units of the put area that nobody put are never changed.
+///
+/// Failures show in the stream's state, and in the exceptions that the stream is told to
+/// throw. A failed stream accepts nothing, and needs no memory for that. Only a block throws
+/// std::bad_alloc. If a function of this class throws, nothing is left to commit.
 class unit_output {
  public:
   using stream_type = std::basic_ostream<char16>;
@@ -54,8 +57,8 @@ class unit_output {
   /// Puts `count` blanks; none for a negative number.
   void put_blanks(std::int64_t count) {
     if (count <= 0) return;
-    if (count > blanks_at_once || end_ - next_ < blanks_at_once) return put_many_blanks(count);
-    std::memcpy(next_, blanks, sizeof(blanks));
+    if (count > most_blanks_at_once || count > end_ - next_) return put_many_blanks(count);
+    copy(next_, blanks, static_cast<std::size_t>(count));
     next_ += count;
   }
 
@@ -63,8 +66,8 @@ class unit_output {
   void commit();
 
  private:
-  static constexpr std::ptrdiff_t blanks_at_once = 32;
-  static const char16 blanks[blanks_at_once];
+  static constexpr std::int64_t most_blanks_at_once = 32;
+  static const char16 blanks[most_blanks_at_once];
 
   // Most runs are names and short texts, for which a call of memcpy costs more than the
   // copying: two overlapping moves of a fixed size do.
@@ -102,8 +105,11 @@ class unit_output {
   char16* start_ = nullptr;                         // the first unit that isn't committed
   char16* next_ = nullptr;
   char16* end_ = nullptr;
-  char16 spill_ = 0;                 // room for the unit after a full put area
   std::unique_ptr<char16[]> block_;  // allocated once, for a buffer without a put area
+
+  // Room for the one unit after a full put area, and for what a failed stream is given.
+  static constexpr std::ptrdiff_t scratch_units = 64;
+  char16 scratch_[scratch_units];
 };
 
 }  // namespace Xport

@@ -5,14 +5,15 @@
 #include <cstddef>
 #include <ostream>
 #include <streambuf>
+#include <utility>
 
 #include "xport/text/char16.h"
 
 namespace Xport {
 
 /// An output stream of code units into a string. Unlike the standard library's string
-/// stream it keeps U+FFFF wherever it stands in a run of units, and it throws
-/// std::bad_alloc when memory runs out.
+/// stream it keeps U+FFFF anywhere in a run of units, and it throws std::bad_alloc when
+/// memory runs out.
 class ustring_stream : public std::basic_ostream<char16> {
  public:
   ustring_stream() : std::basic_ostream<char16>(nullptr) {
@@ -50,8 +51,15 @@ class ustring_stream : public std::basic_ostream<char16> {
     std::streamsize xsputn(const char16* units, std::streamsize count) override {
       const std::size_t used = view().size();
       const std::size_t size = used + static_cast<std::size_t>(count);
-      if (size > text_.size()) text_.resize(std::max(size, 2 * text_.size() + least_growth));
-      std::copy_n(units, count, text_.data() + used);
+      if (size <= text_.size()) {
+        std::copy_n(units, count, text_.data() + used);
+      } else {
+        // `units` may lie in text_: copy them before it is replaced.
+        ustring grown(std::max(size, 2 * text_.size() + least_growth), u'\0');
+        view().copy(grown.data(), used);
+        std::copy_n(units, count, grown.data() + used);
+        text_ = std::move(grown);
+      }
       setp(text_.data() + size, text_.data() + text_.size());
       return count;
     }
@@ -59,7 +67,7 @@ class ustring_stream : public std::basic_ostream<char16> {
    private:
     static constexpr std::size_t least_growth = 64;
 
-    ustring text_;  // what was written, and behind it the put area
+    ustring text_;  // what was written, followed by the put area
   };
 
   buffer buffer_;

@@ -57,7 +57,7 @@ markup_iterator xhtml_doc::add_stylesheet(const xhtml_stylesheet& sheet) {
   ustring_stream text;
   stylesheet_writer writer(text);
   for (const xhtml_stylesheet_item& item : sheet) item.write(writer);
-  style << text.str();
+  style << text.view();
   return head_->append_copy(style);
 }
 
