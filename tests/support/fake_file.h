@@ -8,6 +8,7 @@
 #include "tests/support/names.h"
 #include "tests/support/utf8.h"
 #include "xport/stream/byte_file.h"
+#include "xport/text/char16.h"
 
 namespace test {
 
