@@ -10,7 +10,7 @@ int main() {
   report->AddSectionHeading(u"Europe", 2);
   report->AddSectionHeading(u"Norway", 3);
   report->BeginDirectLinks();
-  report->BeginSection(u"", u"Oslo");  // a link to the section stands here
+  report->BeginSection(u"", u"Oslo");  // adds a link to the section here
   report->EndDirectLinks();
 
   report->SetSectionMode(true);  // what follows goes into the section

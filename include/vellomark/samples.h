@@ -8,7 +8,7 @@
 ///
 /// Paths are zero-terminated texts of 16-bit code units (UTF-16); on POSIX they are passed
 /// to the system as UTF-8. Pages are written as UTF-16 little endian with a byte-order mark
-/// and replace an existing file. Their folder must exist. The result tells whether the file
+/// and replace an existing file. Their folder must exist. The result says whether the file
 /// could be opened; a later write error (a full disk) isn't reported.
 ///
 /// The first and the third sample use a text of the library's string table, and return true
@@ -39,7 +39,7 @@ VELLOMARK_API bool CreateWorkVellomark(const char16_t* path);
 /// string 102 the `h1` is empty. The first element with the `id` "elem1" gets the text
 /// "Element4" instead of all its content, "elem2" gets "Element3", "elem3" gets "Element2"
 /// and "elem4" gets "Element1". An element that can't hold text becomes empty. An element
-/// inside replaced content is deleted.
+/// inside replaced content is deleted, and isn't found afterwards.
 ///
 /// Returns true if string 102 and all four elements were found. Otherwise returns false, and
 /// the page is written with the changes that could be made. Returns false and leaves the
@@ -48,9 +48,13 @@ VELLOMARK_API bool CreateWorkVellomark(const char16_t* path);
 /// A big-endian page needs its byte-order mark. A malformed page is read as far as possible,
 /// which isn't reported, and a page in UTF-8 turns into nonsense. The source is read to its
 /// end and closed before the target is opened, so both may be the same file; its content is
-/// then lost if it was no such page. The call never returns for some stylesheets, which
+/// then lost if it wasn't such a page. The call never returns for some stylesheets, which
 /// include rules as common as `p { margin: 0 }` (docs/reading.md): don't pass files from
-/// sources that you don't trust. Time and memory are linear in the size of the source.
+/// sources that you don't trust.
+///
+/// Time is linear in the size of the source and of the page that is written, memory in the
+/// size of the source. Blocks nested deeply make a page whose size grows with the square of
+/// their depth.
 VELLOMARK_API bool ParseAndChangeSampleVellomark(const char16_t* source_path,
                                                  const char16_t* target_path);
 

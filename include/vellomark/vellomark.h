@@ -31,10 +31,11 @@
 /// Separate reports may be used from separate threads.
 ///
 /// Cost. Unless an operation says otherwise, its time is linear in the length of
-/// its texts, whatever the size of the report.
+/// its texts, or of the prepared link, whatever the size of the report.
 ///
 /// The order of the operations below is the order of the virtual table, on
-/// which compiled hosts depend. New operations can't be inserted.
+/// which compiled hosts depend. It never changes, and no operation is added:
+/// additions are functions of the namespace vellomark.
 class VELLOMARK_API IVellomark {
  public:
   IVellomark();
@@ -56,11 +57,15 @@ class VELLOMARK_API IVellomark {
   /// the page up to the first full stop, plus "_files". A picture is named after
   /// its file, with ".bmp" instead of the last four code units, and replaces an
   /// older picture of that name. A picture that can't be copied stays in its
-  /// place, and its path appears as text. A section line of fewer than four
-  /// code units that names a file throws std::out_of_range ("invalid string
-  /// position"); another Save continues with what isn't on the page yet. The names of the page
-  /// and of the pictures are not escaped in the page: a browser doesn't find a
-  /// picture if a name contains one of "'", "&", "<", "#", "?" or "%".
+  /// place, and its path appears as text; a file that can't be removed after the
+  /// copy is in both places. Neither is reported or changes the result, and
+  /// another Save doesn't try again. The names of the page and of the pictures are
+  /// not escaped in the page: a browser doesn't find a picture if a name contains
+  /// one of "'", "&", "<", "#", "?" or "%".
+  ///
+  /// A section line of fewer than four code units that names a file throws
+  /// std::out_of_range ("invalid string position"). After any exception, another
+  /// Save continues with what isn't on the page yet.
   ///
   /// Returns true once the page file was opened; a later write error (a full
   /// disk) isn't reported. Returns false, and opens nothing, if a folder can't be
@@ -70,8 +75,8 @@ class VELLOMARK_API IVellomark {
   /// block.
   ///
   /// Time is linear in the size of the page, the sections and the pictures, plus
-  /// one look at the disk for each number that is tried. A picture is copied, even
-  /// within one file system.
+  /// one look at the disk for each line of a section and for each number that is
+  /// tried. A picture is copied, even within one file system.
   virtual bool Save(const char16_t* folder, const char16_t* file_name) = 0;
 
   /// Adds a line of text: to the current block of the page, as a cell to the
@@ -154,8 +159,8 @@ class VELLOMARK_API IVellomark {
   virtual void BeginSection(const char16_t* name, const char16_t* target) = 0;
 
   /// Queues a heading for the path of the next section, outermost first, with a
-  /// style as in AddHeading. Sections with the same first headings stand together
-  /// on the page, and each of these headings is written once.
+  /// style as in AddHeading. Sections with the same first headings are placed
+  /// together on the page, and each of these headings is written once.
   virtual void AddSectionHeading(const char16_t* text, std::int32_t style) = 0;
 
   /// Reads the template page `path`, UTF-16 in either byte order, and empties the
@@ -180,11 +185,13 @@ class VELLOMARK_API IVellomark {
   ///
   /// The call never returns if the template has style text that never ends
   /// (docs/reading.md): don't load pages from sources that you don't trust. If an
-  /// exception is thrown, the page is unchanged, but no template may be left.
+  /// exception is thrown, the page is unchanged, but the report may have no template
+  /// any more.
   ///
-  /// Time is linear in the size of the template and of the body that is emptied,
-  /// and memory in the size of the template; markers inside markers cost the
-  /// square of their depth.
+  /// Time and memory are linear in the size of the template and of the texts of
+  /// its fields as they are written; time also in the size of the body that is
+  /// emptied. Markers inside markers and blocks nested in a marker make these
+  /// texts grow with the square of their depth.
   virtual void LoadTemplate(const char16_t* path) = 0;
 
   /// Returns whether the template has the field `name`, compared unit by unit. A
