@@ -14,12 +14,12 @@ class xhtml_markup;
 /// children, and children in the order of their list. The walk starts at the node itself,
 /// its root, and ends at the end of the root's list.
 ///
-/// Only the iterator that walked down keeps the path up. A copy refers to the same node but
-/// has an empty path, so it costs nothing by the depth of the tree: it is for dereferencing,
-/// like the result of a search. Moved on, a copy stays in its list and starts again after
-/// the end. Assignment copies the path too. Not movable: otherwise copy elision would decide
-/// whether the path is kept. So algorithms of the standard library, which copy iterators,
-/// can't use this one.
+/// Only the iterator that walked down knows the path back up. A copy refers to the same node
+/// but has an empty path, so copying takes constant time at any depth. A copy is meant for
+/// dereferencing, such as the result of a search: if it is incremented, it stays in its list
+/// and starts again after the end. Assignment copies the path too. Not movable: otherwise
+/// copy elision would decide whether the path is kept. Algorithms of the standard library
+/// copy iterators, so they can't use this one.
 ///
 /// Insertions and deletions elsewhere in the tree don't invalidate it, as for
 /// markup_iterator. A step takes constant time on average, memory linear in the depth of
@@ -32,7 +32,7 @@ class descendant_markup_iterator {
   /// A position in the walk over `root`, which may be a leaf: at `root` itself if `at_root`,
   /// otherwise at `current`. The walk starts with the beginning of the root's list and true;
   /// it is over with the end of that list and false. `current` may be deeper in the tree; the
-  /// walk then doesn't leave its list upwards.
+  /// walk then never moves up out of its list.
   descendant_markup_iterator(const markup_iterator& current, xhtml_markup* root, bool at_root)
       : current_(current), root_(root), at_root_(at_root) {}
 

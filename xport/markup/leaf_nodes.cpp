@@ -113,7 +113,7 @@ void xhtml_comment::write(xhtml_writer& writer) const { writer.write(*this); }
 xhtml_processing_instruction::xhtml_processing_instruction(ustring_view token)
     : text_leaf(node_type::processing_instruction, body(token, character_classes())) {}
 
-// The limit for the end is one more than its length needs, unlike the one for the start.
+// The limit for the end is longer than the delimiter, unlike the one for the start.
 ustring_view xhtml_processing_instruction::body(ustring_view token,
                                                 const character_classes& classes) {
   return body_of(token, u"<?", 2, u"?>", 4, classes);

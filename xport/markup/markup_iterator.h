@@ -12,7 +12,7 @@ class xhtml_markup;
 /// list. The list is a circle through its end: after the last child comes the end, after
 /// the end the first child.
 ///
-/// A position is valid as long as its child stays in the tree, whatever is inserted beside
+/// A position is valid as long as its child stays in the tree, whatever is inserted next to
 /// it. A default-constructed position is invalid: it has no owner, every operation of a
 /// node refuses it, and it must not be moved.
 ///

@@ -139,7 +139,7 @@ class node_pool {
 /// Where a node is made: on the heap or in the memory of a tree.
 ///
 /// A node in the memory of a tree never leaves that tree. Only elements and the parser make
-/// such nodes, and they link or delete them before anybody else sees them. So every node that
+/// such nodes, and they link or delete them before other code can see them. So every node that
 /// other code owns may be deleted or adopted by any element of any tree.
 class node_place {
  public:

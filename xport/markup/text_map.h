@@ -98,8 +98,8 @@ class text_map_base {
 
 /// An ordered map from `Key`, an enumeration, to text. Iterators visit the keys in ascending
 /// order, which is the order of output. A text that the map returns is valid until the map is
-/// changed. Operations that store throw std::bad_alloc, and std::length_error for a text of
-/// 2^32 units or more; the map is then unchanged.
+/// changed. Every change except clear() may throw std::bad_alloc; storing a text of 2^32 units
+/// or more throws std::length_error. The map is then unchanged.
 template <class Key>
 class text_map : public text_map_base {
  public:
@@ -155,7 +155,7 @@ class text_map : public text_map_base {
   }
 
   /// Stores those of `entries`, in any order, whose keys the map doesn't hold yet; of equal
-  /// keys it stores the first. Remakes the map once for all of them, and not at all if no
+  /// keys it stores the first. Rebuilds the map once for all of them, and not at all if no
   /// key is new. Also throws std::length_error for more than `most_additions` different keys.
   void insert_missing(std::span<const value_type> entries) {
     additions added;

@@ -48,7 +48,7 @@ class xhtml_doc {
   descendant_markup_iterator descendant_begin();
   descendant_markup_iterator descendant_end();
 
-  /// Finds the known elements anew after the tree was changed through root(): the last
+  /// Finds the known elements again after the tree was changed through root(): the last
   /// `html`, and in any `html` the last `head`, `title`, `body` and stray node. Those that
   /// aren't found become null. Deletes no node. Time is linear in the children of the root,
   /// of `html` and of `head`.
@@ -61,7 +61,7 @@ class xhtml_doc {
 
   /// Writes the writer's byte-order mark and the whole tree, and flushes the stream. False,
   /// with nothing written, if the stream has failbit or badbit to begin with. Later failures
-  /// show in the stream's state, and in the exceptions that the stream is told to throw. Time
+  /// set the stream's state; whether they also throw depends on the stream's exceptions(). Time
   /// is linear in the tree and the output.
   bool write(xhtml_writer& writer) const;
 

@@ -242,7 +242,7 @@ bool xhtml_element::keeps_order(tag_id parent, const const_markup_iterator& posi
   return true;
 }
 
-// A deep copy of `node`, not linked yet. Null if a derived class has no clone.
+// A deep copy of `node`, not linked yet. Null if the clone() of a derived class returns null.
 xhtml_markup* xhtml_element::copy_tree(const xhtml_markup& node) {
   if (!node.is_own_class()) return node.clone();
   std::unique_ptr<xhtml_markup> copy(node_place(*this).make_copy(node));

@@ -13,7 +13,7 @@ class xhtml_parser;
 
 /// An element: a rule record, attributes, an inline style and children. Elements are the
 /// only nodes with children. Whatever XHTML 1.0 Strict doesn't permit is refused silently:
-/// the result alone shows it.
+/// only the result shows it.
 ///
 /// In addition to the rules of the record, insert_copy and the operations that call it
 /// allow one `head` and one `body` in `html`, in this order, and one `title` in `head`. They

@@ -31,8 +31,8 @@ void xhtml_markup::note_heap_node() noexcept {
   if (element != nullptr && element->pool() != nullptr) element->pool()->note_heap_node();
 }
 
-// Walks the source along its own links, with `into` at the same place in the copy. All
-// nodes of the copy are made in one place. The clone of a derived class has its children.
+// Walks the source along its own links; `into` is the node at the same place in the copy. All
+// nodes of the copy are made in one place. A clone by a derived class includes the children.
 void xhtml_markup::copy_children(const xhtml_markup& source) {
   xhtml_element* const element = as_element();
   const node_place where = element != nullptr ? node_place(*element) : node_place();
@@ -55,8 +55,8 @@ void xhtml_markup::copy_children(const xhtml_markup& source) {
   }
 }
 
-// Goes down to a leaf, deletes it, and continues beside or above it. So each parent is a
-// leaf when it is deleted. A node of a derived class deletes its own children.
+// Descends to a leaf, deletes it, and continues with its next sibling or else its parent. So
+// each parent is a leaf when it is deleted. A node of a derived class deletes its own children.
 void xhtml_markup::delete_children() noexcept {
   xhtml_markup* parent = this;
   while (true) {
@@ -73,7 +73,7 @@ void xhtml_markup::delete_children() noexcept {
   }
 }
 
-// Leaves the list consistent, since the destructor of a derived class may look at it.
+// Keeps the list consistent, since the destructor of a derived class may read it.
 xhtml_markup* xhtml_markup::take_first_child() noexcept {
   xhtml_markup* const taken = first_child_;
   first_child_ = taken->next_;

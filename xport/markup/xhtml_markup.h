@@ -41,8 +41,8 @@ bool is_exactly(const Object& object, const std::type_info& own) noexcept {
 
 /// A node of a markup tree, and the one interface through which all nodes are used.
 /// Operations that make no sense for a kind of node have a harmless default: the end
-/// position, false, null, an empty text. A refusal is a result and no error. `node_kind()`
-/// and `tag()` tell what a node is.
+/// position, false, null, an empty text. A refusal is a result, not an error. `node_kind()`
+/// and `tag()` say what a node is.
 ///
 /// Ownership. A node owns its children. Trees are built from prototypes: a node made on the
 /// stack is passed by reference, a deep copy is inserted into the tree, and the returned
@@ -54,14 +54,14 @@ bool is_exactly(const Object& object, const std::type_info& own) noexcept {
 /// unchanged. (insert_range and insert_copies keep the copies that they made before.)
 ///
 /// Derived classes. Hosts may derive from every class of nodes. A tree uses a node of such
-/// a class through its virtual operations alone: can_contain() calls its category_flags(),
+/// a class only through its virtual operations: can_contain() calls its category_flags(),
 /// node_kind(), tag_trait() and tag(), insertion and copying call its clone(), the writer
 /// calls its write(). The caller owns the result of clone(). A node whose clone() returns
 /// null can't be inserted by copy and is left out of a copy of its parent. (g++ 12 gives a
 /// false -Wfree-nonheap-object warning for a class whose first base isn't the node, and
 /// can't compile one with a virtual base.)
 ///
-/// Depth. No operation uses machine stack by the depth of a tree of our own classes.
+/// Depth. No operation needs more machine stack for a deeper tree of our own classes.
 /// Copying, writing and deleting recurse once for each node of a derived class on the way
 /// down.
 class xhtml_markup {
@@ -103,7 +103,8 @@ class xhtml_markup {
   /// Inserts copies of the nodes from `first` up to `last` at `position`, one after the
   /// other, each as by insert_copy. If a copy is refused, the next ones are inserted before
   /// the first child: insert_copy returns the end, and after the end comes the first child.
-  /// The range may be in this node; positions of two lists are no range.
+  /// The range may be in this node. If `first` and `last` are in different lists, nothing is
+  /// inserted.
   virtual void insert_range(const_markup_iterator position, const_markup_iterator first,
                             const_markup_iterator last);
 
@@ -111,10 +112,10 @@ class xhtml_markup {
   virtual void insert_copies(const_markup_iterator position, std::size_t count,
                              const xhtml_markup& node);
 
-  /// Inserts character data before `position` and gives its position.
+  /// Inserts character data before `position` and returns its position.
   virtual markup_iterator insert_text(const_markup_iterator position, ustring_view text);
 
-  /// Inserts a deep copy of `node` before `position` and gives its position.
+  /// Inserts a deep copy of `node` before `position` and returns its position.
   virtual markup_iterator insert_copy(const_markup_iterator position, const xhtml_markup& node);
 
   /// insert_text and insert_copy at the end.
@@ -122,7 +123,7 @@ class xhtml_markup {
   virtual markup_iterator append_copy(const xhtml_markup& node);
 
   /// append_copy, and append_text where text is accepted; both return the node itself.
-  /// Nodes that are a text extend it.
+  /// A text leaf appends the text to its own.
   virtual xhtml_markup& operator<<(const xhtml_markup& node);
   virtual xhtml_markup& operator<<(ustring_view text);
 
@@ -180,7 +181,7 @@ class xhtml_markup {
   /// parent() or parse into it after that parent was deleted.
   virtual xhtml_markup* clone() const;
 
-  /// Whether this is an element that takes no content.
+  /// Whether this is an element that accepts no content.
   virtual bool is_empty_element() const;
 
   /// The text of the element's end tag; empty for an element without content. Throws
@@ -257,8 +258,8 @@ class xhtml_markup {
   void delete_children() noexcept;
   xhtml_markup* take_first_child() noexcept;
 
-  // Siblings are linked both ways. The first child's `previous_` is the last
-  // child, so that the parent needs one pointer only.
+  // Siblings are linked both ways. The first child's `previous_` is the last child, so that
+  // the parent needs only one pointer.
   xhtml_markup* parent_ = nullptr;
   xhtml_markup* next_ = nullptr;
   xhtml_markup* previous_ = nullptr;
@@ -268,7 +269,7 @@ class xhtml_markup {
   std::uint16_t granules_;         // the node's memory, in granules of the pool
   std::uint32_t text_size_ = 0;    // see text_leaf
 
-  // A node has children or a text, never both, so they share their place.
+  // A node has children or a text, never both, so they share memory.
   union {
     xhtml_markup* first_child_ = nullptr;
     char16* outside_text_;
@@ -297,11 +298,11 @@ inline void xhtml_markup::link(xhtml_markup* node, const xhtml_markup* before) n
     last->next_ = node;
     first_child_->previous_ = node;
   } else {
-    xhtml_markup* const behind = const_cast<xhtml_markup*>(before);
-    node->next_ = behind;
-    node->previous_ = behind->previous_;
-    (behind == first_child_ ? first_child_ : behind->previous_->next_) = node;
-    behind->previous_ = node;
+    xhtml_markup* const successor = const_cast<xhtml_markup*>(before);
+    node->next_ = successor;
+    node->previous_ = successor->previous_;
+    (successor == first_child_ ? first_child_ : successor->previous_->next_) = node;
+    successor->previous_ = node;
   }
 }
 

@@ -18,7 +18,7 @@ xhtml_writer::~xhtml_writer() {
 namespace {
 
 // The layout of a node that isn't an element of the table. `kind` may be any number. A leaf
-// that breaks the line after itself writes the line feed itself: the flag only tells its parent.
+// that breaks the line after itself writes the line feed itself: the flag is only for its parent.
 std::uint32_t layout_of_kind(std::int32_t kind) {
   switch (kind) {
     case static_cast<std::int32_t>(node_type::comment):
@@ -31,8 +31,8 @@ std::uint32_t layout_of_kind(std::int32_t kind) {
   }
 }
 
-// What a derived element's operations say about its tags, as a rule record. `name` holds
-// the record's name.
+// Describes the tags of a derived element by a rule record with the results of its
+// operations. The record refers to `name`, which receives the element's name.
 Tag_trait asked_rules(const xhtml_element& element, ustring& name) {
   name = element.tag_name();
   Tag_trait rules{};
@@ -248,10 +248,10 @@ void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rule
 inline void xhtml_writer::write_text(const text_leaf& node) {
   const tag_id parent = tag_of_parent(node);
   const std::int64_t level = parent == tag_id::pre ? 0 : std::max<std::int64_t>(indent_level, 0);
-  const bool as_it_stands =
+  const bool unwrapped =
       max_line_length == 0 || parent == tag_id::script || parent == tag_id::style ||
       (node.parent() != nullptr && layout_of(*node.parent()) == layout_preformatted);
-  if (as_it_stands)
+  if (unwrapped)
     put_lines(node.text(), blanks_at(level));
   else
     put_wrapped(node.text(), blanks_at(level));
@@ -305,7 +305,7 @@ void xhtml_writer::wrap(std::int64_t blanks) {
   indent(blanks);
 }
 
-// Puts text unchanged, with the indentation after each line feed. Leaves the column alone.
+// Puts text unchanged, with the indentation after each line feed. Doesn't change the column.
 void xhtml_writer::put_lines(ustring_view text, std::int64_t blanks) {
   while (true) {
     const std::size_t line_feed = find_unit(text, u'\n');

@@ -25,7 +25,7 @@ enum layout_flags : std::uint32_t {
   layout_break_before_end = 4,
   layout_break_behind_end = 8,
   layout_block = 15,        ///< all four
-  layout_preformatted = 32  ///< has no break bit, and its content stays untouched
+  layout_preformatted = 32  ///< has no break bit; its text isn't re-flowed
 };
 
 /// Values of `layout_flags` by element number.
@@ -33,7 +33,10 @@ using layout_flags_table = std::array<std::uint32_t, element_count>;
 
 /// The layout that every writer starts with. Elements that flow in the text are inline.
 /// `br` breaks the line after itself. `pre` is preformatted. All others, including the
-/// document root, are blocks.
+/// document root, are blocks. The layout is independent of `category`: `img`, `input`,
+/// `select`, `map`, `label`, `object`, `script` and `textarea` are inline by category but laid
+/// out as blocks. Entries of elements that Strict lacks apply only to nodes of derived classes
+/// whose tag() returns them.
 constexpr layout_flags_table default_layout() {
   layout_flags_table table{};
   table.fill(layout_block);
@@ -51,7 +54,7 @@ constexpr layout_flags_table default_layout() {
 }
 
 /// Writes a markup tree as text on a stream of code units. This class defines the output
-/// form: a pretty printer driven by a table of break flags. Blocks stand on lines of their
+/// form: a pretty printer driven by a table of break flags. Blocks are on lines of their
 /// own with their content indented, inline elements flow in the text, `br` breaks the line
 /// after itself, `pre` keeps its text. Comments flow in the text, instructions and the
 /// doctype end their lines. Lines end in one line feed.
@@ -60,18 +63,18 @@ constexpr layout_flags_table default_layout() {
 /// by unit as the nodes hold them. Time is linear in the tree and the output.
 ///
 /// A writer is made for one output. Its options are its fields, to be set before the first
-/// write. Units go straight into the put area of the stream's buffer, or in blocks of 64 KiB
-/// to a buffer that has none; they are part of the stream's output when write() returns.
-/// Failures show in the stream's state, and in the exceptions that the stream is told to
-/// throw; wrapping and blocks need memory and throw std::bad_alloc. White space is what the
-/// global locale classifies so at the start of the outermost write(); facets of that locale
-/// must not use the stream.
+/// write. Units are written directly into the put area of the stream's buffer, or in blocks of
+/// 64 KiB to a buffer that has none; they are part of the stream's output when write() returns.
+/// Failures set the stream's state; whether they also throw depends on the stream's
+/// exceptions(). Wrapping and blocks need memory and throw std::bad_alloc. White space is what
+/// the global locale classifies as such at the start of the outermost write(); facets of that
+/// locale must not use the stream.
 ///
 /// A node of a derived class is written by its own `write`. It sees the current
 /// `indent_level` and `column`, and everything written before it is on the stream. It may
 /// write to the stream itself and call write() for other nodes. Memory and machine stack
 /// don't grow with the depth of a tree of our own classes; each node of a derived class on
-/// the way down takes a few hundred bytes of the stack.
+/// the way down uses a few hundred bytes of the stack.
 class xhtml_writer {
  public:
   using stream_type = unit_output::stream_type;
@@ -95,11 +98,11 @@ class xhtml_writer {
   bool spaced_equals = false;                          ///< " = " and not "=" after attribute names
   std::uint32_t byte_order_mark = 2;                   ///< 2: U+FEFF; 3: U+0000 U+FEFF; else none
 
-  /// Writes `node` and all below it; for an element, then flushes the stream.
-  /// What the `write` operations of the nodes call.
+  /// Writes `node` and all below it; for an element, then flushes the stream. The `write`
+  /// operations of the nodes call this.
   void write(const xhtml_markup& node);
 
-  /// Writes the mark that `byte_order_mark` asks for.
+  /// Writes the mark that `byte_order_mark` selects.
   void write_byte_order_mark();
 
  private:
@@ -134,7 +137,7 @@ class xhtml_writer {
     column = 0;
   }
 
-  // The column is the number as it is: a negative one wraps, and decides where lines wrap.
+  // A negative number becomes a huge column, which affects where lines wrap.
   void indent(std::int64_t blanks) {
     output_.put_blanks(blanks);
     column = static_cast<std::uint64_t>(blanks);

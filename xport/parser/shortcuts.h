@@ -9,18 +9,19 @@
 
 namespace Xport {
 
-/// The parser's shortcuts. Each handles the most frequent form of something that the
-/// readers can read anyway, and saves work:
+/// The parser's shortcuts. The two that are members of xhtml_parser are declared in
+/// xhtml_parser.h. Each handles the most frequent form of something that the readers can read
+/// anyway, and saves work:
 ///
 /// | shortcut | saves |
 /// | --- | --- |
 /// | count_plain_letters | looking up the class of each letter of a name |
 /// | has_plain_blanks | looking up the class of each blank of an indentation |
-/// | xhtml_parser::take_plain_text | gathering a text that stands whole in the input's window |
+/// | xhtml_parser::take_plain_text | gathering a text that is complete in the input's window |
 /// | xhtml_parser::take_plain_end_tag | making a node for the end tag of the innermost element |
 ///
 /// The parser tries a shortcut before the plain way. If the shortcut doesn't apply, it has
-/// changed nothing. The two members are declared in xhtml_parser.h.
+/// changed nothing.
 ///
 /// Trees, messages and line numbers are the same without shortcuts. The tests check that: they
 /// run a second time with the parser built without them. VELLOMARK_SHORTCUTS=OFF leaves them

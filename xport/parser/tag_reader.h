@@ -6,6 +6,9 @@
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
 
+// Cuts the text of a start tag into attributes. The readers of whole tags are members of
+// xhtml_parser, declared in xhtml_parser.h.
+
 namespace Xport {
 
 /// Cuts the first attribute off the front of `text` and returns its name and value, which

@@ -5,8 +5,7 @@
 
 namespace Xport {
 
-/// A file that is open for writing. Implemented by whoever opens files: the platform
-/// layer, or a test.
+/// A file that is open for writing. The platform layer and the tests implement it.
 class byte_output {
  public:
   byte_output() = default;
@@ -34,10 +33,10 @@ class byte_input {
   virtual ~byte_input() = default;
 
   /// Reads the next `size` bytes into `bytes` and returns how many it read. Fewer than
-  /// `size` only at the end of the file and after an error; 0 if there is nothing.
+  /// `size` only at the end of the file and after an error; 0 if nothing is left.
   virtual std::size_t read(void* bytes, std::size_t size) = 0;
 
-  /// Goes back to the first byte. False if the file can't be rewound, for example a pipe.
+  /// Returns to the first byte. False if the file can't be rewound, for example a pipe.
   virtual bool rewind() = 0;
 };
 

@@ -24,17 +24,17 @@ void skip_space(unit_input input, const std::locale& locale) {
   while (!input.at_end() && classes.is_space(input.peek())) input.advance();
 }
 
-// Sets badbit, and rethrows the exception that is being handled if the stream's owner asks
-// for exceptions.
+// Sets badbit, and rethrows the exception that is being handled if the stream's exceptions()
+// include badbit.
 void note_exception(std::basic_istream<char16>& stream) {
   try {
     stream.setstate(std::ios_base::badbit);
-  } catch (const std::ios_base::failure&) {  // the exception that is being handled says more
+  } catch (const std::ios_base::failure&) {  // the exception that is being handled is more specific
   }
   if ((stream.exceptions() & std::ios_base::badbit) != 0) throw;
 }
 
-// The unit that formatted extraction would return next, without taking it; `end_unit` if
+// The unit that formatted extraction would return next, without extracting it; `end_unit` if
 // the stream isn't good afterwards. The standard library's own extraction needs facets that
 // no locale has for 16-bit units.
 char16 look_ahead(std::basic_istream<char16>& stream) {

@@ -15,14 +15,14 @@ namespace Xport {
 /// A stream buffer that reads code units from a file unchanged, least significant byte
 /// first on every machine. The odd last byte of a file is ignored.
 ///
-/// The file is read in blocks, the first one when the first unit is asked for. A block
+/// The file is read in blocks, the first one when the first unit is requested. A block
 /// that isn't full is the last one, whether the file ends there or can't be read: the
 /// file isn't read again.
 ///
 /// The only seek that works is to the first unit. The current position can't be queried.
 ///
-/// U+FFFF is a unit like any other, although `std::char_traits<char16_t>` can't tell it
-/// from the end: looking at one neither moves the buffer nor reads the file.
+/// U+FFFF is a unit like any other, although `std::char_traits<char16_t>` can't distinguish
+/// it from the end: looking at one neither moves the buffer nor reads the file.
 class file_input_buffer : public std::basic_streambuf<char16> {
  public:
   /// The units of a block, 64 KiB.

@@ -20,7 +20,7 @@ namespace Xport {
 /// its elements.
 ///
 /// Write runs of units (`write`, `sputn`, `<<`) or use unit_output. `put` and `sputc` use
-/// `std::char_traits<char16_t>`, which can't tell U+FFFF from the end.
+/// `std::char_traits<char16_t>`, which can't distinguish U+FFFF from the end.
 class file_output_buffer : public std::basic_streambuf<char16> {
  public:
   /// The units of a block.

@@ -11,8 +11,8 @@
 
 namespace Xport {
 
-/// A conversion between code units and bytes that converts nothing: it tells a stream that
-/// units pass unchanged. Create it with new and pass it to a locale, which then owns it.
+/// A conversion between code units and bytes that converts nothing: it reports to streams
+/// that no conversion is needed. Create it with new and pass it to a locale, which then owns it.
 class NullCodecvt : public std::codecvt<char16, char, std::mbstate_t> {
  public:
   NullCodecvt() = default;
@@ -45,7 +45,7 @@ class NullCodecvt : public std::codecvt<char16, char, std::mbstate_t> {
 /// `base` with NullCodecvt in it; its name is "*".
 inline std::locale with_null_codecvt(const std::locale& base) {
   auto facet = std::make_unique<NullCodecvt>();
-  std::locale locale(base, facet.get());  // owns the facet only when it is made
+  std::locale locale(base, facet.get());  // owns the facet once it is constructed
   facet.release();
   return locale;
 }

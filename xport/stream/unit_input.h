@@ -10,14 +10,14 @@
 
 namespace Xport {
 
-/// What a stream buffer returns at its end. A unit of that value in the input can't be told
-/// from the end, so it ends the input: nothing ever moves past it.
+/// What a stream buffer returns at its end. A unit of that value in the input can't be
+/// distinguished from the end, so it ends the input: nothing ever moves past it.
 inline constexpr char16 end_unit = 0xFFFF;
 
-/// Reads units straight from a stream buffer, without the stream and its state. Its
-/// position is always the buffer's position, so reading from the buffer in between works.
+/// Reads units directly from a stream buffer, without the stream and its state. Its position
+/// is always the buffer's position, so others may read from the buffer in between.
 ///
-/// Exceptions of the buffer pass through.
+/// Exceptions of the buffer reach the caller.
 class unit_input {
  public:
   using buffer_type = std::basic_streambuf<char16>;
@@ -77,12 +77,12 @@ class unit_input {
     static void bump(buffer_type& buffer, int count) { (buffer.*&access::gbump)(count); }
   };
 
-  // The standard library's sgetc() may return another unit for U+FFFF, to tell it from the
-  // end. So the unit is read from the get area if there is one.
+  // The standard library's sgetc() may return another unit for U+FFFF, to distinguish it
+  // from the end. So the unit is read from the get area if there is one.
   char16 look() const {
-    const auto answer = buffer_->sgetc();
+    const auto unit = buffer_->sgetc();
     if (access::count(*buffer_) != 0) return *access::next(*buffer_);
-    return static_cast<char16>(answer);
+    return static_cast<char16>(unit);
   }
 
   buffer_type* buffer_;

@@ -63,7 +63,7 @@ void unit_output::put_many_blanks(std::int64_t count) {
   }
 }
 
-// When a put area is full, the next unit goes through the stream's own write(), which makes
+// When a put area is full, the next unit is written by the stream's own write(), which makes
 // the buffer empty its area or provide another one. If it does neither, the units are
 // gathered in a block, as for a buffer without an area.
 void unit_output::make_room() {

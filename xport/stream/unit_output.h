@@ -11,16 +11,16 @@
 
 namespace Xport {
 
-/// Puts units straight into the put area of a stream's buffer, the counterpart of
-/// unit_input. A buffer that has no put area gets its units in blocks.
+/// Puts units directly into the put area of a stream's buffer, the counterpart of
+/// unit_input. A buffer that has no put area receives its units in blocks.
 ///
-/// The units lie after the stream's current position until commit() moves it, or until the
-/// put area is full. In between nobody else may use the stream: what others write overwrites
-/// them. Units of the put area that nobody put are never changed.
+/// Units are stored after the stream's current position, which moves past them when commit()
+/// is called or the put area is full. Until then nobody else may use the stream: their output
+/// would overwrite these units. The rest of the put area is never changed.
 ///
-/// Failures show in the stream's state, and in the exceptions that the stream is told to
-/// throw. A failed stream accepts nothing, and needs no memory for that. Only a block throws
-/// std::bad_alloc. If a function of this class throws, nothing is left to commit.
+/// Failures set the stream's state; whether they also throw depends on the stream's
+/// exceptions(). A failed stream accepts nothing and needs no memory. Only allocating a block
+/// throws std::bad_alloc. If a function of this class throws, nothing is left to commit.
 class unit_output {
  public:
   using stream_type = std::basic_ostream<char16>;
@@ -28,7 +28,7 @@ class unit_output {
   /// The units of a block for a buffer without a put area, 64 KiB.
   static constexpr std::size_t block_units = 32 * 1024;
 
-  /// Puts units on the stream that the variable `stream` points to at that time. The
+  /// Writes to the stream that the variable `stream` points to at the time of the call. The
   /// variable must outlive this object.
   explicit unit_output(stream_type* const& stream) : stream_(stream) {}
   explicit unit_output(stream_type* const&& stream) = delete;
@@ -107,7 +107,7 @@ class unit_output {
   char16* end_ = nullptr;
   std::unique_ptr<char16[]> block_;  // allocated once, for a buffer without a put area
 
-  // Room for the one unit after a full put area, and for what a failed stream is given.
+  // Room for the one unit after a full put area, and for output to a failed stream.
   static constexpr std::ptrdiff_t scratch_units = 64;
   char16 scratch_[scratch_units];
 };

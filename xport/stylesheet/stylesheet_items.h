@@ -35,12 +35,12 @@ class xhtml_stylesheet_item {
   xhtml_stylesheet_item& operator=(const xhtml_stylesheet_item&) = delete;
   virtual ~xhtml_stylesheet_item();
 
-  /// Inserts before `position` and returns the position of the new declaration. Time linear
-  /// in the number of declarations after it.
+  /// Inserts before `position` and returns the position of the new declaration. Amortized
+  /// time is linear in the number of declarations after it.
   virtual stylesheet_rule_iterator insert_declaration(stylesheet_rule_iterator position,
                                                       const stylesheet_declaration& declaration);
 
-  /// Add at the end; the first returns the position of the new declaration.
+  /// Both add at the end. add_declaration() also returns the new declaration's position.
   virtual stylesheet_rule_iterator add_declaration(const stylesheet_declaration& declaration);
   virtual void push_declaration(const stylesheet_declaration& declaration);
 
@@ -85,8 +85,8 @@ class xhtml_stylesheet_item {
   std::vector<stylesheet_declaration> declarations_;
 };
 
-/// A selector with its declarations in order. The selector is a plain text that is never
-/// analysed.
+/// A selector with its declarations, in the order of their positions, which is the order of
+/// output. The selector is a plain text that is never analysed.
 class xhtml_stylesheet_rule final : public xhtml_stylesheet_item {
  public:
   explicit xhtml_stylesheet_rule(ustring_view selector);

@@ -264,7 +264,7 @@
 
 namespace Xport {
 
-/// The number of an attribute. `not_found` is what every name outside the table resolves to.
+/// The number of an attribute. Every name outside the table resolves to `not_found`.
 enum class attr_id : std::int32_t { not_found = -1, XPORT_ATTRIBUTES(XPORT_ENUMERATOR) };
 
 namespace detail {

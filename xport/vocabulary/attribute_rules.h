@@ -41,7 +41,8 @@ inline constexpr attribute_set focus{attr::accesskey, attr::tabindex, attr::onfo
 inline constexpr attribute_set cellhalign{attr::align, attr::char_attr, attr::charoff};
 inline constexpr attribute_set cellvalign{attr::valign};
 
-/// The attribute lists of XHTML 1.0 Strict. Each element belongs to one rule.
+/// The attribute lists of XHTML 1.0 Strict. Each element belongs to one rule, except the
+/// document root and the elements that Strict lacks, which belong to none.
 inline constexpr attribute_rule rules[] = {
     // The document and its head.
     {{tag::html}, i18n, {attr::id, attr::xmlns}},

@@ -7,7 +7,7 @@
 
 namespace Xport::detail {
 
-/// What some elements accept inside them, and how they may stand inside others.
+/// What some elements accept as content, and where they may be placed themselves.
 struct content_rule {
   tag_set elements;
   std::uint32_t category_flags;

@@ -119,8 +119,7 @@
 
 namespace Xport {
 
-/// The number of a style property. `not_found` is what every name outside the table
-/// resolves to.
+/// The number of a style property. Every name outside the table resolves to `not_found`.
 enum class css_property_id : std::int32_t {
   not_found = -1,
   XPORT_CSS_PROPERTIES(XPORT_ENUMERATOR)

@@ -6,8 +6,10 @@
 
 #include "xport/text/char16.h"
 
-// The enumerator and the row of one `row(number, identifier)` or
-// `row(number, identifier, "name")` in the lists of names.
+// Each list of names is a macro with a line `row(number, identifier)` or
+// `row(number, identifier, "name")` for each name. These two, passed as `row`, turn a line
+// into an enumerator and into a row of the name table. They stay defined because every
+// header with such a list uses them.
 #define XPORT_ENUMERATOR(number, identifier, ...) identifier = number,
 #define XPORT_NAME_ROW(number, identifier, ...) {number, u"" #identifier, u"" __VA_ARGS__},
 
@@ -16,7 +18,8 @@ namespace Xport::detail {
 /// One row of a name table.
 template <class Id>
 struct name_row {
-  /// The name is `identifier` unless `other_name` says something else. Both are literals.
+  /// The name is `other_name`, or `identifier` if `other_name` is empty. The row refers to
+  /// the text, so both must be string literals.
   constexpr name_row(std::int32_t number, ustring_view identifier, ustring_view other_name)
       : id(Id{number}), name(other_name.empty() ? identifier : other_name) {}
 

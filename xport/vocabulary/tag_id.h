@@ -12,11 +12,17 @@
 // the identifier.
 //
 // To add an element, add
-// - a row with the next number at the end of this list,
-// - the element to a rule in content_rules.h, without which it can't be used,
+// - a row with the next number at the end of this list, since the numbers are fixed,
+// - the element to a rule in content_rules.h, without which it can't be used; an element with
+//   `category_none` must also be named in the `allowed_children` of a parent,
 // - the element to a rule in attribute_rules.h.
-// All counts and tables follow. The writer lays it out as a block unless default_layout() in
-// xport/markup/xhtml_writer.h lists it.
+// All counts and tables of the library follow. The writer lays the element out as a block
+// unless default_layout() in xport/markup/xhtml_writer.h lists it. These tests spell the list
+// or the rules again: content_model.cpp and writer_break_flags_test.cpp in tests/markup/;
+// tag_table_test.cpp, name_table_test.cpp and dtd_test.cpp in tests/vocabulary/.
+//
+// Elements that Strict lacks, such as `center`, have a row here but no rule, so they can't be
+// used. A rule in content_rules.h would allow them, but pages with them aren't valid.
 // clang-format off
 #define XPORT_ELEMENTS(row) \
   row(0, doc_root, "doc root") \
@@ -115,8 +121,8 @@
 
 namespace Xport {
 
-/// The number of an element. `invalid_tag`, the number after the last element, is what
-/// every name outside the table resolves to.
+/// The number of an element. Every name outside the table resolves to `invalid_tag`, the
+/// number after the last element.
 enum class tag_id : std::int32_t { XPORT_ELEMENTS(XPORT_ENUMERATOR) invalid_tag };
 
 namespace detail {

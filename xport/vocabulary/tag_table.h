@@ -16,7 +16,7 @@ inline constexpr std::size_t tag_record_count = element_count + 1;
 using tag_set = id_set<tag_id, tag_record_count>;
 using attribute_set = id_set<attr_id, attribute_count>;
 
-/// Values of Tag_trait::category_flags: how an element may stand inside others.
+/// Values of Tag_trait::category_flags: where an element may be placed.
 enum category : std::uint32_t { category_none = 0, category_block = 1, category_inline = 2 };
 
 /// Bits of Tag_trait::content_flags: which kinds of content an element accepts.
@@ -50,8 +50,9 @@ constexpr bool takes_nothing(const Tag_trait& parent) {
 }
 
 /// Whether an element with the rules `parent` accepts the element `child` of the category
-/// `category_flags`. If the category is accepted, all elements are but the excluded ones;
-/// otherwise only those allowed by name. `invalid_tag` is accepted nowhere.
+/// `category_flags`. If `parent` accepts the category, it accepts every element of it except
+/// those in `excluded_children`. Otherwise it accepts only the elements in `allowed_children`.
+/// `invalid_tag` is accepted nowhere.
 constexpr bool takes_element(const Tag_trait& parent, tag_id child, std::uint32_t category_flags) {
   if (child == tag_id::invalid_tag) return false;
   const bool by_category = (parent.content_flags & (content_block | content_inline)) != 0 &&
