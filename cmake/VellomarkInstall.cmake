@@ -29,7 +29,7 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/vellomark-config-version
 install(FILES "${PROJECT_BINARY_DIR}/vellomark-config.cmake"
               "${PROJECT_BINARY_DIR}/vellomark-config-version.cmake" DESTINATION "${package_dir}")
 
-# The prefix in the pkg-config file is told relative to the file, so that an installed
+# The prefix in the pkg-config file is relative to the file, so that an installed
 # tree may be moved and `cmake --install --prefix` works.
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY
            "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" OUTPUT_VARIABLE prefix_from_pc)

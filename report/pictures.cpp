@@ -28,11 +28,11 @@ void VellomarkObj::RelocatePicture(std::list<xhtml_element>& elements,
   const ustring source = report::ElementPlainText(elements.front());
   if (source.empty() || !files.is_file(source)) return;
   const ustring picture = PictureName(source);
-  if (!files.copy_file(source, picture_folder + picture)) return;
+  if (!files.copy_file(source, picture_folder + picture)) return;  // Not reported.
 
   std::list<xhtml_element> image;
   image.emplace_back(tag_id::img, u"", u"").set_attribute(attr_id::src, picture_link + picture);
   elements.pop_front();
   elements.splice(elements.begin(), image);
-  files.remove_file(source);
+  files.remove_file(source);  // Not reported.
 }

@@ -20,7 +20,7 @@ struct ReportSection {
   std::list<std::int32_t> heading_styles;    ///< their styles, one for each text
 };
 
-/// Finds the section that comes next on the page without scanning all that remain.
+/// Finds the section that comes next on the page without scanning the remaining sections.
 ///
 /// The heading paths of the sections form a tree. Each of its nodes lists the sections at and
 /// below it in order of creation. The section that shares the most leading headings with

@@ -67,7 +67,7 @@ void VellomarkObj::WriteSections(const ustring& folder, const ustring& stem) {
   if (sections.empty()) return;
   const ustring picture_link = stem + u"_files\\";
   const ustring picture_folder = folder + picture_link;
-  files.create_directory(picture_folder);
+  files.create_directory(picture_folder);  // Not reported: then no picture can be copied.
 
   SectionIndex index(sections);
   PagePath path;
@@ -89,7 +89,7 @@ void VellomarkObj::WriteSections(const ustring& folder, const ustring& stem) {
   }
 }
 
-// Headings are compared place by place, so one may be left out although one above it
+// Headings are compared position by position, so one may be left out although one above it
 // differs.
 void VellomarkObj::PlaceHeadings(const SectionIndex::Entry& next, PagePath& path) {
   ReportSection& section = *next.section;

@@ -19,7 +19,7 @@ std::int32_t WrappingAdd(std::int32_t a, std::int32_t b) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
 }
 
-// In a cell a line feed becomes a tag, because a browser shows it as a blank.
+// In a cell a line feed becomes a tag, because a browser shows a line feed as a blank.
 ustring WithLineBreaks(ustring_view text) {
   ustring broken;
   broken.reserve(text.size() +
@@ -52,8 +52,8 @@ bool VellomarkObj::OpenTable(std::int32_t columns) {
 }
 
 // All section tables share one element. Clearing it deletes the rows of an outer table, so
-// the position of its last row is reset. (States that were saved earlier have theirs
-// reset already.) Only the first two steps can throw. The attributes are always the same,
+// the position of its last row is reset. (In states that were saved earlier it has already
+// been reset.) Only the first two steps can throw. The attributes are always the same,
 // so setting them again doesn't change a table that is open.
 bool VellomarkObj::OpenSectionTable(std::int32_t columns) {
   SetTableAttributes(section_table);

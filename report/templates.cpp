@@ -52,7 +52,7 @@ xhtml_markup* TemplateBody(xhtml_doc& page) {
 
 // Cuts the body at each `p` whose first child is the marker of the next field. That `p`
 // belongs to no segment, and neither does any child that isn't an element. A field whose
-// marker stands elsewhere is never matched, so nothing is cut from there on.
+// marker is elsewhere never matches, so there are no further cuts.
 std::list<Segment> SplitTemplate(xhtml_doc& page, const std::vector<ustring>& fields) {
   std::list<Segment> segments;
   xhtml_markup* const body = TemplateBody(page);

@@ -17,12 +17,12 @@
 #include "xport/markup/xhtml_element.h"
 #include "xport/text/char16.h"
 
-/// The report behind IVellomark, which documents the public operations.
+/// Implements IVellomark; see that class for the public operations.
 ///
 /// The page is flat: headings, tables and paragraphs are children of the body, and
 /// lines of text are children of a paragraph.
 ///
-/// A position never dangles: whatever deletes a node also resets the positions that
+/// A position never dangles: a function that deletes a node also resets the positions that
 /// point to it. A reset paragraph or row is replaced by a new one when it is needed; a
 /// cell whose table is reset is dropped.
 class VellomarkObj final : public IVellomark {
@@ -56,8 +56,8 @@ class VellomarkObj final : public IVellomark {
   void EndDirectLinks() override;
 
  private:
-  /// Where the next line or cell goes. OpenTable in section mode saves it on
-  /// `table_stack`, and CloseTable restores it.
+  /// The current table state, and the form in which `table_stack` keeps it: OpenTable in
+  /// section mode saves it there, and CloseTable restores it.
   struct SavedTableState {
     Xport::markup_iterator cursor;    // the paragraph that receives the next line
     bool in_table = false;            // text becomes cells
@@ -112,8 +112,8 @@ class VellomarkObj final : public IVellomark {
   /// `stem` + "_files" in it.
   void WriteSections(const Xport::ustring& folder, const Xport::ustring& stem);
 
-  /// Adds those headings of the section that `path` lacks, and makes its path the new
-  /// `path` if it added any.
+  /// Adds those headings of the section that `path` lacks. If it added any, sets `path` to
+  /// the path of the section.
   void PlaceHeadings(const report::SectionIndex::Entry& next, report::PagePath& path);
 
   /// Moves the first of `elements` to the page. `picture_folder` is the folder of
@@ -125,7 +125,9 @@ class VellomarkObj final : public IVellomark {
 
   /// If the text of the first element is the path of an existing file, moves that file to
   /// `picture_folder` and replaces the element with an `img`. A file that can't be copied
-  /// stays where it is, and the element, with the path as its text, stays too.
+  /// stays where it is, and the element, with the path as its text, stays too. If the file
+  /// can't be removed after the copy, it is in both places. Neither failure is reported.
+  /// Throws std::out_of_range if the path of an existing file has fewer than 4 units.
   void RelocatePicture(std::list<Xport::xhtml_element>& elements,
                        const Xport::ustring& picture_folder, const Xport::ustring& picture_link);
 
@@ -137,19 +139,19 @@ class VellomarkObj final : public IVellomark {
   platform::file_system& files;
   platform::url_opener& browser;
 
-  std::unique_ptr<Xport::xhtml_doc> doc;      // the page
-  bool cursor_ready = false;                  // some paragraph has been started
-  Xport::markup_iterator table_pos;           // the open table of the page
-  SavedTableState state;                      // the present state
-  std::vector<SavedTableState> table_stack;   // one for each open section table
-  Xport::xhtml_element section_table;         // the open section table, whatever its depth
-  Xport::xhtml_element link_cell;             // the cell that AddLink prepared
-  Xport::xhtml_element link_anchor;           // the anchor that AddLink prepared
-  bool section_mode = false;                  // text and tables go to the last section
-  bool direct_links = false;                  // text and links stay on the page even so
-  Xport::ustring pending_id;                  // the `id` of the next heading; used once
-  std::list<Xport::ustring> path_texts;       // headings queued for the next section
-  std::list<std::int32_t> path_styles;        // their styles
+  std::unique_ptr<Xport::xhtml_doc> doc;     // the page
+  bool cursor_ready = false;                 // some paragraph has been started
+  Xport::markup_iterator table_pos;          // the open table of the page
+  SavedTableState state;                     // the current state
+  std::vector<SavedTableState> table_stack;  // one for each open section table
+  Xport::xhtml_element section_table;        // shared by all nesting depths
+  Xport::xhtml_element link_cell;            // the cell that AddLink prepared
+  Xport::xhtml_element link_anchor;          // the anchor that AddLink prepared
+  bool section_mode = false;                 // text and tables go to the last section
+  bool direct_links = false;                 // text and links stay on the page even in section mode
+  Xport::ustring pending_id;                 // the `id` of the next heading; used once
+  std::list<Xport::ustring> path_texts;      // headings queued for the next section
+  std::list<std::int32_t> path_styles;       // their styles
   std::list<report::ReportSection> sections;  // in order of creation; one that an exception
                                               // interrupted in Save comes first
   report::FieldTexts template_fields;

@@ -11,8 +11,8 @@ namespace report {
 /// of template fields are such texts, so a change of the writer's layout changes them.
 Xport::ustring WrittenText(const Xport::xhtml_markup& node);
 
-/// Returns WrittenText of `element` with its tags cut out. References are not decoded. A
-/// ">" before the next "<" ends the cutting: the rest of the text stays unchanged.
+/// Returns WrittenText of `element` with its tags cut out. References are not decoded. Cutting
+/// stops at a ">" that comes before the next "<": the rest of the text stays unchanged.
 Xport::ustring ElementPlainText(const Xport::xhtml_element& element);
 
 }  // namespace report

@@ -6,8 +6,8 @@
 
 namespace samples {
 
-/// Appends an element to `parent` and returns it. An empty `id` or `class_name` leaves that
-/// attribute out. If `parent` may not contain the element, returns a node that ignores all
+/// Appends an element to `parent` and returns it. An empty `id` or `class_name` omits that
+/// attribute. If `parent` may not contain the element, returns a node that ignores all
 /// content.
 inline Xport::xhtml_markup& add_element(Xport::xhtml_markup& parent, Xport::tag_id tag,
                                         Xport::ustring_view id = {},
@@ -15,7 +15,7 @@ inline Xport::xhtml_markup& add_element(Xport::xhtml_markup& parent, Xport::tag_
   return *parent.append_copy(Xport::xhtml_element(tag, id, class_name));
 }
 
-/// Does the same and appends `text` to the element. An empty text becomes an empty text node.
+/// Calls add_element() and appends `text` to the element. An empty text becomes an empty text node.
 inline Xport::xhtml_markup& add_text_element(Xport::xhtml_markup& parent, Xport::tag_id tag,
                                              Xport::ustring_view text, Xport::ustring_view id = {},
                                              Xport::ustring_view class_name = {}) {

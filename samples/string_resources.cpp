@@ -1,8 +1,12 @@
 #include "samples/string_resources.h"
 
+#include <cstddef>
+
 namespace samples {
 
 namespace {
+
+constexpr std::size_t longest_text = 255;
 
 #if VELLOMARK_SAMPLE_STRINGS
 constexpr string_entry string_table[] = {
@@ -18,7 +22,7 @@ constexpr std::span<const string_entry> string_table;
 Xport::ustring_view find_string(std::span<const string_entry> table, std::uint32_t number) {
   for (const string_entry& entry : table) {
     if (entry.number != number) continue;
-    const Xport::ustring_view text = entry.text.substr(0, longest_string_resource);
+    const Xport::ustring_view text = entry.text.substr(0, longest_text);
     return text.substr(0, text.find(u'\0'));
   }
   return {};

@@ -1,7 +1,6 @@
 #ifndef SAMPLES_STRING_RESOURCES_H
 #define SAMPLES_STRING_RESOURCES_H
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -14,9 +13,6 @@ struct string_entry {
   std::uint32_t number;
   Xport::ustring_view text;
 };
-
-/// The longest text that a look-up returns, in units.
-inline constexpr std::size_t longest_string_resource = 255;
 
 /// Returns the first text in `table` with this number, cut after 255 units and at its first
 /// zero unit; an empty text if there is none. Searches linearly. Throws nothing.

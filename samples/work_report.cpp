@@ -168,7 +168,8 @@ void add_control(xhtml_markup& parent) {
       u"http://www.example.com/downloads/hoopsatlcontrol.cab#version=-1,-1,-1,-1");
   control.set_attribute(attr_id::height, u"600");
   control.set_attribute(attr_id::name, u"atltest");
-  // A plain attribute: the inline style would be written after all attributes, without blanks.
+  // A plain attribute, so it is written among the other attributes; the inline style would
+  // follow them.
   control.set_attribute(attr_id::style, u"border: 1px solid #000;");
   control.set_attribute(attr_id::title,
                         u"Once the control has loaded, right-click for the Control Tools menu.");

@@ -1,6 +1,6 @@
 // Calls every operation and saves the page as Vellomark/every_operation.htm in the folder that the
 // argument names. Some calls are unusual, to show their results, so parts of the page aren't valid;
-// the tests tell which and why. No template is loaded, since it would replace the page:
+// the tests say which and why. No template is loaded, since it would replace the page:
 // template_report fills one.
 #include <initializer_list>
 #include <iostream>
@@ -92,8 +92,8 @@ void use_section_mode(IVellomark& report) {
   report.AddText(u"Behind section mode", false);
 }
 
-// Save adds the sections to the end of the page. There the third one follows the first, with which
-// it shares a heading. The last heading has no section and isn't written.
+// Save adds the sections to the end of the page. The third one comes right after the first there,
+// because they share a heading. The last heading has no section and isn't written.
 void add_sections(IVellomark& report) {
   report.AddHeading(u"Sections", 1);
   report.AddSectionHeading(u"Shared", 2);

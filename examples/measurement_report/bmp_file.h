@@ -12,7 +12,7 @@ namespace measurement_report {
 /// compressed, the lowest row first.
 std::string to_bmp(const image& picture);
 
-/// Makes or replaces the file. Throws std::runtime_error if it can't be written.
+/// Creates or replaces the file. Throws std::runtime_error if it can't be written.
 void write_bmp(const std::filesystem::path& path, const image& picture);
 
 }  // namespace measurement_report

@@ -8,7 +8,7 @@
 
 namespace measurement_report {
 
-/// A colour by its parts of red, green and blue.
+/// A colour by its red, green and blue components.
 struct color {
   std::uint8_t red;
   std::uint8_t green;

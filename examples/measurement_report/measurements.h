@@ -12,11 +12,11 @@ namespace measurement_report {
 /// One value and its label, such as a date.
 struct measurement {
   std::u16string label;
-  std::u16string text;  ///< the value as the file has it
+  std::u16string text;  ///< the value as it is written in the file
   double value;
 };
 
-/// The measurements that have the same place in the outline.
+/// The measurements that have the same path of headings and the same name.
 struct measurement_group {
   std::vector<std::u16string> path;  ///< the headings above it, outermost first
   std::u16string name;

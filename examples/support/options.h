@@ -7,7 +7,7 @@
 
 namespace examples {
 
-/// What the user asks for on the command line.
+/// The options of the command line.
 struct options {
   std::string input;   ///< path of the CSV file; empty: the data of the examples
   std::string name;    ///< name of the page; empty: the library's choice

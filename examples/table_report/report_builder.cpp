@@ -79,7 +79,7 @@ class builder {
          counted(largest->records.size(), u"row", u"rows"));
   }
 
-  // The first cell of a group stands beside one cell for each of its records.
+  // The first cell of a group spans one row for each of its records.
   void add_group_table() {
     heading(anchored(groups_anchor_, u"By " + table_.header[0]), 2);
     line(u"Each row shows " + escape(joined(table_.header)));

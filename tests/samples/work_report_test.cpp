@@ -45,7 +45,7 @@ TEST_F(WorkReport, ReplacesAFile) {
   EXPECT_TRUE(is_golden(text(), "work_report.xhtml"));
 }
 
-// In the inline style it would follow all attributes and lose its blanks.
+// In the inline style it would follow all other attributes.
 TEST_F(WorkReport, WritesTheStyleOfTheControlAsAnAttribute) {
   EXPECT_EQ(count(text(), u" name='atltest' style='border: 1px solid #000;' title='Once "), 1u);
   EXPECT_EQ(count(text(), u" style="), 1u);
