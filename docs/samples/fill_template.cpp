@@ -1,6 +1,6 @@
 #include <vellomark/vellomark.h>
 
-// Fills the template delivery_note.htm, which lies in the current folder, and writes
+// Fills the template delivery_note.htm, which is in the current folder, and writes
 // Vellomark/note.htm below it.
 int main() {
   boost::shared_ptr<IVellomark> report = vellomark::CreateInstance();
@@ -9,7 +9,7 @@ int main() {
   zov_shared_array<CZovString> fields;
   report->GetTemplateFields(fields);
   for (const CZovString& field : fields) {
-    // The page goes on to the field. Its name stays in the list as it is.
+    // Adds the template up to this field to the page. The field keeps its name.
     report->SetTemplateField(field.c_str(), true, field.c_str());
     if (field == CZovString(u"Receiver")) {
       report->AddText(u"Ada Lovelace, London", false);

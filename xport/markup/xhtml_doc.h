@@ -60,7 +60,7 @@ class xhtml_doc {
   markup_iterator add_stylesheet(const xhtml_stylesheet& sheet);
 
   /// Writes the writer's byte-order mark and the whole tree, and flushes the stream. False,
-  /// with nothing written, if the stream has failbit or badbit to begin with. Later failures
+  /// with nothing written, if the stream already has failbit or badbit. Later failures
   /// set the stream's state; whether they also throw depends on the stream's exceptions(). Time
   /// is linear in the tree and the output.
   bool write(xhtml_writer& writer) const;

@@ -192,7 +192,7 @@ void xhtml_writer::write_attributes(const xhtml_element& element) {
   }
 }
 
-// The column is off on purpose: the opening quote isn't counted, and each piece counts one
+// The column is deliberately wrong: the opening quote isn't counted, and each piece counts one
 // unit too many. Where lines wrap depends on it.
 void xhtml_writer::write_style(const xhtml_element& element) {
   output_.put(u" style");

@@ -34,7 +34,7 @@ class unit_input {
 
   bool at_end() const { return peek() == end_unit; }
 
-  /// The units that the buffer has at hand, from the next one on: at least one, or none at
+  /// The units that the buffer already holds, from the next one on: at least one, or none at
   /// the end. Any but the first may be `end_unit`. Valid until the buffer is read further,
   /// and no longer than this object.
   ustring_view window() const {

@@ -12,8 +12,8 @@ namespace Xport {
 /// Returns `number` in decimal, with a leading "-" if it is negative.
 template <std::integral Number>
 ustring to_ustring(Number number) {
-  char digits[std::numeric_limits<Number>::digits10 +
-              2];  // digits10, plus one more digit and the sign
+  // digits10, plus one more digit and the sign.
+  char digits[std::numeric_limits<Number>::digits10 + 2];
   char* const end = std::to_chars(digits, digits + sizeof(digits), number).ptr;
   return ustring(digits, end);
 }
