@@ -7,11 +7,10 @@
 #include <ios>
 #include <ostream>
 #include <random>
-#include <stdexcept>
-#include <streambuf>
 #include <vector>
 
 #include "tests/support/golden.h"
+#include "tests/support/unit_buffers.h"
 #include "xport/stream/ustring_stream.h"
 
 namespace test {
@@ -106,58 +105,6 @@ TEST(UnitOutput, RandomCalls) {
   }
 }
 
-// A buffer with a put area of a few units. It can be told to fail or to throw instead of
-// emptying the area.
-class area_buffer : public std::basic_streambuf<char16> {
- public:
-  explicit area_buffer(std::size_t room) : area_(room, u'x') { empty_area(); }
-
-  ustring text() const { return text_ + ustring(pbase(), pptr()); }
-
-  // The units of the area that nobody put, as they are.
-  ustring rest() const { return {pptr(), epptr()}; }
-
-  int overflows = 0;
-  int syncs = 0;
-  int failing = 0;   // the number of the overflow that fails, from 1; 0: none
-  int throwing = 0;  // the same for throwing
-
- protected:
-  int_type overflow(int_type unit) override {
-    ++overflows;
-    if (overflows == failing) return traits_type::eof();
-    if (overflows == throwing) throw std::runtime_error("the buffer broke");
-    text_ = text();
-    empty_area();
-    return traits_type::eq_int_type(unit, traits_type::eof()) ? traits_type::not_eof(unit)
-                                                              : sputc(static_cast<char16>(unit));
-  }
-  int sync() override {
-    ++syncs;
-    return 0;
-  }
-
- private:
-  void empty_area() { setp(area_.data(), area_.data() + area_.size()); }
-
-  ustring area_;
-  ustring text_;
-};
-
-// A buffer without a put area, which records the size of each run.
-class sink_buffer : public std::basic_streambuf<char16> {
- public:
-  ustring text;
-  std::vector<std::size_t> runs;
-
- protected:
-  std::streamsize xsputn(const char16* units, std::streamsize count) override {
-    text.append(units, static_cast<std::size_t>(count));
-    runs.push_back(static_cast<std::size_t>(count));
-    return count;
-  }
-};
-
 ustring counted(std::size_t count) {
   ustring text;
   for (std::size_t i = 0; i < count; ++i) text += static_cast<char16>(1 + i % 60'000);
@@ -217,15 +164,15 @@ TEST(UnitOutput, UnitsAfterTheLastOneAreNotChanged) {
 }
 
 TEST(UnitOutput, ABufferWithoutAPutAreaGetsBlocks) {
-  sink_buffer buffer;
+  run_buffer buffer;
   std::basic_ostream<char16> stream(&buffer);
   unit_output::stream_type* const target = &stream;
   unit_output output(target);
   for (int i = 0; i < 3; ++i) output.put(ustring(block - 1, u'x'));
-  EXPECT_EQ(buffer.runs, (std::vector<std::size_t>{block, block}));
+  EXPECT_EQ(buffer.runs(), (std::vector<std::size_t>{block, block}));
   output.commit();
-  EXPECT_EQ(buffer.runs, (std::vector<std::size_t>{block, block, block - 3}));
-  EXPECT_TRUE(same_units(buffer.text, ustring(3 * block - 3, u'x')));
+  EXPECT_EQ(buffer.runs(), (std::vector<std::size_t>{block, block, block - 3}));
+  EXPECT_TRUE(same_units(buffer.text(), ustring(3 * block - 3, u'x')));
 }
 
 TEST(UnitOutput, AFailedStreamAcceptsNothing) {
@@ -266,7 +213,7 @@ TEST(UnitOutput, AnExceptionOfTheBufferPassesIfTheStreamAsksForIt) {
     unit_output::stream_type* const target = &stream;
     unit_output output(target);
     if (asked)
-      EXPECT_THROW(output.put(counted(100)), std::runtime_error);
+      EXPECT_THROW(output.put(counted(100)), output_broke);
     else
       EXPECT_NO_THROW(output.put(counted(100)));
     EXPECT_TRUE(stream.bad());

@@ -9,12 +9,13 @@
 #include <stdexcept>
 #include <streambuf>
 #include <utility>
+#include <vector>
 
 #include "tests/support/names.h"
 #include "xport/stream/unit_input.h"
 #include "xport/text/char16.h"
 
-// Streams and stream buffers that are hard to read, or that record how they are used.
+// Streams and stream buffers that are hard to read or to write, or that record how they are used.
 
 namespace test {
 
@@ -154,6 +155,89 @@ class mortal_input : public std::basic_istringstream<char16> {
 
  private:
   int& deaths_;
+};
+
+/// What an area_buffer throws.
+struct output_broke : std::runtime_error {
+  output_broke() : std::runtime_error("the output broke") {}
+};
+
+/// An output buffer with a put area of a few units. It can be told to fail or to throw instead
+/// of emptying the area. It keeps U+FFFF in runs of units, as the library's own buffers do.
+class area_buffer : public unit_buffer {
+ public:
+  explicit area_buffer(std::size_t room) : area_(room, u'x') { reset_area(); }
+
+  /// All that was written, including what is still in the area.
+  ustring text() const { return text_ + ustring(pbase(), pptr()); }
+
+  /// The units of the area that nobody put, as they are.
+  ustring rest() const { return {pptr(), epptr()}; }
+
+  int overflows = 0;
+  int syncs = 0;
+  int failing = 0;   ///< the number of the overflow that fails, from 1; 0: none
+  int throwing = 0;  ///< the same for throwing
+
+ protected:
+  int_type overflow(int_type unit) override {
+    if (!empty_area()) return traits_type::eof();
+    if (!traits_type::eq_int_type(unit, traits_type::eof()))
+      append(traits_type::to_char_type(unit));
+    return traits_type::not_eof(unit);
+  }
+
+  // The inherited function passes U+FFFF to overflow() as another unit.
+  std::streamsize xsputn(const char16* units, std::streamsize count) override {
+    for (std::streamsize done = 0; done < count; ++done) {
+      if (pptr() == epptr() && !empty_area()) return done;
+      append(units[done]);
+    }
+    return count;
+  }
+
+  int sync() override {
+    ++syncs;
+    return 0;
+  }
+
+ private:
+  void append(char16 unit) {
+    *pptr() = unit;
+    pbump(1);
+  }
+
+  bool empty_area() {
+    ++overflows;
+    if (overflows == failing) return false;
+    if (overflows == throwing) throw output_broke();
+    text_.append(pbase(), pptr());
+    reset_area();
+    return true;
+  }
+
+  void reset_area() { setp(area_.data(), area_.data() + area_.size()); }
+
+  ustring area_;
+  ustring text_;
+};
+
+/// An output buffer without a put area. It records the size of each run.
+class run_buffer : public unit_buffer {
+ public:
+  const ustring& text() const { return text_; }
+  const std::vector<std::size_t>& runs() const { return runs_; }
+
+ protected:
+  std::streamsize xsputn(const char16* units, std::streamsize count) override {
+    text_.append(units, static_cast<std::size_t>(count));
+    runs_.push_back(static_cast<std::size_t>(count));
+    return count;
+  }
+
+ private:
+  ustring text_;
+  std::vector<std::size_t> runs_;
 };
 
 }  // namespace test
