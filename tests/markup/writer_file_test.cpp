@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cwchar>
-#include <locale>
 #include <memory>
 #include <string>
 
@@ -111,37 +109,6 @@ TEST(WriterFile, AWriterMayOwnTheStreamOfAFile) {
   EXPECT_TRUE(same_units(record.units(), u"<b>x</b>"));
   EXPECT_EQ(record.closes, 1);
   EXPECT_EQ(record.deaths, 1);
-}
-
-TEST(WriterFile, NullCodecvtConvertsNothing) {
-  const auto* const facet = new NullCodecvt;
-  const std::locale locale(std::locale::classic(), facet);
-  EXPECT_TRUE(facet->always_noconv());
-  EXPECT_EQ(facet->max_length(), 2);
-  EXPECT_EQ(facet->encoding(), 2);
-
-  std::mbstate_t state{};
-  const char16 units[] = {u'a', 0xFFFF};
-  const char16* units_next = nullptr;
-  char bytes[4] = {1, 2, 3, 4};
-  char* bytes_next = nullptr;
-  EXPECT_EQ(facet->out(state, units, units + 2, units_next, bytes, bytes + 4, bytes_next),
-            std::codecvt_base::noconv);
-  EXPECT_EQ(facet->unshift(state, bytes, bytes + 4, bytes_next), std::codecvt_base::noconv);
-
-  char16 read[2];
-  char16* read_next = nullptr;
-  const char* from_next = nullptr;
-  EXPECT_EQ(facet->in(state, bytes, bytes + 4, from_next, read, read + 2, read_next),
-            std::codecvt_base::noconv);
-  EXPECT_EQ(facet->length(state, bytes, bytes + 4, 3), 3);
-  EXPECT_EQ(facet->length(state, bytes, bytes + 4, 4), 4);
-  EXPECT_EQ(facet->length(state, bytes, bytes + 4, 9), 4);
-  EXPECT_EQ(facet->length(state, bytes, bytes, 9), 0);
-}
-
-TEST(WriterFile, ALocaleWithNullCodecvtHasTheNameStar) {
-  EXPECT_EQ(with_null_codecvt(std::locale::classic()).name(), "*");
 }
 
 TEST(WriterFile, NullCodecvtChangesNothingInMemory) {

@@ -19,7 +19,7 @@ std::streamsize put(file_output_buffer& buffer, ustring_view units) {
   return buffer.sputn(units.data(), static_cast<std::streamsize>(units.size()));
 }
 
-TEST(FileBuffer, BytesAreLeastSignificantFirst) {
+TEST(FileOutputBuffer, BytesAreLeastSignificantFirst) {
   file_record record;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
   EXPECT_EQ(put(buffer, u"\u0102\uFF00\uFFFF"), 3);
@@ -27,7 +27,7 @@ TEST(FileBuffer, BytesAreLeastSignificantFirst) {
   EXPECT_EQ(record.bytes, std::string("\x02\x01\x00\xFF\xFF\xFF", 6));
 }
 
-TEST(FileBuffer, SynchronisingDoesNotWrite) {
+TEST(FileOutputBuffer, SynchronisingDoesNotWrite) {
   file_record record;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
   put(buffer, u"abc");
@@ -37,7 +37,7 @@ TEST(FileBuffer, SynchronisingDoesNotWrite) {
   EXPECT_EQ(record.writes, std::vector<std::size_t>{6});
 }
 
-TEST(FileBuffer, NothingWrittenIsNoWriteButAClose) {
+TEST(FileOutputBuffer, NothingWrittenIsNoWriteButAClose) {
   file_record record;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
   EXPECT_TRUE(buffer.close());
@@ -45,7 +45,7 @@ TEST(FileBuffer, NothingWrittenIsNoWriteButAClose) {
   EXPECT_EQ(record.closes, 1);
 }
 
-TEST(FileBuffer, AllUnitsInRunsOfEachKind) {
+TEST(FileOutputBuffer, AllUnitsInRunsOfEachKind) {
   ustring all;
   for (unsigned unit = 0; unit <= 0xFFFF; ++unit) all += static_cast<char16>(unit);
   for (const std::size_t piece : {std::size_t{1}, std::size_t{7}, block - 1, block, block + 1}) {
@@ -57,7 +57,7 @@ TEST(FileBuffer, AllUnitsInRunsOfEachKind) {
   }
 }
 
-TEST(FileBuffer, SingleUnits) {
+TEST(FileOutputBuffer, SingleUnits) {
   file_record record;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
   ustring expected;
@@ -71,7 +71,7 @@ TEST(FileBuffer, SingleUnits) {
   EXPECT_EQ(record.writes, (std::vector<std::size_t>{2 * block, 2 * block, 6}));
 }
 
-TEST(FileBuffer, AllWritesButTheLastAreBlocks) {
+TEST(FileOutputBuffer, AllWritesButTheLastAreBlocks) {
   for (const std::size_t piece : {std::size_t{1000}, block, block + 10, 5 * block / 2}) {
     file_record record;
     file_output_buffer buffer(std::make_unique<fake_file>(record));
@@ -85,7 +85,7 @@ TEST(FileBuffer, AllWritesButTheLastAreBlocks) {
   }
 }
 
-TEST(FileBuffer, EachWriteMayFail) {
+TEST(FileOutputBuffer, EachWriteMayFail) {
   for (const std::size_t piece : {std::size_t{100}, block, 3 * block}) {
     for (std::size_t failing = 1; failing <= 3; ++failing) {
       file_record record;
@@ -101,7 +101,7 @@ TEST(FileBuffer, EachWriteMayFail) {
   }
 }
 
-TEST(FileBuffer, AFailedWriteShowsInTheCountOfTheRun) {
+TEST(FileOutputBuffer, AFailedWriteShowsInTheCountOfTheRun) {
   file_record record;
   record.failing_write = 1;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
@@ -110,7 +110,7 @@ TEST(FileBuffer, AFailedWriteShowsInTheCountOfTheRun) {
   EXPECT_EQ(put(buffer, u"y"), 0);
 }
 
-TEST(FileBuffer, TheLastWriteMayFailAtTheClose) {
+TEST(FileOutputBuffer, TheLastWriteMayFailAtTheClose) {
   file_record record;
   record.failing_write = 1;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
@@ -119,7 +119,7 @@ TEST(FileBuffer, TheLastWriteMayFailAtTheClose) {
   EXPECT_EQ(record.closes, 1);
 }
 
-TEST(FileBuffer, TheCloseMayFail) {
+TEST(FileOutputBuffer, TheCloseMayFail) {
   file_record record;
   record.fail_close = true;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
@@ -128,7 +128,7 @@ TEST(FileBuffer, TheCloseMayFail) {
   EXPECT_TRUE(same_units(record.units(), u"x"));
 }
 
-TEST(FileBuffer, AClosedBufferTakesNothing) {
+TEST(FileOutputBuffer, AClosedBufferTakesNothing) {
   file_record record;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
   EXPECT_TRUE(buffer.close());
@@ -140,7 +140,7 @@ TEST(FileBuffer, AClosedBufferTakesNothing) {
   EXPECT_TRUE(record.writes.empty());
 }
 
-TEST(FileBuffer, TheDestructorWritesTheRestAndCloses) {
+TEST(FileOutputBuffer, TheDestructorWritesTheRestAndCloses) {
   file_record record;
   {
     file_output_buffer buffer(std::make_unique<fake_file>(record));

@@ -22,7 +22,7 @@ class NullConversion : public ::testing::Test {
   const facet& conversion = std::use_facet<facet>(locale);
   std::mbstate_t state{};
   char bytes[8] = {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'};
-  char16_t units[4] = {u'w', u'x', u'y', u'z'};
+  char16_t units[4] = {u'w', u'x', u'y', 0xFFFF};
 };
 
 TEST_F(NullConversion, IsTheFacetOfTheLocale) {
