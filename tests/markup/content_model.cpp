@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "tests/support/vocabulary_numbers.h"
+
 namespace test {
 namespace {
 
@@ -101,7 +103,7 @@ const names& children(int parent) {
       for (const std::string& name : words(row.parents))
         if (!all.insert({name, children_of(row.children)}).second)
           throw std::logic_error(name + " stands in two rows");
-    if (all.size() != row_count + 1) throw std::logic_error("a row is missing");
+    if (all.size() != invalid_number + 1) throw std::logic_error("a row is missing");
     return all;
   }();
   return by_name.at(row_names().at(static_cast<std::size_t>(parent)));
@@ -119,7 +121,7 @@ bool may_contain_nothing(int parent) { return children(parent).empty(); }
 
 std::string row_name(int number) {
   if (number == 0) return "document root";
-  if (number == row_count) return "invalid tag";
+  if (number == invalid_number) return "invalid tag";
   const std::string& name = row_names().at(static_cast<std::size_t>(number));
   return name[0] >= 'a' && name[0] <= 'z' ? name : std::string();
 }

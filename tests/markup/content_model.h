@@ -7,10 +7,6 @@
 
 namespace test {
 
-/// The rows of elements, by number from 0; "doc root" is the first. Number 92 is the row of
-/// what isn't in the table.
-inline constexpr int row_count = 92;
-
 /// Whether the element with the number `parent` accepts the element with the number `child`.
 bool may_contain(int parent, int child);
 
@@ -20,7 +16,7 @@ bool may_contain_text(int parent);
 /// Whether it is void.
 bool may_contain_nothing(int parent);
 
-/// Its name, empty where the number can't be used.
+/// The name of an element or of "invalid tag", empty where the number can't be used.
 std::string row_name(int number);
 
 }  // namespace test

@@ -10,6 +10,7 @@
 #include "tests/markup/content_model.h"
 #include "tests/markup/tree_text.h"
 #include "tests/support/golden.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/xhtml_doc.h"
 
 namespace test {
@@ -41,9 +42,9 @@ TEST(ElementAttributes, OfTheConstructorAreDroppedWhereTheElementAcceptsNone) {
 }
 
 TEST(ElementAttributes, AreAcceptedWhereTheRecordListsThem) {
-  for (int tag = 0; tag <= row_count; ++tag)
-    for (int attribute = -1; attribute <= 244; ++attribute) {
-      const bool listed = attribute >= 0 && attribute < 244 &&
+  for (int tag = 0; tag <= invalid_number; ++tag)
+    for (int attribute = -1; attribute <= attribute_end; ++attribute) {
+      const bool listed = attribute >= 0 && attribute < attribute_end &&
                           tag_table[tag_id{tag}]->allowed_attributes.contains(attr_id{attribute});
       xhtml_element node = element(tag);
       ASSERT_EQ(node.set_attribute(attr_id{attribute}, u"v"), listed) << tag << " " << attribute;
@@ -58,7 +59,7 @@ TEST(ElementAttributes, ThatAreKnownToBeAcceptedOrNot) {
   EXPECT_TRUE(element(tag_id::a).set_attribute(attr_id::target, u"v"));
   EXPECT_TRUE(element(tag_id::html).set_attribute(attr_id::xmlns, u"v"));
   EXPECT_FALSE(element(tag_id::p).set_attribute(attr_id::href, u"v"));
-  for (int attribute = 0; attribute < 244; ++attribute) {
+  for (int attribute = 0; attribute < attribute_end; ++attribute) {
     EXPECT_FALSE(element(tag_id::doc_root).set_attribute(attr_id{attribute}, u"v"));
     EXPECT_FALSE(element(tag_id::invalid_tag).set_attribute(attr_id{attribute}, u"v"));
   }
@@ -134,7 +135,7 @@ TEST(ElementAttributes, ThatCantBeCountedAreRefused) {
 }
 
 TEST(ElementStyle, AcceptsAnyPropertyOnAnyElement) {
-  for (int tag = 0; tag <= row_count; ++tag) {
+  for (int tag = 0; tag <= invalid_number; ++tag) {
     xhtml_element node = element(tag);
     for (int property = 101; property >= 0; --property)
       ASSERT_TRUE(node.set_style(css_property_id{property}, u"v")) << tag << " " << property;
@@ -164,7 +165,7 @@ TEST(ElementStyle, IsReplaced) {
 }
 
 TEST(ElementRecord, ReturnsNameNumbersAndEndTag) {
-  for (int number = 0; number <= row_count; ++number) {
+  for (int number = 0; number <= invalid_number; ++number) {
     SCOPED_TRACE(number);
     const xhtml_element node = element(number);
     const std::string name = row_name(number);
@@ -197,8 +198,8 @@ TEST(ElementRecord, OfUnusableRowsIsEmptyButForTwoNumbers) {
     EXPECT_EQ(element(number).content_flags(), 0u);
     EXPECT_TRUE(element(number).is_empty_element());
   }
-  for (const int number : {5, 9, 17, 25, 31, 33, 34, 45, 49, 56, 58, 68, 74, 89, 92})
-    for (int attribute = 0; attribute < 244; ++attribute)
+  for (const int number : {5, 9, 17, 25, 31, 33, 34, 45, 49, 56, 58, 68, 74, 89, invalid_number})
+    for (int attribute = 0; attribute < attribute_end; ++attribute)
       EXPECT_FALSE(element(number).set_attribute(attr_id{attribute}, u"v"));
 }
 
@@ -208,7 +209,7 @@ class ElementWithoutRecord : public ::testing::TestWithParam<int> {
 };
 
 INSTANTIATE_TEST_SUITE_P(Numbers, ElementWithoutRecord,
-                         ::testing::Values(93, 1000, -1, 32768, 65536 + 64,
+                         ::testing::Values(first_number_without_record, 1000, -1, 32768, 65536 + 64,
                                            std::numeric_limits<std::int32_t>::min(),
                                            std::numeric_limits<std::int32_t>::max()));
 
@@ -229,7 +230,7 @@ TEST_P(ElementWithoutRecord, StoresNoAttributeAndGoesNowhere) {
   EXPECT_EQ(node.get_attribute(attr_id::id), u"");
   EXPECT_FALSE(node.accepts_text());
   EXPECT_EQ(written(node), u"");
-  for (int number = -1; number <= 93; ++number) {
+  for (int number = -1; number <= first_number_without_record; ++number) {
     xhtml_element parent = element(number);
     EXPECT_TRUE(parent.append_copy(node) == parent.end()) << number;
     EXPECT_TRUE(parent.adopt_child(&node) == parent.end()) << number;

@@ -7,19 +7,18 @@
 
 #include "tests/markup/content_model.h"
 #include "tests/markup/tree_text.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/vocabulary/tag_table.h"
 
 namespace test {
 namespace {
 
-constexpr int first_number_without_record = 93;
-
 /// Calls `visit` with the numbers of each pair of rows, "invalid tag" included.
 template <class Visit>
 void for_each_pair(Visit visit) {
-  for (int parent = 0; parent <= row_count; ++parent)
-    for (int child = 0; child <= row_count; ++child) visit(parent, child);
+  for (int parent = 0; parent <= invalid_number; ++parent)
+    for (int child = 0; child <= invalid_number; ++child) visit(parent, child);
 }
 
 std::string pair_name(int parent, int child) {
@@ -100,12 +99,12 @@ TEST(ElementContent, IsOnePureFunctionOfTheRecords) {
 }
 
 TEST(ElementContent, KnowsElementsThatAcceptNothing) {
-  for (int number = 0; number <= row_count; ++number)
+  for (int number = 0; number <= invalid_number; ++number)
     EXPECT_EQ(element(number).is_empty_element(), may_contain_nothing(number)) << number;
 }
 
 TEST(ElementContent, AcceptsTextWhereTheRuleSaysSo) {
-  for (int number = 0; number <= row_count; ++number) {
+  for (int number = 0; number <= invalid_number; ++number) {
     const bool taken = may_contain_text(number);
     EXPECT_EQ(element(number).accepts_text(), taken) << number;
     EXPECT_EQ(element(number).can_contain(xhtml_pcdata(u"a")), taken) << number;
@@ -114,7 +113,7 @@ TEST(ElementContent, AcceptsTextWhereTheRuleSaysSo) {
 }
 
 TEST(ElementContent, AcceptsTextByEveryOperationOnTexts) {
-  for (int number = 0; number <= row_count; ++number) {
+  for (int number = 0; number <= invalid_number; ++number) {
     SCOPED_TRACE(number);
     const bool taken = may_contain_text(number);
     xhtml_element into = element(number);
@@ -128,7 +127,7 @@ TEST(ElementContent, AcceptsTextByEveryOperationOnTexts) {
 }
 
 TEST(ElementContent, AcceptsCommentsAndInstructionsEverywhere) {
-  for (int number = 0; number <= row_count; ++number) {
+  for (int number = 0; number <= invalid_number; ++number) {
     SCOPED_TRACE(number);
     EXPECT_TRUE(element(number).can_contain(xhtml_comment(u"a")));
     EXPECT_TRUE(element(number).can_contain(xhtml_processing_instruction(u"a")));
@@ -138,7 +137,7 @@ TEST(ElementContent, AcceptsCommentsAndInstructionsEverywhere) {
 }
 
 TEST(ElementContent, AcceptsADoctypeInTheDocumentRootOnly) {
-  for (int number = 0; number <= row_count; ++number) {
+  for (int number = 0; number <= invalid_number; ++number) {
     SCOPED_TRACE(number);
     EXPECT_EQ(element(number).can_contain(xhtml_doctype_declaration()), number == 0);
     expect_insertions(number, xhtml_doctype_declaration(), number == 0);
@@ -146,7 +145,7 @@ TEST(ElementContent, AcceptsADoctypeInTheDocumentRootOnly) {
 }
 
 TEST(ElementContent, AcceptsNothingThatIsNoContent) {
-  for (int number = 0; number <= row_count; ++number) {
+  for (int number = 0; number <= invalid_number; ++number) {
     SCOPED_TRACE(number);
     expect_insertions(number, xhtml_end_tag(u"</p>"), false);
     expect_insertions(number, xhtml_markup(), false);

@@ -12,6 +12,7 @@
 
 #include "tests/markup/tree_text.h"
 #include "tests/support/golden.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/leaf_nodes.h"
 
 namespace test {
@@ -25,7 +26,6 @@ static_assert(static_cast<int>(node_type::processing_instruction) == 4);
 static_assert(static_cast<int>(node_type::pcdata) == 5);
 static_assert(category_none == 0 && category_block == 1);
 static_assert(category_inline == 2 && category_text == 4);
-static_assert(static_cast<int>(tag_id::invalid_tag) == 92);
 
 static_assert(std::has_virtual_destructor_v<xhtml_markup>);
 static_assert(std::is_base_of_v<xhtml_markup, xhtml_element>);
@@ -166,13 +166,13 @@ TEST_P(NodeInterface, LeavesANodeToItsCaller) {
 
 TEST_P(NodeInterface, ContainsNothing) {
   for (const kind& other : kinds) EXPECT_FALSE(node().can_contain(*other.make())) << other.name;
-  for (int number = 0; number <= 93; ++number)
+  for (int number = 0; number <= first_number_without_record; ++number)
     EXPECT_FALSE(node().can_contain(element(number))) << number;
   EXPECT_EQ(node().content_flags(), 0u);
 }
 
 TEST_P(NodeInterface, HasNoAttributes) {
-  for (int number = -1; number <= 244; ++number) {
+  for (int number = -1; number <= attribute_end; ++number) {
     EXPECT_FALSE(node().set_attribute(attr_id{number}, u"value")) << number;
     EXPECT_EQ(node().get_attribute(attr_id{number}), u"") << number;
   }
@@ -182,7 +182,7 @@ TEST_P(NodeInterface, HasNoAttributes) {
 }
 
 TEST_P(NodeInterface, HasNoStyle) {
-  for (int number = -1; number <= 102; ++number) {
+  for (int number = -1; number <= property_end; ++number) {
     EXPECT_FALSE(node().set_style(css_property_id{number}, u"value")) << number;
     EXPECT_EQ(node().get_style(css_property_id{number}), u"") << number;
   }

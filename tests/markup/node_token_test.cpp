@@ -10,6 +10,7 @@
 #include "tests/markup/tree_text.h"
 #include "tests/support/golden.h"
 #include "tests/support/locale.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/leaf_nodes.h"
 
 namespace test {
@@ -134,18 +135,20 @@ struct end_tag_case {
   int tag;
 };
 
+constexpr int none = invalid_number;
+
 const end_tag_case end_tags[] = {
-    {u"", 92},          {u"<", 92},         {u">", 92},
-    {u"/", 92},         {u"</", 92},        {u"<>", 92},
-    {u"</>", 92},       {u"p", 64},         {u"<p", 64},
-    {u"p>", 64},        {u"</p", 64},       {u"<p>", 64},
-    {u"</p>", 64},      {u"</P>", 64},      {u"</DiV>", 26},
-    {u"/p>", 92},       {u"//p>", 92},      {u"<//p>", 92},
-    {u"<</p>", 92},     {u"</p>>", 92},     {u"</ p>", 92},
-    {u"</p >", 92},     {u" </p>", 92},     {u"</p> ", 92},
-    {u"</table>", 79},  {u"</h6>", 40},     {u"</doc root>", 0},
-    {u"</nosuch>", 92}, {u"</center>", 17}, {u"</document root>", 92},
-    {u"</a>", 1},       {u"</var>", 91},
+    {u"", none},          {u"<", none},       {u">", none},
+    {u"/", none},         {u"</", none},      {u"<>", none},
+    {u"</>", none},       {u"p", 64},         {u"<p", 64},
+    {u"p>", 64},          {u"</p", 64},       {u"<p>", 64},
+    {u"</p>", 64},        {u"</P>", 64},      {u"</DiV>", 26},
+    {u"/p>", none},       {u"//p>", none},    {u"<//p>", none},
+    {u"<</p>", none},     {u"</p>>", none},   {u"</ p>", none},
+    {u"</p >", none},     {u" </p>", none},   {u"</p> ", none},
+    {u"</table>", 79},    {u"</h6>", 40},     {u"</doc root>", 0},
+    {u"</nosuch>", none}, {u"</center>", 17}, {u"</document root>", none},
+    {u"</a>", 1},         {u"</var>", 91},
 };
 
 TEST(NodeTokens, GiveEndTagsTheirElementAndStayAsTheyAre) {

@@ -3,13 +3,14 @@
 #include <cstddef>
 #include <locale>
 
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {
 namespace {
 
-enum : int { pre = 66, script = 70, style = 76, no_element = 92 };
+enum : int { pre = 66, script = 70, style = 76, no_element = invalid_number };
 
 bool is_space(char16 unit) {
   const std::locale global;

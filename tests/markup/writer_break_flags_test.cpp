@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tests/markup/writer_kit.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/xhtml_writer.h"
 
 namespace test {
@@ -25,7 +26,7 @@ constexpr char classes[] =
     "BBIIIIBIIB"  // script select small span strike strong style sub sup table
     "BBBBBBBBII"  // tbody td textarea tfoot th thead title tr tt u
     "BI";         // ul var
-static_assert(sizeof(classes) == 92 + 1);
+static_assert(sizeof(classes) == invalid_number + 1);
 
 std::uint32_t flags_of(char element_class) {
   switch (element_class) {
@@ -58,8 +59,8 @@ bool is_empty(int number) {
 TEST(WriterBreakFlags, DefaultTable) {
   ustring_stream stream;
   const xhtml_writer writer(stream);
-  ASSERT_EQ(writer.layout_table.size(), 92u);
-  for (std::size_t number = 0; number < 92; ++number)
+  ASSERT_EQ(writer.layout_table.size(), static_cast<std::size_t>(invalid_number));
+  for (std::size_t number = 0; number < invalid_number; ++number)
     EXPECT_EQ(writer.layout_table[number], flags_of(classes[number])) << number;
 }
 
@@ -72,7 +73,7 @@ TEST(WriterBreakFlags, ClassesHaveTheRightSizes) {
 }
 
 TEST(WriterBreakFlags, EachElementAlone) {
-  for (int number = 1; number < 92; ++number) {
+  for (int number = 1; number < invalid_number; ++number) {
     if (is_unusable(number)) continue;
     const xhtml_element element = make(static_cast<tag_id>(number));
     const ustring name = element.tag_name();
@@ -92,7 +93,7 @@ TEST(WriterBreakFlags, EachElementAlone) {
 // A text on both sides shows all four flags of the element between.
 TEST(WriterBreakFlags, EachElementThatADivAcceptsBetweenTexts) {
   int placed = 0;
-  for (int number = 1; number < 92; ++number) {
+  for (int number = 1; number < invalid_number; ++number) {
     xhtml_element div = make(tag_id::div, u"a");
     const auto child = div.append_copy(make(static_cast<tag_id>(number)));
     if (child == div.end()) continue;
@@ -147,7 +148,7 @@ TEST(WriterBreakFlags, TheRowInvalidTagIsWrittenAsABlock) {
 
 // An element with no record has no name to write.
 TEST(WriterBreakFlags, AnElementWithoutARecordWritesNothing) {
-  for (const int number : {93, 1000, -1}) {
+  for (const int number : {first_number_without_record, 1000, -1}) {
     const xhtml_element element = make(static_cast<tag_id>(number));
     const auto out = write_with(element, [](xhtml_writer& writer) {
       writer.column = 4;

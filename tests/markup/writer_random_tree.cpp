@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "tests/markup/writer_kit.h"
+#include "tests/support/vocabulary_numbers.h"
 
 namespace test {
 namespace {
@@ -55,7 +56,7 @@ ustring random_source::text() {
 
 void random_source::decorate(xhtml_element& element) {
   for (std::uint32_t count = below(3); count != 0; --count) {
-    const auto attribute = static_cast<attr_id>(below(244));
+    const auto attribute = static_cast<attr_id>(below(attribute_end));
     if (one_in(2))
       element.set_attribute(attribute, text());
     else
@@ -63,11 +64,11 @@ void random_source::decorate(xhtml_element& element) {
   }
   if (one_in(3))
     for (std::uint32_t count = below(4); count != 0; --count)
-      element.set_style(static_cast<css_property_id>(below(102)), text());
+      element.set_style(static_cast<css_property_id>(below(property_end)), text());
 }
 
 tag_id random_source::tag_for(const xhtml_element& parent) {
-  if (one_in(2)) return static_cast<tag_id>(below(92));
+  if (one_in(2)) return static_cast<tag_id>(below(invalid_number));
   if (parent.tag() == tag_id::ul) return tag_id::li;
   if (parent.tag() == tag_id::table) return one_in(2) ? tag_id::tr : tag_id::caption;
   if (parent.tag() == tag_id::tr) return tag_id::td;
@@ -104,7 +105,8 @@ void random_source::fill(xhtml_element& element, int depth, int& budget) {
 }
 
 xhtml_element random_source::tree() {
-  const auto tag = one_in(3) ? static_cast<tag_id>(below(92)) : any_of(*this, favourites);
+  const auto tag =
+      one_in(3) ? static_cast<tag_id>(below(invalid_number)) : any_of(*this, favourites);
   xhtml_element element(tag, {}, {});
   int budget = 40;
   fill(element, 0, budget);
@@ -126,7 +128,7 @@ void random_source::set_up(xhtml_writer& writer, plain_writer& plain) {
   writer.spaced_equals = one_in(2);
   if (one_in(3))
     for (std::uint32_t changes = below(40); changes != 0; --changes)
-      writer.layout_table[below(92)] = any_of(*this, layouts);
+      writer.layout_table[below(invalid_number)] = any_of(*this, layouts);
 
   plain.indent_step = writer.indent_step;
   plain.indent_level = writer.indent_level;

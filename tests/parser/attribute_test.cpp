@@ -8,6 +8,7 @@
 #include "tests/parser/reader_kit.h"
 #include "tests/support/golden.h"
 #include "tests/support/tree_check.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/parser/tag_reader.h"
 #include "xport/text/character_class.h"
 
@@ -324,7 +325,7 @@ TEST(ParseAttributes, NeedsNoLeadingWhiteSpace) {
 }
 
 TEST(ParseAttributes, ElementWithoutARecordStoresNothing) {
-  xhtml_element element(tag_id{93}, {}, {});
+  xhtml_element element(tag_id{first_number_without_record}, {}, {});
   element.parse_attributes(u"title='y' style='color:red'");
   EXPECT_TRUE(element.attributes()->empty());
   EXPECT_TRUE(element.style_properties()->empty());
@@ -334,7 +335,7 @@ TEST(ParseAttributes, ElementWithoutARecordStoresNothing) {
 TEST(ParseAttributes, EveryNameOfTheTable) {
   ustring text;
   for (int round = 0; round < 2; ++round)
-    for (std::int32_t row = 243; row >= 0; --row) {
+    for (std::int32_t row = attribute_end - 1; row >= 0; --row) {
       text += u' ';
       text += xhtml_strict::attribute_name(attr_id{row});
       text += round == 0 ? u"='first'" : u"='second'";

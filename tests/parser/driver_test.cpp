@@ -9,6 +9,7 @@
 
 #include "tests/parser/parse_kit.h"
 #include "tests/support/tree_check.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/leaf_nodes.h"
 #include "xport/stream/ustring_stream.h"
 
@@ -48,7 +49,8 @@ TEST(Driver, EmptyElementReadsNothing) {
 }
 
 TEST(Driver, ElementsWithoutRulesReadNothing) {
-  for (const tag_id tag : {tag_id::invalid_tag, tag_id::center, tag_id{93}, tag_id{-1}})
+  for (const tag_id tag :
+       {tag_id::invalid_tag, tag_id::center, tag_id{first_number_without_record}, tag_id{-1}})
     EXPECT_EQ(left_by(xhtml_element(tag, {}, {})), " x<p>");
 }
 

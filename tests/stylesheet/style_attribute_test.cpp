@@ -10,6 +10,7 @@
 #include "tests/support/golden.h"
 #include "tests/support/locale.h"
 #include "tests/support/text.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/markup/node_memory.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
@@ -125,9 +126,9 @@ TEST(StyleAttribute, TheFirstValueWins) {
 TEST(StyleAttribute, ReadsEveryPropertyOnceHoweverOftenItStands) {
   ustring text;
   ustring expected;
-  for (std::int32_t number = 101; number >= 0; --number)
+  for (std::int32_t number = property_end - 1; number >= 0; --number)
     text += ustring(xhtml_strict::css_property_name(css_property_id{number})) + u": first ";
-  for (std::int32_t number = 0; number <= 101; ++number) {
+  for (std::int32_t number = 0; number < property_end; ++number) {
     const ustring name(xhtml_strict::css_property_name(css_property_id{number}));
     text += name + u":second ";
     expected += name + u"=first|";
@@ -136,7 +137,7 @@ TEST(StyleAttribute, ReadsEveryPropertyOnceHoweverOftenItStands) {
 }
 
 TEST(StyleAttribute, AnElementWithoutARecordStoresNothing) {
-  xhtml_element element(tag_id{93}, {}, {});
+  xhtml_element element(tag_id{first_number_without_record}, {}, {});
   parse_style_attribute(element, u"color:red");
   EXPECT_TRUE(element.style_properties()->empty());
 }

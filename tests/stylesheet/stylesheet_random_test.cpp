@@ -8,6 +8,7 @@
 #include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
 #include "tests/support/text.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "xport/stream/ustring_stream.h"
 #include "xport/stylesheet/stylesheet_writer.h"
 
@@ -99,8 +100,9 @@ TEST(StylesheetRandom, WhatIsWrittenIsReadBackWhereNoRuleSaysOtherwise) {
           for (std::size_t more = below(random, 5); more != 0; --more) {
             // Three units or more, no white space at its ends, no ";" or "}", no quote at
             // its end.
-            rule.push_declaration({css_property_id{static_cast<std::int32_t>(below(random, 102))},
-                                   u"v" + random_text(random, within_values, 6) + u"al"});
+            rule.push_declaration(
+                {css_property_id{static_cast<std::int32_t>(below(random, property_end))},
+                 u"v" + random_text(random, within_values, 6) + u"al"});
           }
           sheet.add_item(rule);
         }
@@ -154,7 +156,8 @@ TEST(StylesheetRoundTrip, ASemicolonOrAnEndOfRuleEndsAValue) {
 }
 
 TEST(StylesheetRoundTrip, APropertyOutsideTheTableIsLost) {
-  EXPECT_TRUE(same_units(rule_and_back(u"a", css_property_id{102}, u"10px"), u"[a] color=[red]\n"));
+  EXPECT_TRUE(same_units(rule_and_back(u"a", css_property_id{property_end}, u"10px"),
+                         u"[a] color=[red]\n"));
 }
 
 TEST(StylesheetRoundTrip, AnEmptySelectorLosesItsRule) {

@@ -6,6 +6,7 @@
 
 #include "tests/stylesheet/sheet_text.h"
 #include "tests/support/golden.h"
+#include "tests/support/vocabulary_numbers.h"
 
 namespace test {
 namespace {
@@ -57,7 +58,7 @@ TEST(StylesheetWriter, ThePropertyWithACapital) {
 }
 
 TEST(StylesheetWriter, PropertiesOutsideTheTableHaveNoName) {
-  for (const std::int32_t number : {-1, 102, 100'000, INT32_MAX, INT32_MIN}) {
+  for (const std::int32_t number : {-1, property_end, 100'000, INT32_MAX, INT32_MIN}) {
     xhtml_stylesheet_rule rule(u"p");
     rule.push_declaration({static_cast<css_property_id>(number), u"v"});
     EXPECT_TRUE(same_units(text_of(rule), u"p { \n   : v;\n}\n\n")) << number;

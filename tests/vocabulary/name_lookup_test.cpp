@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/support/names.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "tests/vocabulary/narrow.h"
 #include "xport/vocabulary/tag_id.h"
 #include "xport/vocabulary/xhtml_strict.h"
@@ -47,7 +48,7 @@ TEST(TagLookup, IgnoresCase) {
 
 TEST(TagLookup, FindsTheRootByItsTableNameOnly) {
   EXPECT_EQ(tag(u"doc root"), 0);
-  EXPECT_EQ(tag(u"document root"), 92);
+  EXPECT_EQ(tag(u"document root"), invalid_number);
 }
 
 TEST(TagLookup, FindsElementsThatStrictLacks) { EXPECT_EQ(tag(u"center"), 17); }
@@ -58,9 +59,9 @@ TEST(TagLookup, FindsEveryRow) {
 }
 
 TEST(TagLookup, FindsNoNameForTheInvalidTag) {
-  EXPECT_EQ(tag(u"invalid tag"), 92);
-  EXPECT_EQ(tag(u"invalid_tag"), 92);
-  EXPECT_EQ(tag(u"doc_root"), 92);
+  EXPECT_EQ(tag(u"invalid tag"), invalid_number);
+  EXPECT_EQ(tag(u"invalid_tag"), invalid_number);
+  EXPECT_EQ(tag(u"doc_root"), invalid_number);
 }
 
 TEST(AttributeLookup, IgnoresCase) {
@@ -101,13 +102,13 @@ TEST(PropertyLookup, KnowsWidowsByTheTablesNameOnly) {
 }
 
 TEST(PropertyLookup, FindsEveryRow) {
-  for (int number = 0; number < 102; ++number)
+  for (int number = 0; number < property_end; ++number)
     EXPECT_EQ(property(xhtml_strict::css_property_name(css_property_id{number})), number);
 }
 
 TEST(NameLookup, FindsNothingForAnEmptyName) {
   for (ustring_view empty : {ustring_view(), ustring_view(u"")}) {
-    EXPECT_EQ(tag(empty), 92);
+    EXPECT_EQ(tag(empty), invalid_number);
     EXPECT_EQ(attribute(empty), -1);
     EXPECT_EQ(property(empty), -1);
   }
@@ -116,8 +117,8 @@ TEST(NameLookup, FindsNothingForAnEmptyName) {
 TEST(NameLookup, CutsElementsAndAttributesAtAZeroUnit) {
   EXPECT_EQ(tag(ustring_view(u"div\0ision", 9)), 26);
   EXPECT_EQ(tag(ustring_view(u"DIV\0", 4)), 26);
-  EXPECT_EQ(tag(ustring_view(u"\0div", 4)), 92);
-  EXPECT_EQ(tag(ustring_view(u"di\0v", 4)), 92);
+  EXPECT_EQ(tag(ustring_view(u"\0div", 4)), invalid_number);
+  EXPECT_EQ(tag(ustring_view(u"di\0v", 4)), invalid_number);
   EXPECT_EQ(attribute(ustring_view(u"class\0name", 10)), 31);
   EXPECT_EQ(attribute(ustring_view(u"\0class", 6)), -1);
   EXPECT_EQ(tag(u"div" + ustring(1000, u'\0')), 26);
@@ -133,28 +134,28 @@ TEST(NameLookup, DoesNotCutPropertiesAtAZeroUnit) {
 TEST(NameLookup, FindsNothingForLongNames) {
   for (std::size_t length : {11u, 22u, 28u, 29u, 1000u, 1000000u}) {
     const ustring name(length, u'a');
-    EXPECT_EQ(tag(name), 92);
+    EXPECT_EQ(tag(name), invalid_number);
     EXPECT_EQ(attribute(name), -1);
     EXPECT_EQ(property(name), -1);
   }
   EXPECT_EQ(tag(u"blockquote"), 12);
-  EXPECT_EQ(tag(u"blockquotes"), 92);
+  EXPECT_EQ(tag(u"blockquotes"), invalid_number);
   EXPECT_EQ(property(u"background-attachment"), 1);
   EXPECT_EQ(property(u"background-attachments"), -1);
 }
 
 TEST(NameLookup, AcceptsNoSurroundingBlanks) {
-  EXPECT_EQ(tag(u" div"), 92);
-  EXPECT_EQ(tag(u"div "), 92);
+  EXPECT_EQ(tag(u" div"), invalid_number);
+  EXPECT_EQ(tag(u"div "), invalid_number);
   EXPECT_EQ(attribute(u"class\t"), -1);
   EXPECT_EQ(property(u" color"), -1);
 }
 
 TEST(NameLookup, LooksAtWholeUnitsAndNotAtTheirLowBytes) {
-  EXPECT_EQ(tag(u"\u0164iv"), 92);
+  EXPECT_EQ(tag(u"\u0164iv"), invalid_number);
   EXPECT_EQ(attribute(u"\u4163lass"), -1);
   EXPECT_EQ(property(u"colo\u0172"), -1);
-  EXPECT_EQ(tag(ustring(1, char16_t{0xd800})), 92);
+  EXPECT_EQ(tag(ustring(1, char16_t{0xd800})), invalid_number);
 }
 
 /// What a scan of all rows finds for `name`, or -1.
@@ -188,25 +189,25 @@ TEST(NameLookup, AgreesWithAScanOfTheTables) {
     return xhtml_strict::css_property_name(css_property_id{n});
   };
   std::vector<ustring> names;
-  for (int number = 0; number < 92; ++number) names.emplace_back(tag_name(number));
-  for (int number = 0; number < 244; ++number) names.emplace_back(attribute_name(number));
-  for (int number = 0; number < 102; ++number) names.emplace_back(property_name(number));
+  for (int number = 0; number < invalid_number; ++number) names.emplace_back(tag_name(number));
+  for (int number = 0; number < attribute_end; ++number) names.emplace_back(attribute_name(number));
+  for (int number = 0; number < property_end; ++number) names.emplace_back(property_name(number));
 
   for (const ustring& base : names)
     for (const ustring& name : near(base)) {
       ustring lower = name;
       for (char16_t& unit : lower)
         if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit + (u'a' - u'A'));
-      const int tag_number = scan(92, tag_name, lower);
-      EXPECT_EQ(tag(name), tag_number < 0 ? 92 : tag_number) << narrow(name);
-      EXPECT_EQ(attribute(name), scan(244, attribute_name, lower)) << narrow(name);
-      EXPECT_EQ(property(name), scan(102, property_name, name)) << narrow(name);
+      const int tag_number = scan(invalid_number, tag_name, lower);
+      EXPECT_EQ(tag(name), tag_number < 0 ? invalid_number : tag_number) << narrow(name);
+      EXPECT_EQ(attribute(name), scan(attribute_end, attribute_name, lower)) << narrow(name);
+      EXPECT_EQ(property(name), scan(property_end, property_name, name)) << narrow(name);
     }
 }
 
 TEST(NameLookup, LowersNoForeignLettersInThePlainLocale) {
   const c_locale plain("C");
-  EXPECT_EQ(tag(u"lin\u212a"), 92);
+  EXPECT_EQ(tag(u"lin\u212a"), invalid_number);
 }
 
 TEST(NameLookup, LowersForeignLettersAsTheLocaleDoes) {
@@ -220,7 +221,7 @@ TEST(NameLookup, LowersForeignLettersAsTheLocaleDoes) {
 TEST(NameLookup, LowersAsciiCapitalsAsTheLocaleDoes) {
   const c_locale turkish("tr_TR.UTF-8");
   if (!turkish.is_set()) GTEST_SKIP() << "no locale tr_TR.UTF-8";
-  EXPECT_EQ(tag(u"DIV"), 92) << "a capital I becomes a dotless i";
+  EXPECT_EQ(tag(u"DIV"), invalid_number) << "a capital I becomes a dotless i";
   EXPECT_EQ(tag(u"DiV"), 26);
   EXPECT_EQ(tag(u"SPAN"), 73);
 }

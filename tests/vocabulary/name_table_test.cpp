@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "tests/support/names.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "tests/vocabulary/narrow.h"
-#include "xport/vocabulary/tag_id.h"
+#include "xport/vocabulary/tag_table.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
 namespace test {
@@ -54,8 +55,12 @@ std::string property(int number) {
 
 TEST(NameTables, HaveTheirNumberOfRows) {
   EXPECT_EQ(tag_names().size(), 92u);
+  EXPECT_EQ(element_count, 92u);
+  EXPECT_EQ(tag_record_count, 93u);
   EXPECT_EQ(attribute_names().size(), 244u);
+  EXPECT_EQ(attribute_count, 244u);
   EXPECT_EQ(css_property_names().size(), 102u);
+  EXPECT_EQ(css_property_count, 102u);
 }
 
 TEST(NameTables, HaveRowsOfLimitedLength) {
@@ -84,11 +89,11 @@ TEST(NameTables, HoldPrintableAsciiOnly) {
 }
 
 TEST(NameTables, EndEachRowWithAZeroUnit) {
-  for (int i = 0; i < 244; ++i) {
+  for (int i = 0; i < attribute_end; ++i) {
     const ustring_view name = xhtml_strict::attribute_name(attr_id{i});
     EXPECT_EQ(name.data()[name.size()], u'\0') << narrow(name);
   }
-  for (int i = 0; i < 102; ++i) {
+  for (int i = 0; i < property_end; ++i) {
     const ustring_view name = xhtml_strict::css_property_name(css_property_id{i});
     EXPECT_EQ(name.data()[name.size()], u'\0') << narrow(name);
   }
@@ -97,9 +102,9 @@ TEST(NameTables, EndEachRowWithAZeroUnit) {
 TEST(NameTables, GiveAnEmptyNameForNumbersOutside) {
   constexpr int lowest = std::numeric_limits<std::int32_t>::min();
   constexpr int highest = std::numeric_limits<std::int32_t>::max();
-  for (int outside : {-1, 244, 1000, lowest, highest})
+  for (int outside : {-1, attribute_end, 1000, lowest, highest})
     EXPECT_TRUE(xhtml_strict::attribute_name(attr_id{outside}).empty()) << outside;
-  for (int outside : {-1, 102, 1000, lowest, highest})
+  for (int outside : {-1, property_end, 1000, lowest, highest})
     EXPECT_TRUE(xhtml_strict::css_property_name(css_property_id{outside}).empty()) << outside;
 }
 
@@ -165,7 +170,8 @@ TEST(NameTables, NameTheEnumeratorsAfterTheRows) {
   EXPECT_EQ(static_cast<int>(tag_id::doc_root), 0);
   EXPECT_EQ(static_cast<int>(tag_id::h1), 35);
   EXPECT_EQ(static_cast<int>(tag_id::var), 91);
-  EXPECT_EQ(static_cast<int>(tag_id::invalid_tag), 92);
+  EXPECT_EQ(invalid_number, 92);
+  EXPECT_EQ(first_number_without_record, 93);
   EXPECT_EQ(static_cast<int>(attr_id::accept_charset), 3);
   EXPECT_EQ(static_cast<int>(attr_id::class_), 31);
   EXPECT_EQ(static_cast<int>(attr_id::for_), 60);

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "tests/support/names.h"
+#include "tests/support/vocabulary_numbers.h"
 #include "tests/vocabulary/narrow.h"
 
 namespace test {
@@ -30,20 +31,21 @@ numbers tags(const std::string& text) {
 
 numbers members(const tag_set& set) {
   numbers found;
-  for (int number = 0; number < 93; ++number)
+  for (int number = 0; number < first_number_without_record; ++number)
     if (set.contains(tag_id{number})) found.insert(number);
   return found;
 }
 
-TEST(TagTable, HasARecordForEveryNumberFrom0To92) {
-  EXPECT_EQ(tag_table.size(), 93u);
-  for (int number = 0; number < 93; ++number) EXPECT_NE(tag_table[tag_id{number}], nullptr);
+TEST(TagTable, HasARecordForEveryElementAndTheInvalidTag) {
+  EXPECT_EQ(static_cast<int>(tag_table.size()), first_number_without_record);
+  for (int number = 0; number < first_number_without_record; ++number)
+    EXPECT_NE(tag_table[tag_id{number}], nullptr);
 }
 
 TEST(TagTable, HasNoRecordForOtherNumbers) {
   for (int outside :
-       {-1, 93, 32767, 32768, 65536, 65536 + 26, std::numeric_limits<std::int32_t>::min(),
-        std::numeric_limits<std::int32_t>::max()})
+       {-1, first_number_without_record, 32767, 32768, 65536, 65536 + 26,
+        std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()})
     EXPECT_EQ(tag_table[tag_id{outside}], nullptr) << outside;
 }
 
@@ -110,7 +112,7 @@ TEST(TagTable, HoldsTheContentRules) {
 
 TEST(TagTable, NamesItsRecordsAsTheNameTableDoes) {
   int usable = 0;
-  for (int number = 1; number < 92; ++number)
+  for (int number = 1; number < invalid_number; ++number)
     if (record(number).id != tag_id::invalid_tag) {
       EXPECT_EQ(record(number).id, tag_id{number});
       EXPECT_EQ(xhtml_strict::tag_from_name(record(number).name), tag_id{number});
@@ -131,7 +133,7 @@ TEST(TagTable, HasARecordForTheDocumentRoot) {
 }
 
 TEST(TagTable, HasARecordForTheInvalidTag) {
-  const Tag_trait& invalid = record(92);
+  const Tag_trait& invalid = record(invalid_number);
   EXPECT_EQ(invalid.id, tag_id::invalid_tag);
   EXPECT_EQ(invalid.name, u"invalid tag");
   EXPECT_EQ(invalid.category_flags, 0u);
@@ -176,7 +178,7 @@ TEST(TagTable, LeavesUnusableRowsTheNumbersOfTheRowBefore) {
 
 TEST(TagTable, HasTenVoidElementsThatCanBeUsed) {
   numbers void_elements;
-  for (int number = 0; number < 92; ++number)
+  for (int number = 0; number < invalid_number; ++number)
     if (record(number).id != tag_id::invalid_tag && record(number).content_flags == 0 &&
         record(number).allowed_children.empty())
       void_elements.insert(number);
@@ -184,7 +186,7 @@ TEST(TagTable, HasTenVoidElementsThatCanBeUsed) {
 }
 
 TEST(TagTable, KeepsOneCategoryAndAKnownContentInEveryRecord) {
-  for (int number = 0; number < 93; ++number) {
+  for (int number = 0; number < first_number_without_record; ++number) {
     EXPECT_LE(record(number).category_flags, 2u) << number;
     EXPECT_LE(record(number).content_flags, 4u) << number;
     EXPECT_TRUE(record(number).spare_ids.empty()) << number;
@@ -209,7 +211,7 @@ TEST(TagTable, IsSharedByHandles) {
   const Tag_trait_handle copy = handle;
   EXPECT_EQ(handle.get(), tag_table[tag_id::div]);
   EXPECT_EQ(copy.get(), handle.get());
-  EXPECT_EQ(Tag_trait_handle(tag_table[tag_id{93}]).get(), nullptr);
+  EXPECT_EQ(Tag_trait_handle(tag_table[tag_id{first_number_without_record}]).get(), nullptr);
 }
 
 }  // namespace
