@@ -180,49 +180,5 @@ TEST(InterruptedSave, ExceptionAfterEachCallLosesNothing) {
   EXPECT_EQ(throw_at_each_call(true), calls_of_save);
 }
 
-// Every copy or every removal fails, without an exception.
-class failing_files : public file_system {
- public:
-  bool exists(const ustring& path) override { return disk_.exists(path); }
-  bool is_file(const ustring& path) override { return disk_.is_file(path); }
-  platform::folder_result create_directory(const ustring& path) override {
-    return disk_.create_directory(path);
-  }
-  std::unique_ptr<byte_output> open_for_writing(const ustring& path) override {
-    return disk_.open_for_writing(path);
-  }
-  std::unique_ptr<byte_input> open_for_reading(const ustring& path) override {
-    return disk_.open_for_reading(path);
-  }
-  bool copy_file(const ustring& from, const ustring& to) override {
-    return copies && disk_.copy_file(from, to);
-  }
-  bool remove_file(const ustring& path) override { return removes && disk_.remove_file(path); }
-
-  bool copies = true;
-  bool removes = true;
-
- private:
-  file_system& disk_ = file_system::native();
-};
-
-TEST(InterruptedSave, PictureWhoseSourceStaysIsOnThePage) {
-  failing_files files;
-  files.removes = false;
-  interrupted_report report(files);
-  EXPECT_TRUE(report.save());
-  report.expect_complete();
-  EXPECT_EQ(report.sources_left(), 3u);
-}
-
-TEST(InterruptedSave, PicturesThatCannotBeCopiedStay) {
-  failing_files files;
-  files.copies = false;
-  interrupted_report report(files);
-  EXPECT_TRUE(report.save());
-  report.expect_no_loss();
-  EXPECT_EQ(report.sources_left(), 3u);
-}
-
 }  // namespace
 }  // namespace test
