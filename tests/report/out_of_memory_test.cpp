@@ -1,9 +1,12 @@
 #include <cstddef>
+#include <memory>
+#include <new>
 #include <ostream>
 #include <string>
 
 #include "tests/report/report_page.h"
 #include "tests/support/allocation_failure.h"
+#include "tests/support/refusing_file.h"
 
 namespace test {
 namespace {
@@ -177,6 +180,50 @@ TEST_P(SectionTableMemory, ATableIsHandedOverWholeOrStaysOpen) {
 }
 
 INSTANTIATE_TEST_SUITE_P(After, SectionTableMemory, testing::ValuesIn(contents));
+
+// Files in memory whose pages can't be written, and leave no memory.
+class refusing_files : public memory_files {
+ public:
+  std::unique_ptr<byte_output> open_for_writing(const ustring& path) override {
+    if (!refusing) return memory_files::open_for_writing(path);
+    return std::make_unique<refusing_file>(record);
+  }
+
+  refusals record;
+  bool refusing = true;
+};
+
+TEST(SaveMemory, APageThatCannotBeWrittenNeedsNoMemoryAndStaysWhole) {
+  for (const int lines : {0, 5'000}) {
+    refusing_files files;
+    recording_opener browser;
+    VellomarkObj report(files, browser);
+    ustring expected;
+    for (int line = 0; line < lines; ++line) {
+      report.AddText(u"A line that doesn't fit a short text", false);
+      expected += text_line(u"A line that doesn't fit a short text");
+    }
+    bool saved = false;
+    bool ran_out = false;
+    try {
+      saved = report.Save(u"/out", u"page.htm");
+    } catch (const std::bad_alloc&) {
+      ran_out = true;
+    }
+    fail_allocation(0);
+    EXPECT_TRUE(saved) << lines;
+    EXPECT_FALSE(ran_out) << lines;
+    EXPECT_EQ(files.record.writes, 1) << lines;
+    EXPECT_EQ(files.record.closes, 1) << lines;
+
+    files.refusing = false;
+    EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
+    const ustring blocks = (lines != 0 ? paragraph(expected) : ustring()) + block() + block();
+    EXPECT_TRUE(same_units(files.units(u"/out/Vellomark/page.htm"),
+                           u'\uFEFF' + page_head() + blocks + page_tail()))
+        << lines;
+  }
+}
 
 }  // namespace
 }  // namespace test

@@ -8,6 +8,7 @@ namespace {
 std::atomic<std::size_t> live{0};
 std::atomic<std::size_t> calls{0};
 std::atomic<std::size_t> countdown{0};
+std::atomic<bool> all_fail{false};
 
 }  // namespace
 
@@ -17,14 +18,19 @@ std::size_t live_allocations() { return live; }
 
 std::size_t allocation_calls() { return calls; }
 
-void fail_allocation(std::size_t number) { countdown = number; }
+void fail_allocation(std::size_t number) {
+  countdown = number;
+  all_fail = false;
+}
+
+void fail_all_allocations() { all_fail = true; }
 
 }  // namespace test
 
 // Replaces all forms, so that none of them is paired with one of a sanitizer.
 void* operator new(std::size_t bytes) {
   ++calls;
-  if (countdown != 0 && --countdown == 0) throw std::bad_alloc();
+  if (all_fail || (countdown != 0 && --countdown == 0)) throw std::bad_alloc();
   void* const memory = std::malloc(bytes != 0 ? bytes : 1);
   if (memory == nullptr) throw std::bad_alloc();
   ++live;

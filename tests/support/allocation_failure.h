@@ -22,6 +22,9 @@ std::size_t allocation_calls();
 /// from 1; 0 lets all succeed.
 void fail_allocation(std::size_t number);
 
+/// Makes all calls of `new` from now on throw std::bad_alloc, until fail_allocation() is called.
+void fail_all_allocations();
+
 /// What happened to an attempt of which an allocation was to fail.
 struct failed_attempt {
   bool ran_out;  ///< it came to that allocation, even if std::bad_alloc was caught inside
