@@ -28,14 +28,14 @@ void expect_error(std::string_view text, std::size_t line, const std::string& pr
   }
 }
 
-TEST(CsvReader, TellsTheHeaderFromTheRecords) {
+TEST(CsvReader, DistinguishesTheHeaderFromTheRecords) {
   const csv_table table = read_csv("a,b\n1,2\n3,4\n");
   EXPECT_EQ(table.header, (csv_record{u"a", u"b"}));
   EXPECT_EQ(table.records, (rows{{u"1", u"2"}, {u"3", u"4"}}));
   EXPECT_TRUE(read_csv("a,b\n").records.empty());
 }
 
-TEST(CsvReader, TakesBothLineEndsAndNoneAtTheEnd) {
+TEST(CsvReader, AcceptsBothLineEndsAndNoneAtTheEnd) {
   const rows expected{{u"a", u"b"}, {u"1", u"2"}};
   EXPECT_EQ(records("a,b\n1,2\n"), expected);
   EXPECT_EQ(records("a,b\r\n1,2\r\n"), expected);
@@ -48,7 +48,7 @@ TEST(CsvReader, KeepsBlanksAndEmptyFields) {
   EXPECT_EQ(records(" a ,,\t\n,,"), (rows{{u" a ", u"", u"\t"}, {u"", u"", u""}}));
 }
 
-TEST(CsvReader, TakesAnEmptyLineAsOneEmptyField) {
+TEST(CsvReader, ReadsAnEmptyLineAsOneEmptyField) {
   EXPECT_EQ(records("a\n\nb\n"), (rows{{u"a"}, {u""}, {u"b"}}));
   EXPECT_EQ(records("\n"), (rows{{u""}}));
 }

@@ -166,14 +166,14 @@ TEST_F(MeasurementReport, RefusesMalformedInput) {
   EXPECT_FALSE(fs::exists(folder() + "/Vellomark"));
 }
 
-TEST_F(MeasurementReport, TellsThatAPageCannotBeWritten) {
+TEST_F(MeasurementReport, ReportsThatAPageCannotBeWritten) {
   expect_failure(run({folder() + "/no/such"}), 1, "cannot write the page ");
   fs::create_directories(page());
   expect_failure(run({folder()}), 1, "cannot write the page ");
 }
 
 // A file has the name of the folder of pictures, or a folder the name of a picture.
-TEST_F(MeasurementReport, TellsThatPicturesCannotBeMoved) {
+TEST_F(MeasurementReport, ReportsThatPicturesCannotBeMoved) {
   fs::create_directory(folder() + "/Vellomark");
   const std::string pictures = folder() + "/Vellomark/measurement_report_files";
   make_file(pictures, "kept");
@@ -187,7 +187,7 @@ TEST_F(MeasurementReport, TellsThatPicturesCannotBeMoved) {
   EXPECT_EQ(bytes_of(picture(3)).size(), 336054u);
 }
 
-TEST_F(MeasurementReport, TellsThatThereIsNoTemporaryFolder) {
+TEST_F(MeasurementReport, ReportsThatThereIsNoTemporaryFolder) {
   expect_failure(run({folder()}, {{"TMPDIR", folder() + "/none"}}), 1,
                  "no folder for temporary files");
   expect_failure(run({folder()}, {{"TMPDIR", "/proc"}}), 1,

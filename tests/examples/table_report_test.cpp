@@ -38,7 +38,7 @@ TEST_F(TableReport, MakesTheSamePageAgain) {
   EXPECT_TRUE(bytes_of(page()) == first);
 }
 
-TEST_F(TableReport, TakesNameAndInputAndMakesTheFolder) {
+TEST_F(TableReport, AcceptsNameAndInputAndMakesTheFolder) {
   const std::string data = input("kind,what\nfruit,<apple> & \"\"\n");
   const std::string quoted = input("kind,what\nfruit,\"<apple> & \"\"b\"\"\"\n");
   ASSERT_EQ(data, quoted);
@@ -122,7 +122,7 @@ TEST_F(TableReport, NamesTheLineOfMalformedInput) {
   }
 }
 
-TEST_F(TableReport, TellsThatAPageCannotBeWritten) {
+TEST_F(TableReport, ReportsThatAPageCannotBeWritten) {
   const std::string file = input("a,b\n");
   expect_failure(run({file}), 1, "cannot write the page " + file + "/Vellomark/");
   expect_failure(run({folder() + "/no/such"}), 1, "cannot write the page ");
@@ -136,7 +136,7 @@ TEST_F(TableReport, TellsThatAPageCannotBeWritten) {
 }
 
 // In /proc not even the superuser can make a folder.
-TEST_F(TableReport, TellsThatAFolderIsNotWritable) {
+TEST_F(TableReport, ReportsThatAFolderIsNotWritable) {
   expect_failure(run({"/proc"}), 1, "cannot write the page /proc/Vellomark/");
   if (::geteuid() == 0) return;
   fs::permissions(folder(), fs::perms::owner_read | fs::perms::owner_exec);
@@ -144,7 +144,7 @@ TEST_F(TableReport, TellsThatAFolderIsNotWritable) {
   fs::permissions(folder(), fs::perms::owner_all);
 }
 
-TEST_F(TableReport, TellsThatTheDiskIsFull) {
+TEST_F(TableReport, ReportsThatTheDiskIsFull) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "there is no /dev/full";
   fs::create_directory(folder() + "/Vellomark");
   fs::create_symlink("/dev/full", page());

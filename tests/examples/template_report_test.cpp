@@ -71,7 +71,7 @@ TEST_F(TemplateReport, PutsContentWhereItsMarkersStood) {
 }
 
 // The page has only the body of the template, without markers.
-TEST_F(TemplateReport, TakesTheBodyWithoutMarkers) {
+TEST_F(TemplateReport, UsesTheBodyWithoutMarkers) {
   ASSERT_EQ(run({folder()}).exit_code, 0);
   const std::string text = page_as_utf8(page());
   for (const char* part : {"'Template'", "Fact sheet\n", "<meta", "<!--", "Rows</span>"})
@@ -92,7 +92,7 @@ TEST_F(TemplateReport, KeepsTheStylesOfTheTemplate) {
                        "margin-top: 2em; padding: 1em;'>"));
 }
 
-TEST_F(TemplateReport, TakesAnotherFileAndName) {
+TEST_F(TemplateReport, AcceptsAnotherFileAndName) {
   const std::string data =
       input("kind,what\n\"<fruit> & 'co'\",\"<apple> \"\"a\"\"\"\nveg,\xCE\xB1\n");
   const process_result result = run({"--input", data, "--name", "x.htm", folder()});
@@ -154,7 +154,7 @@ TEST_F(TemplateReport, RefusesATemplateThatItCannotFill) {
             "field 2 of the template is none that can be filled");
 }
 
-TEST_F(TemplateReport, TellsOfATemplateFileThatCannotBeUsed) {
+TEST_F(TemplateReport, ReportsATemplateFileThatCannotBeUsed) {
   const auto problem = [](const std::string& source, const fs::path& target) -> std::string {
     try {
       template_report::write_template_page(source, target);

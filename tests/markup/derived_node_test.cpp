@@ -101,7 +101,7 @@ TEST(DerivedCanContain, CategoryAndNumberAreThoseOfTheOperations) {
   EXPECT_FALSE(contains(tag_id::div, node));
 }
 
-TEST(DerivedCanContain, NodeWithoutAnswersIsRefused) {
+TEST(DerivedCanContain, NodeThatOverridesNothingIsRefused) {
   const struct : xhtml_markup {
   } silent;
   for (int number = 0; number < first_number_without_record; ++number)

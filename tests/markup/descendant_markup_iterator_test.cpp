@@ -71,7 +71,7 @@ class DescendantMarkupIterator : public testing::Test {
   const std::string order = "div p a em b c ul li d li p e";
 };
 
-TEST_F(DescendantMarkupIterator, OfADocumentWithoutChildrenStandsOnTheRootAndIsOver) {
+TEST_F(DescendantMarkupIterator, OfADocumentWithoutChildrenIsOnTheRootAndAtTheEnd) {
   xhtml_doc doc(0);
   descendant_markup_iterator at = doc.descendant_begin();
   EXPECT_EQ(&*at, doc.root());
@@ -103,7 +103,7 @@ TEST_F(DescendantMarkupIterator, WalksAWholeDocument) {
   EXPECT_TRUE(at == doc.descendant_end());
 }
 
-TEST_F(DescendantMarkupIterator, TellsItsFields) {
+TEST_F(DescendantMarkupIterator, ReturnsItsFields) {
   xhtml_doc doc(1);
   descendant_markup_iterator at = doc.descendant_begin();
   EXPECT_TRUE(at.current() == doc.root()->begin());

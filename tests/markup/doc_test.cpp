@@ -245,7 +245,7 @@ TEST(DocumentOutput, IgnoresTheTextOfTheDoctype) {
   EXPECT_TRUE(same_units(page(doc), marked_skeleton));
 }
 
-TEST(DocumentOutput, StartsWithTheMarkThatIsAskedFor) {
+TEST(DocumentOutput, StartsWithTheRequestedMark) {
   const struct {
     std::uint32_t mode;
     ustring mark;

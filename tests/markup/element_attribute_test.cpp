@@ -224,7 +224,7 @@ TEST_P(ElementWithoutRecord, ThrowsWhenAskedForItsEndTag) {
   }
 }
 
-TEST_P(ElementWithoutRecord, StoresNoAttributeAndGoesNowhere) {
+TEST_P(ElementWithoutRecord, StoresNoAttributeAndIsAcceptedNowhere) {
   EXPECT_EQ(attributes_of(node), "");
   EXPECT_FALSE(node.set_attribute(attr_id::id, u"v"));
   EXPECT_EQ(node.get_attribute(attr_id::id), u"");

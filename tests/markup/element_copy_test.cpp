@@ -102,7 +102,7 @@ TEST(ElementCopy, OutlivesTheDocumentOfItsSource) {
   EXPECT_EQ(clone->get_attribute(attr_id::id), u"top");
 }
 
-TEST(ElementCopy, GoesFromDocumentToDocument) {
+TEST(ElementCopy, CopiesFromDocumentToDocument) {
   auto source = std::make_unique<xhtml_doc>(1);
   fill(*source->body()->append_copy(element(tag_id::div)));
   xhtml_doc target(1);

@@ -30,7 +30,7 @@ std::string read(const xhtml_markup& div) {
 
 markup_iterator at(xhtml_markup& node, int index) { return std::next(node.begin(), index); }
 
-TEST(ElementInsertion, GoesRightBeforeThePosition) {
+TEST(ElementInsertion, IsRightBeforeThePosition) {
   for (int index = 0; index <= 3; ++index) {
     xhtml_element div = letters("abc");
     const markup_iterator result = div.insert_text(at(div, index), u"X");
@@ -235,7 +235,7 @@ TEST(ElementRange, ThatIsNoneDoesNoHarm) {
   EXPECT_EQ(read(div), "abz");
 }
 
-TEST(ElementCopies, AreAsManyAsAskedFor) {
+TEST(ElementCopies, AreAsManyAsRequested) {
   for (const std::size_t count : {0u, 1u, 2u, 100u}) {
     xhtml_element div = letters("ab");
     div.insert_copies(at(div, 1), count, xhtml_pcdata(u"x"));

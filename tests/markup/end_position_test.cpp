@@ -103,7 +103,7 @@ TEST(EndPosition, OfTheHarmlessNodeLeadsToOneAgain) {
 
 TEST(EndPosition, IsWhatAnInvalidPositionResembles) { expect_harmless(markup_iterator()); }
 
-TEST(EndPosition, StandsForTheResultOfARefusedInsertion) {
+TEST(EndPosition, IsTheResultOfARefusedInsertion) {
   xhtml_element list = element(tag_id::ul);
   markup_iterator refused = list.append_text(u"text");
   refused->set_attribute(attr_id::id, u"value");

@@ -123,7 +123,7 @@ TEST_F(MarkupIterator, ServesStandardAlgorithms) {
   EXPECT_EQ(forward(from_behind, std::make_reverse_iterator(div.begin())), "c.b.a.");
 }
 
-TEST_F(MarkupIterator, OfAListOfOneGoesBetweenItAndTheEnd) {
+TEST_F(MarkupIterator, OfAListOfOneMovesBetweenItAndTheEnd) {
   xhtml_element p = element(tag_id::p);
   p << u"one";
   markup_iterator at = p.begin();
@@ -135,7 +135,7 @@ TEST_F(MarkupIterator, OfAListOfOneGoesBetweenItAndTheEnd) {
   }
 }
 
-TEST_F(MarkupIterator, StandsOnAnyChildMadeByHand) {
+TEST_F(MarkupIterator, CanPointToAnyChild) {
   xhtml_markup& second = *std::next(div.begin());
   EXPECT_EQ(text_of(*++markup_iterator(&second, &div)), "c");
   EXPECT_EQ(text_of(*--const_markup_iterator(&second, &div)), "a");
@@ -170,7 +170,7 @@ TEST_F(ReverseMarkupIterator, WalksFromTheLastChildToTheFirst) {
   EXPECT_EQ(text, "cba");
 }
 
-TEST_F(ReverseMarkupIterator, StandsOnTheChildBeforeItsBase) {
+TEST_F(ReverseMarkupIterator, PointsToTheChildBeforeItsBase) {
   reverse_markup_iterator at(std::next(div.begin()));
   EXPECT_EQ(text_of(*at), "a");
   EXPECT_TRUE(at.base() == std::next(const_div.begin()));

@@ -106,7 +106,7 @@ class NodeInterface : public ::testing::TestWithParam<kind> {
 INSTANTIATE_TEST_SUITE_P(Nodes, NodeInterface, ::testing::ValuesIn(kinds),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_P(NodeInterface, TellsItsKind) {
+TEST_P(NodeInterface, ReturnsItsKind) {
   EXPECT_EQ(node().node_kind(), expected().node_kind);
   EXPECT_EQ(static_cast<std::int32_t>(node().type()), expected().node_kind);
   EXPECT_EQ(node().tag(), expected().tag);

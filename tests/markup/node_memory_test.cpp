@@ -92,7 +92,7 @@ TEST(NodePool, FreesAllMemoryWhenItIsDestroyed) {
   EXPECT_EQ(live_allocations(), before);
 }
 
-TEST(NodePool, AllocatesNothingBeforeItIsAsked) {
+TEST(NodePool, AllocatesNothingBeforeItIsUsed) {
   const std::size_t calls = allocation_calls();
   { const node_pool pool; }
   EXPECT_EQ(allocation_calls(), calls);

@@ -181,7 +181,7 @@ TEST(TextLeaf, OnTheStackKeepsTextsOfEveryLength) {
   }
 }
 
-TEST(TextLeaf, AdoptedByADocumentGoesOnGrowing) {
+TEST(TextLeaf, AdoptedByADocumentCanStillGrow) {
   xhtml_doc doc(1);
   auto p = doc.body()->append_copy(element(tag_id::p));
   for (const std::size_t size : {0u, 8u, 9u, 300u}) {

@@ -63,7 +63,7 @@ TEST(TextMap, ReplacesTheTextOfAKey) {
   }
 }
 
-TEST(TextMap, TellsAnEmptyTextFromNone) {
+TEST(TextMap, DistinguishesAnEmptyTextFromNone) {
   attribute_map map;
   map.insert_or_assign(attr_id::id, u"");
   EXPECT_TRUE(map.contains(attr_id::id));

@@ -111,7 +111,7 @@ TEST(WriterDerived, AllThatIsWrittenIsOnTheStreamWhenAnOperationIsCalled) {
   EXPECT_EQ(p.seen.back(), 6u);
 }
 
-TEST(WriterDerived, NumbersOutsideTheTableAreNone) {
+TEST(WriterDerived, NumbersOutsideTheTableAreNoElements) {
   for (const int number : {-1, invalid_number, first_number_without_record, 100'000})
     EXPECT_TRUE(same_units(written(make(tag_id::p, u"a", numbered_node(tag_id{number}))),
                            u"<p>\n"

@@ -85,7 +85,7 @@ TEST(WriterPre, ACommentInPreIsSqueezedAsAnyOther) {
                          u"<div>\n  <pre><!-- a\n    b -->\n  </pre>\n</div>\n"));
 }
 
-TEST(WriterPre, AnInstructionInPreStandsOnALineAtTheLevelOfPre) {
+TEST(WriterPre, AnInstructionInPreHasALineAtTheLevelOfPre) {
   EXPECT_TRUE(
       same_units(written(make(tag_id::div, make(tag_id::pre, u"a", instruction(u"x"), u"b"))),
                  u"<div>\n  <pre>a\n  <?x ?>\nb\n  </pre>\n</div>\n"));

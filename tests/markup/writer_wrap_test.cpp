@@ -115,7 +115,7 @@ TEST(WriterWrap, ABlankAtTheEndStaysWhereTheTextEndsInWhiteSpace) {
   EXPECT_TRUE(is_outcome(flowed(u"aaa", 10), u"aaa", 4));
 }
 
-TEST(WriterWrap, OneLeadingBlankStaysAndOtherWhiteSpaceGoes) {
+TEST(WriterWrap, OneLeadingBlankStaysAndOtherWhiteSpaceIsRemoved) {
   EXPECT_TRUE(is_outcome(flowed(u" a", 10), u" a", 2));
   EXPECT_TRUE(is_outcome(flowed(u"   a", 10), u" a", 2));
   EXPECT_TRUE(is_outcome(flowed(u"\n a", 10), u"a", 2));
@@ -169,7 +169,7 @@ TEST(WriterWrap, AChildOfAnInlineElementIsCountedOneLevelTooDeep) {
                          u"<div>\n  <span>\n  a<br/>\n  bb \n  cc\n  </span>\n</div>\n", 0));
 }
 
-TEST(WriterWrap, InPreAnEndTagGoesToTheStartOfALine) {
+TEST(WriterWrap, InPreAnEndTagStartsALine) {
   EXPECT_TRUE(is_outcome(wrapped(make(tag_id::pre, make(tag_id::b, u"x")), 3, 1),
                          u"<pre><b>\n  x\n</b>\n  </pre>", 8));
 }

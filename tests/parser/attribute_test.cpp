@@ -200,7 +200,7 @@ TEST(Attributes, NamesAreCutAtAZeroUnit) {
   EXPECT_EQ(in_div(ustring(u"<p \0id='a' class='b'>", 21)), "p[class=\"b\"]");
 }
 
-TEST(StyleInTag, GoesToTheInlineStyle) {
+TEST(StyleInTag, IsStoredInTheInlineStyle) {
   EXPECT_EQ(in_div(u"<p style='color:red'>"), "p{color:red;}");
   EXPECT_EQ(in_div(u"<p style='color:red width:1px' class='a'>"),
             "p[class=\"a\"]{color:red;width:1px;}");

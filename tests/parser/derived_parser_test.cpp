@@ -266,7 +266,7 @@ struct forwarding_element : xhtml_element {
   xhtml_element& target;
 };
 
-TEST(DerivedReceiver, ContentGoesWhereAdoptChildPutsIt) {
+TEST(DerivedReceiver, ContentIsAddedWhereAdoptChildPutsIt) {
   for (const bool derived : {false, true}) {
     xhtml_doc other(1);
     xhtml_element* const target = append_element(*other.body(), tag_id::div)->as_element();

@@ -353,7 +353,7 @@ TEST(DerivedParser, NodesOfTheHeapInADocument) {
   }
 }
 
-TEST(DerivedParser, LeftoverOfTheHeapGoesUpIntoTheDocument) {
+TEST(DerivedParser, LeftoverOfTheHeapMovesUpIntoTheDocument) {
   xhtml_doc doc(1);
   std::basic_istringstream<char16> input(u"<p>a<p>b<div>c</b></div>d<p>e");
   heap_parser parser(&input);

@@ -22,7 +22,7 @@ TEST(Comment, LosesWhiteSpaceAtBothEnds) {
   EXPECT_EQ(in_div(u"<!-- \n -->"), "##");
 }
 
-TEST(Comment, StandsInAnyElement) {
+TEST(Comment, IsAcceptedInAnyElement) {
   EXPECT_EQ(in_root(u"<!--a--><html><!--b--></html>"), "#a# html(#b#)");
   EXPECT_EQ(in_body(u"<!--a--><ul><!--b--><li>c<!--d--></li></ul>"), "#a# ul(#b# li('c' #d#))");
 }
@@ -180,7 +180,7 @@ TEST(ProcessingInstruction, LosesWhiteSpaceAtBothEnds) {
   EXPECT_EQ(in_div(u"<? ?>x"), "?? 'x'");
 }
 
-TEST(ProcessingInstruction, StandsInAnyElement) {
+TEST(ProcessingInstruction, IsAcceptedInAnyElement) {
   EXPECT_EQ(in_body(u"<?a?><ul><?b?><li>c<?d?></li></ul>"), "?a? ul(?b? li('c' ?d?))");
 }
 

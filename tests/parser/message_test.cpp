@@ -56,7 +56,7 @@ class Message : public ::testing::Test {
   xhtml_parser parser{nullptr};
 };
 
-TEST_F(Message, StandsUnderItsLine) {
+TEST_F(Message, FollowsItsLine) {
   parser.message_mask = 1;
   parser.line = 12;
   EXPECT_TRUE(same_units(

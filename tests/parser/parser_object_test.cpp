@@ -47,7 +47,7 @@ TEST(NewParser, IsNoCopyOfAnother) {
   EXPECT_FALSE(std::is_copy_assignable_v<xhtml_parser>);
 }
 
-TEST(ParserInput, OwnedInputGoesWithTheParser) {
+TEST(ParserInput, OwnedInputIsFreedWithTheParser) {
   int deaths = 0;
   {
     xhtml_parser parser(new mortal_input(u"x", deaths));
@@ -65,7 +65,7 @@ TEST(ParserInput, ForeignInputOutlivesTheParser) {
   EXPECT_EQ(input.get(), u'x');
 }
 
-TEST(ParserInput, InputAtTheTimeOfTheEndIsTheOneThatGoes) {
+TEST(ParserInput, OnlyTheInputOwnedAtTheEndIsFreed) {
   int deaths = 0;
   mortal_input first(u"x", deaths);
   {

@@ -200,7 +200,7 @@ const recovery recoveries[] = {
 
 class Recovery : public ::testing::TestWithParam<recovery> {};
 
-TEST_P(Recovery, ReportsTheLevelsAskedFor) {
+TEST_P(Recovery, ReportsTheRequestedLevels) {
   for (std::uint32_t mask = 0; mask != 16; ++mask) {
     parse_case how;
     how.path = GetParam().path;

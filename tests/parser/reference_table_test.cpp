@@ -96,7 +96,7 @@ TEST(ReferenceTable, TheStockTableIsIndexedByCharacterAndCode) {
   EXPECT_FALSE(parser.by_character.contains(u' '));
 }
 
-TEST(ReferenceTable, EachFormGoesIntoTheSetsOfTheOtherSpellings) {
+TEST(ReferenceTable, EachFormIsInTheSetsOfTheOtherSpellings) {
   xhtml_parser parser(nullptr);
   parser.references.insert(entry(reference_form::form_none, u'n', u"none", 1));
   parser.references.insert(entry(reference_form::form_character, u'c', u"character", 2));

@@ -183,7 +183,7 @@ TEST(StartTag, AnyWhiteSpaceEndsTheName) {
   EXPECT_EQ(in_div(u"<p \n\t \r\n class='a' >x"), "p[class=\"a\"]('x')");
 }
 
-TEST(StartTag, WhiteSpaceUnitAfterUnknownNameStandsTwice) {
+TEST(StartTag, WhiteSpaceUnitAfterUnknownNameIsDoubled) {
   EXPECT_EQ(in_div(u"<foo\tx>"), "'<foo\\u0009\\u0009x>'");
   EXPECT_EQ(in_div(u"<foo   x>"), "'<foo    x>'");
   // The white space around a newline is dropped.

@@ -332,7 +332,7 @@ TEST(Text, PrefixIsLostToTheContentOfPre) {
   EXPECT_EQ(shown(parser->read_pcdata(&pre, u"x")), "' a'");
 }
 
-TEST(SkipLeadingSpace, TellsOfWhiteSpaceWithoutANewline) {
+TEST(SkipLeadingSpace, ReportsWhiteSpaceWithoutANewline) {
   const auto skip = [](ustring_view text, const std::string& rest, unsigned line) {
     parser_on<> parser(text);
     const bool skipped = parser->skip_leading_space();

@@ -60,7 +60,7 @@ std::size_t open_descriptors() {
   return count;
 }
 
-TEST_F(InputFile, GivesTheBytesAsTheyAre) {
+TEST_F(InputFile, ReturnsTheBytesUnchanged) {
   const std::string bytes("a\0\r\n\x1A\xFF\xFE", 7);
   make_file(temp.path() / "page", bytes);
   for (const ustring name : {u"/page", u"\\page", u"\\/page"}) {
@@ -74,7 +74,7 @@ TEST_F(InputFile, GivesTheBytesAsTheyAre) {
   }
 }
 
-TEST_F(InputFile, AnEmptyFileGivesNothing) {
+TEST_F(InputFile, AnEmptyFileHasNoBytes) {
   make_file(temp.path() / "page", "");
   const std::unique_ptr<byte_input> file = open(u"/page");
   ASSERT_TRUE(file);
@@ -133,7 +133,7 @@ TEST_F(InputFile, AFileThatMayNotBeWrittenIsRead) {
   EXPECT_EQ(next_bytes(*file, 2), "x");
 }
 
-TEST_F(InputFile, GoesBackToTheFirstByte) {
+TEST_F(InputFile, RewindsToTheFirstByte) {
   make_file(temp.path() / "page", "abc");
   const std::unique_ptr<byte_input> file = open(u"/page");
   ASSERT_TRUE(file);
@@ -181,7 +181,7 @@ TEST_F(InputFile, IsClosedWithItsObject) {
   EXPECT_EQ(open_descriptors(), before);
 }
 
-TEST_F(InputFile, WhatCannotBeReadGivesNothing) {
+TEST_F(InputFile, WhatCannotBeReadHasNoBytes) {
   // It opens, and each read fails, since nothing is mapped at address 0.
   const std::unique_ptr<byte_input> file = files.open_for_reading(u"/proc/self/mem");
   if (!file) GTEST_SKIP() << "no /proc/self/mem";
@@ -224,7 +224,7 @@ TEST_F(InputFile, ASignalDoesNotEndTheReading) {
   ::sigaction(SIGUSR1, &before, nullptr);
 }
 
-TEST_F(InputFile, GivesTheUnitsOfAPage) {
+TEST_F(InputFile, ReturnsTheUnitsOfAPage) {
   ustring text = u"\uFEFF";
   for (std::size_t i = 0; i < 3 * Xport::file_input_buffer::block_units; ++i)
     text += static_cast<char16_t>(i % 0xFFFF);

@@ -89,7 +89,7 @@ TEST_F(Page, FirstTextMakesTheFirstBlock) {
   EXPECT_TRUE(same_units(body(), block({u"first", u"second"})));
 }
 
-TEST_F(Page, TextAfterAHeadingGoesIntoItsBlock) {
+TEST_F(Page, TextAfterAHeadingIsAddedToItsBlock) {
   report.AddHeading(u"title", 1);
   report.AddText(u"line", false);
   EXPECT_TRUE(same_units(body(), title(u'1', u"title") + block({u"line"})));
@@ -111,7 +111,7 @@ TEST_F(Page, NewParagraphWithATableOpenLeavesTheTableOpen) {
 }
 
 // Where AddText puts a text. Without a section a text for one is dropped.
-TEST_F(Page, ModeDirectLinksAndTargetDecideWhereTextGoes) {
+TEST_F(Page, ModeDirectLinksAndTargetDecideWhereTextIsAdded) {
   struct row {
     bool section_mode;
     bool direct_links;

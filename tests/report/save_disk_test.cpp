@@ -176,7 +176,7 @@ TEST_F(SaveOnDisk, LoneSurrogatesFail) {
   EXPECT_TRUE(fs::is_empty(temp.path() / "Vellomark"));
 }
 
-TEST_F(SaveOnDisk, NumbersGoOnAndFillGaps) {
+TEST_F(SaveOnDisk, NumbersContinueAndFillGaps) {
   EXPECT_TRUE(save(temp.text(), nullptr));
   EXPECT_TRUE(save(temp.text(), nullptr));
   EXPECT_TRUE(save(temp.text(), nullptr));

@@ -90,7 +90,7 @@ TEST_F(Save, EveryCallStartsABlockEvenIfItFailsEarly) {
   EXPECT_TRUE(same_units(body(), block({u"line"}) + block() + block() + block()));
 }
 
-TEST_F(Save, TextAfterASaveGoesIntoTheBlockThatItStarted) {
+TEST_F(Save, TextAfterASaveIsAddedToTheBlockThatItStarted) {
   report.AddText(u"before", false);
   EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
   report.AddText(u"after", false);
@@ -120,7 +120,7 @@ TEST_F(Save, BrowserIsSentToAPageThatCouldNotBeOpened) {
   EXPECT_EQ(browser.urls, std::vector<ustring>{u"file:////out/Vellomark/Report1.htm"});
 }
 
-TEST_F(Save, BrowserGetsThePathAsItStands) {
+TEST_F(Save, BrowserGetsThePathUnchanged) {
   files.folders.insert(u"C:/a b");
   EXPECT_TRUE(report.Save(u"C:\\a b", nullptr));
   EXPECT_TRUE(report.Save(u"C:\\a b", nullptr));

@@ -13,7 +13,7 @@ class SectionTable : public report_test {
  protected:
 };
 
-TEST_F(SectionTable, OpeningAnswersTrueAndLeavesThePageAlone) {
+TEST_F(SectionTable, OpeningReturnsTrueAndLeavesThePageAlone) {
   report.SetSectionMode(true);
   EXPECT_TRUE(report.OpenTable(2));
   cells({u"a", u"b"});
@@ -62,7 +62,7 @@ TEST_F(SectionTable, ClosingToNoBlockMakesANewOne) {
   EXPECT_TRUE(same_units(body(), block() + block({u"line"})));
 }
 
-TEST_F(SectionTable, DirectTextWithNoTableOnThePageGoesNowhere) {
+TEST_F(SectionTable, DirectTextWithNoTableOnThePageIsDropped) {
   report.SetSectionMode(true);
   report.BeginDirectLinks();
   report.OpenTable(2);

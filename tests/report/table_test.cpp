@@ -30,7 +30,7 @@ TEST_F(Table, AnEmptyTableHasNoRows) {
   EXPECT_TRUE(same_units(body(), table({}) + block()));
 }
 
-TEST_F(Table, ATableStandsAtTheEndOfThePageAndNotInTheBlock) {
+TEST_F(Table, ATableIsAtTheEndOfThePageAndNotInTheBlock) {
   report.AddText(u"before", false);
   report.OpenTable(2);
   cells({u"a"});

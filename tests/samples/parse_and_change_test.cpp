@@ -166,7 +166,7 @@ TEST_F(ParseAndChange, DeletesTheContentOfThePageItself) {
                  lines({u"<html id='elem4'>", u"</html>"})));
 }
 
-TEST_F(ParseAndChange, AnswersFalseIfAnElementIsMissing) {
+TEST_F(ParseAndChange, ReturnsFalseIfAnElementIsMissing) {
   for (int missing = 1; missing <= 4; ++missing) {
     ustring content;
     ustring expected;
@@ -259,7 +259,7 @@ TEST_F(ParseAndChange, ReadsTheWorkReport) {
   EXPECT_TRUE(same_units(page("changed.htm"), expected));
 }
 
-TEST_F(ParseAndChange, AnswersFalseForANullPath) {
+TEST_F(ParseAndChange, ReturnsFalseForANullPath) {
   make_sample("sample.htm");
   const std::string bytes = bytes_of("sample.htm");
   EXPECT_FALSE(ParseAndChangeSampleVellomark(nullptr, path("target").c_str()));
@@ -299,7 +299,7 @@ TEST_F(ParseAndChange, LeavesTheTargetAloneIfTheSourceIsNotReadable) {
   EXPECT_FALSE(fs::exists(file("new")));
 }
 
-TEST_F(ParseAndChange, AnswersFalseWithoutATargetThatCanBeOpened) {
+TEST_F(ParseAndChange, ReturnsFalseWithoutATargetThatCanBeOpened) {
   make_sample("sample.htm");
   const std::string bytes = bytes_of("sample.htm");
   const temp_folder targets;

@@ -11,7 +11,7 @@ class SampleReport : public SampleFiles {
 };
 
 // A library without the string returns false, though it has written the page.
-TEST_F(SampleReport, AnswersWhetherThereIsAString) {
+TEST_F(SampleReport, ReturnsWhetherThereIsAString) {
   EXPECT_EQ(create("page.htm"), has_strings);
   EXPECT_TRUE(fs::exists(file("page.htm")));
 }
@@ -61,7 +61,7 @@ TEST_F(SampleReport, AcceptsPathsOfAllKinds) {
   EXPECT_TRUE(fs::exists(file("\xC3\xA9 \xF0\x9F\x98\x80")));
 }
 
-TEST_F(SampleReport, AnswersFalseWithoutAPageThatCanBeOpened) {
+TEST_F(SampleReport, ReturnsFalseWithoutAPageThatCanBeOpened) {
   expect_unwritable(folder_, CreateSampleVellomark1);
 }
 

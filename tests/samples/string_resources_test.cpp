@@ -38,7 +38,7 @@ TEST(StringResources, AreEmptyWhereThereIsNone) {
   EXPECT_EQ(find_string(table, 0xFFFF), u"");
 }
 
-TEST(StringResources, EndBehindTheLongest) {
+TEST(StringResources, AreCutAtTheLongestLength) {
   EXPECT_EQ(find_string(table, 8), ustring(255, u'x'));
   EXPECT_EQ(find_string(table, 9), ustring(255, u'x'));
 }

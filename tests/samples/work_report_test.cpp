@@ -88,7 +88,7 @@ TEST_F(WorkReport, IsFilledWithLinesOfALog) {
   EXPECT_EQ(count(page, u"<p id='abzac'>\n      '"), 1u);
 }
 
-TEST_F(WorkReport, AnswersFalseWithoutAPageThatCanBeOpened) {
+TEST_F(WorkReport, ReturnsFalseWithoutAPageThatCanBeOpened) {
   expect_unwritable(folder_, CreateWorkVellomark);
 }
 

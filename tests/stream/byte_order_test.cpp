@@ -133,7 +133,7 @@ TEST_P(ByteOrder, LeadingWhiteSpaceIsLost) {
   expect_rest(ustring(100000, u' ') + u"a", u"a", good);
 }
 
-TEST_P(ByteOrder, AZeroGoesInAnyCase) {
+TEST_P(ByteOrder, AZeroIsAlwaysRemoved) {
   expect_rest(ustring(u"\0a", 2), u"a", good);
   expect_rest(ustring(u"\0\0a", 3), ustring(u"\0a", 2), good);
   expect_rest(ustring(u"\0\0\uFFFEa", 4), ustring(u"\0\uFFFEa", 3), good);
@@ -141,7 +141,7 @@ TEST_P(ByteOrder, AZeroGoesInAnyCase) {
   expect_rest(ustring(u"\0 \t a", 5), u"a", good);
 }
 
-TEST_P(ByteOrder, ABigEndianMarkOf32BitsGoes) {
+TEST_P(ByteOrder, ABigEndianMarkOf32BitsIsRemoved) {
   expect_rest(ustring(u"\0\uFFFEa", 3), u"a", good);
   expect_rest(ustring(u"\0\uFFFE", 2), u"", good);
   expect_rest(ustring(u"\0\uFFFE a", 4), u" a", good);
@@ -154,7 +154,7 @@ TEST_P(ByteOrder, AZeroAloneFailsTheSecondRead) {
   expect_rest(ustring(u"\0 \n", 3), u"", ended);
 }
 
-TEST_P(ByteOrder, AMarkOfUtf8GoesInEitherOrder) {
+TEST_P(ByteOrder, AMarkOfUtf8IsRemovedInEitherOrder) {
   for (const char16 mark : {u'\uBBEF', u'\uEFBB'}) {
     expect_rest(ustring(1, mark), u"", good);
     expect_rest(ustring(1, mark) + u"ab", u"ab", good);
@@ -164,13 +164,13 @@ TEST_P(ByteOrder, AMarkOfUtf8GoesInEitherOrder) {
   }
 }
 
-TEST_P(ByteOrder, ALittleEndianMarkGoes) {
+TEST_P(ByteOrder, ALittleEndianMarkIsRemoved) {
   expect_rest(u"\uFEFF<html>", u"<html>", good);
   expect_rest(u"\uFEFF\uFEFFa", u"\uFEFFa", good);
   expect_rest(u"\uFEFF\uFFFEa", u"\uFFFEa", good);
 }
 
-TEST_P(ByteOrder, ALittleEndianMarkOf32BitsGoes) {
+TEST_P(ByteOrder, ALittleEndianMarkOf32BitsIsRemoved) {
   expect_rest(ustring(u"\uFEFF\0a", 3), u"a", good);
   expect_rest(ustring(u"\uFEFF\0", 2), u"", good);
   expect_rest(ustring(u"\uFEFF\0 a", 4), u" a", good);
@@ -317,7 +317,7 @@ TEST(ByteOrderRead, NothingMovesOverAUnit65535) {
   EXPECT_EQ(input.rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::in), 1);
 }
 
-TEST(ByteOrderRead, StartsWhereTheStreamStands) {
+TEST(ByteOrderRead, StartsAtThePositionOfTheStream) {
   string_stream input(u"xy\uFEFFa");
   input.seekg(2);
   input_stream* stream = &input;

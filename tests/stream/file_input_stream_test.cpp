@@ -151,7 +151,7 @@ TEST(FileInputBuffer, LooksAtAUnit65535NeitherMoveNorRead) {
   }
 }
 
-TEST(FileInputBuffer, GoesBackToTheBeginningOfAnUnreadFile) {
+TEST(FileInputBuffer, RewindsAnUnreadFile) {
   opened file(u"abc");
   EXPECT_EQ(file.buffer.pubseekoff(0, std::ios_base::beg, in), 0);
   EXPECT_EQ(file.buffer.pubseekpos(0, in), 0);
@@ -160,7 +160,7 @@ TEST(FileInputBuffer, GoesBackToTheBeginningOfAnUnreadFile) {
   EXPECT_TRUE(same_units(all_units(file.buffer), u"abc"));
 }
 
-TEST(FileInputBuffer, GoesBackWithinTheFirstBlock) {
+TEST(FileInputBuffer, RewindsWithinTheFirstBlock) {
   for (const std::size_t size : {std::size_t{0}, std::size_t{3}, 2 * block}) {
     const ustring text = counted(size);
     opened file(text);
@@ -177,7 +177,7 @@ TEST(FileInputBuffer, GoesBackWithinTheFirstBlock) {
   }
 }
 
-TEST(FileInputBuffer, GoesBackFromALaterBlock) {
+TEST(FileInputBuffer, RewindsFromALaterBlock) {
   const ustring text = counted(2 * block + 7);
   for (const std::size_t taken : {block + 1, 2 * block + 1, 2 * block + 7}) {
     opened file(text);
@@ -192,7 +192,7 @@ TEST(FileInputBuffer, GoesBackFromALaterBlock) {
   }
 }
 
-TEST(FileInputBuffer, GoesBackFromTheEnd) {
+TEST(FileInputBuffer, RewindsFromTheEnd) {
   const ustring text = counted(block + 7);
   opened file(text);
   EXPECT_EQ(all_units(file.buffer).size(), text.size());
@@ -201,7 +201,7 @@ TEST(FileInputBuffer, GoesBackFromTheEnd) {
   EXPECT_TRUE(same_units(all_units(file.buffer), text));
 }
 
-TEST(FileInputBuffer, StaysWhereAFileThatCannotGoBackStands) {
+TEST(FileInputBuffer, KeepsItsPositionIfTheFileCannotRewind) {
   const ustring text = counted(2 * block);
   opened file(text);
   file.record.fail_rewind = true;
@@ -212,7 +212,7 @@ TEST(FileInputBuffer, StaysWhereAFileThatCannotGoBackStands) {
   EXPECT_EQ(file.buffer.sgetc(), traits::eof());
 }
 
-TEST(FileInputBuffer, GoesNowhereElse) {
+TEST(FileInputBuffer, RefusesOtherPositions) {
   opened file(u"abc");
   for (int round = 0; round < 2; ++round) {
     for (const auto from : {std::ios_base::cur, std::ios_base::end}) {
@@ -275,7 +275,7 @@ TEST(FileInputStream, ReadsTheFile) {
   EXPECT_EQ(stream.rdstate(), std::ios_base::eofbit | std::ios_base::failbit);
 }
 
-TEST(FileInputStream, GoesBackToTheBeginningAndNowhereElse) {
+TEST(FileInputStream, CanOnlyBeRewound) {
   input_record record;
   record.bytes = file_bytes(u"abc");
   file_input_stream stream;

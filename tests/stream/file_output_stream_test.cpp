@@ -128,7 +128,7 @@ TEST(FileOutputBuffer, TheCloseMayFail) {
   EXPECT_TRUE(same_units(record.units(), u"x"));
 }
 
-TEST(FileOutputBuffer, AClosedBufferTakesNothing) {
+TEST(FileOutputBuffer, AClosedBufferAcceptsNothing) {
   file_record record;
   file_output_buffer buffer(std::make_unique<fake_file>(record));
   EXPECT_TRUE(buffer.close());

@@ -40,7 +40,7 @@ TEST_F(NullConversion, LeavesTheRestOfTheLocaleAlone) {
             nullptr);
 }
 
-TEST_F(NullConversion, TellsThatItConvertsNothing) {
+TEST_F(NullConversion, ReportsThatItConvertsNothing) {
   EXPECT_TRUE(conversion.always_noconv());
   EXPECT_EQ(conversion.max_length(), 2);
   EXPECT_EQ(conversion.encoding(), 2);

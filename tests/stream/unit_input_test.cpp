@@ -44,7 +44,7 @@ TYPED_TEST(UnitInput, AnEmptyInputIsAtItsEnd) {
   EXPECT_TRUE(input.window().empty());
 }
 
-TYPED_TEST(UnitInput, GivesUnitByUnit) {
+TYPED_TEST(UnitInput, ReadsUnitByUnit) {
   TypeParam buffer(ustring(u"a\0 ", 3));
   unit_input input(&buffer);
   EXPECT_FALSE(input.at_end());
@@ -62,7 +62,7 @@ TYPED_TEST(UnitInput, GivesUnitByUnit) {
   EXPECT_EQ(taken(buffer), 3u);
 }
 
-TYPED_TEST(UnitInput, GivesEveryUnitButTheEndAsItIs) {
+TYPED_TEST(UnitInput, ReadsEveryUnitButTheEndUnchanged) {
   ustring all;
   for (unsigned unit = 0; unit < end_unit; ++unit) all += static_cast<char16>(unit);
   TypeParam first(all);
@@ -139,7 +139,7 @@ TYPED_TEST(UnitInput, AdvancingAtTheEndStays) {
   }
 }
 
-TYPED_TEST(UnitInput, WhoeverElseReadsGoesOnFromThere) {
+TYPED_TEST(UnitInput, OtherReadersContinueFromThere) {
   TypeParam buffer(ustring(u"abcdef"));
   unit_input input(&buffer);
   EXPECT_FALSE(input.window().empty());
@@ -192,7 +192,7 @@ TEST(UnitInputOf, AFileShowsItsBlocks) {
   EXPECT_TRUE(input.at_end());
 }
 
-TEST(UnitInputOf, ABufferThatThrowsLetsItPass) {
+TEST(UnitInputOf, AnExceptionOfTheBufferPassesThrough) {
   throwing_buffer buffer(u"a");
   unit_input input(&buffer);
   EXPECT_TRUE(same_units(input.window(), u"a"));

@@ -35,7 +35,7 @@ TEST(UstringStream, RunsAndSingleUnitsFollowEachOther) {
   EXPECT_TRUE(same_units(stream.str(), u"ab\uFFFF\ne"));
 }
 
-TEST(UstringStream, AFailedStreamTakesNothing) {
+TEST(UstringStream, AFailedStreamAcceptsNothing) {
   ustring_stream stream;
   stream << ustring(u"a");
   stream.setstate(std::ios_base::failbit);

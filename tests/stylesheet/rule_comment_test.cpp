@@ -27,7 +27,7 @@ ustring replaced(ustring text, ustring_view selector) {
   return text;
 }
 
-TEST(RuleComment, StandsBeforeTheRuleWithoutSpaces) {
+TEST(RuleComment, ComesBeforeTheRuleWithoutSpaces) {
   EXPECT_TRUE(same_units(comment_of(u"the rule", u"p"), u"/*the rule*/\n"));
 }
 

@@ -123,7 +123,7 @@ TEST(StyleAttribute, TheFirstValueWins) {
   EXPECT_TRUE(same_units(style_of(element), u"color=old|left=|top=1px|width=3px|"));
 }
 
-TEST(StyleAttribute, ReadsEveryPropertyOnceHoweverOftenItStands) {
+TEST(StyleAttribute, ReadsEveryPropertyOnceHoweverOftenItOccurs) {
   ustring text;
   ustring expected;
   for (std::int32_t number = property_end - 1; number >= 0; --number)

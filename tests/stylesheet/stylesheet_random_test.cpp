@@ -129,7 +129,7 @@ ustring item_and_back(const xhtml_stylesheet_item& item) {
   return round_trip(sheet);
 }
 
-TEST(StylesheetRoundTrip, AShortValueTakesInTheNextDeclaration) {
+TEST(StylesheetRoundTrip, AShortValueIncludesTheNextDeclaration) {
   EXPECT_TRUE(
       same_units(rule_and_back(u"a", css_property_id::top, u"10"), u"[a] top=[10   color: red]\n"));
   EXPECT_TRUE(

@@ -52,7 +52,7 @@ TEST(StylesheetReader, ASelectorIsTrimmedAtItsEndsAndKeptWithin) {
   EXPECT_TRUE(reads_as(u"\n ul  >\tli , a:hover \n{}", u"[ul  >\tli , a:hover]\n"));
 }
 
-TEST(StylesheetReader, WhatStandsBetweenRulesBelongsToTheNextSelector) {
+TEST(StylesheetReader, TextBetweenRulesBelongsToTheNextSelector) {
   EXPECT_TRUE(reads_as(u"a{} } ; b{}", u"[a]\n[} ; b]\n"));
 }
 
@@ -117,7 +117,7 @@ TEST(StylesheetReader, AValueKeepsColonsBracesAndSlashes) {
                        u"[a] background=[url(http://x/{y) /*k*/]\n"));
 }
 
-TEST(StylesheetReader, AShortValueTakesInTheNextDeclarationLessOneUnit) {
+TEST(StylesheetReader, AShortValueIncludesTheNextDeclarationLessOneUnit) {
   EXPECT_TRUE(reads_as(u"a { margin: 0; padding: 1px; }", u"[a] margin=[0padding: 1px]\n"));
   EXPECT_TRUE(reads_as(u"a{margin:0;padding:1px;}", u"[a] margin=[0adding:1px]\n"));
   EXPECT_TRUE(reads_as(u"a { margin: 10; padding: 1px; }", u"[a] margin=[10padding: 1px]\n"));
@@ -128,23 +128,23 @@ TEST(StylesheetReader, AValueOfThreeUnitsStops) {
   EXPECT_TRUE(reads_as(u"a { margin: 100; padding: 1px; }", u"[a] margin=[100] padding=[1px]\n"));
 }
 
-TEST(StylesheetReader, AShortValueGoesOnAsOftenAsItIsShort) {
+TEST(StylesheetReader, AShortValueContinuesAsOftenAsItIsShort) {
   EXPECT_TRUE(reads_as(u"a{top:0;x;y;left:1px;}", u"[a] top=[0eft:1px]\n"));
   EXPECT_TRUE(reads_as(u"a{top:;;;;;;;;red;}", u"[a] top=[red]\n"));
 }
 
-TEST(StylesheetReader, AnEmptyValueGoesOnToo) {
+TEST(StylesheetReader, AnEmptyValueContinuesToo) {
   EXPECT_TRUE(reads_as(u"a { top: ; color: red; }", u"[a] top=[color: red]\n"));
 }
 
-TEST(StylesheetReader, WhatAShortValueHasIsTrimmedBeforeItGoesOn) {
+TEST(StylesheetReader, AShortValueIsTrimmedBeforeItContinues) {
   EXPECT_TRUE(reads_as(u"a { top:   0   ;xabc; }", u"[a] top=[0abc]\n"));
   // The blanks after the unit that is lost end up inside.
   EXPECT_TRUE(reads_as(u"a { top: 0;x  abc; }", u"[a] top=[0  abc]\n"));
   EXPECT_TRUE(reads_as(u"a { top: 0;x b ; }", u"[a] top=[0 b]\n"));
 }
 
-TEST(StylesheetReader, AShortLastValueTakesInTheNextRule) {
+TEST(StylesheetReader, AShortLastValueIncludesTheNextRule) {
   EXPECT_TRUE(reads_as(u"a { top: 0 } b { left: 10px; }", u"[a] top=[0 b { left: 10px]\n"));
   EXPECT_TRUE(
       reads_as(u"a { top: 0 } b { left: 10px; } c{}", u"[a] top=[0 b { left: 10px]\n[c]\n"));
@@ -207,7 +207,7 @@ TEST(StylesheetReader, ALoneSlashBetweenRulesIsLost) {
   EXPECT_TRUE(reads_as(u"//* k */ x {}", u"/*[k]\n[x]\n"));
 }
 
-TEST(StylesheetReader, ACommentInASelectorStandsAheadOfTheRuleAndCostsOneUnit) {
+TEST(StylesheetReader, ACommentInASelectorComesBeforeTheRuleAndCostsOneUnit) {
   EXPECT_TRUE(reads_as(u"a /*k*/ b {}", u"/*[k]\n[a b]\n"));
   EXPECT_TRUE(reads_as(u"a/*k*/bc{}", u"/*[k]\n[ac]\n"));
   EXPECT_TRUE(reads_as(u"a /*k*/{ color: red; } b {}", u"/*[k]\n[a  color: red; } b]\n"));
@@ -223,7 +223,7 @@ TEST(StylesheetReader, ALoneSlashInASelectorCostsOneUnitToo) {
   EXPECT_TRUE(reads_as(u"a/{}b{}", u"[a}b]\n"));
 }
 
-TEST(StylesheetReader, ACommentInAPropertyNameStandsAheadOfTheRuleAndCostsOneUnit) {
+TEST(StylesheetReader, ACommentInAPropertyNameComesBeforeTheRuleAndCostsOneUnit) {
   EXPECT_TRUE(reads_as(u"a{color:red;/*k*/width:3px;}", u"/*[k]\n[a] color=[red]\n"));
   EXPECT_TRUE(reads_as(u"a{color:red;/*k*/ width:3px;}", u"/*[k]\n[a] color=[red] width=[3px]\n"));
   EXPECT_TRUE(reads_as(u"a{ wi/*k*/ dth:3px;}", u"/*[k]\n[a] width=[3px]\n"));

@@ -32,7 +32,7 @@ TEST(RunInChild, LeavesTheMemoryOfTheParentAlone) {
   EXPECT_EQ(value, 1);
 }
 
-TEST(RunInChild, TellsWhyThereIsNoResult) {
+TEST(RunInChild, ReportsWhyThereIsNoResult) {
   const auto thrown = run_in_child([]() -> int { throw std::runtime_error("no result"); });
   EXPECT_EQ(thrown.made, std::nullopt);
   EXPECT_EQ(thrown.failure, "failed");
@@ -65,7 +65,7 @@ TEST(RunProcess, CollectsOutputAndExitCode) {
   EXPECT_FALSE(result.timed_out);
 }
 
-TEST(RunProcess, ChangesTheEnvironmentAndGivesNoInput) {
+TEST(RunProcess, ChangesTheEnvironmentAndHasNoInput) {
   const process_result result =
       run_process({"sh", "-c", "cat; echo $CHANGED"}, time_limit(60), {{"CHANGED", "a b"}});
   EXPECT_EQ(result.out, "a b\n");

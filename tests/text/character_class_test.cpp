@@ -73,7 +73,7 @@ TEST_F(CharacterClass, ALocaleReplacesTheGlobalOneAtConstruction) {
   EXPECT_TRUE(character_classes(std::locale::classic()).is_alnum(u'x'));
 }
 
-TEST_F(CharacterClass, ALocaleIsKeptAsLongAsItIsAsked) {
+TEST_F(CharacterClass, ALocaleIsKeptAsLongAsItIsUsed) {
   const character_classes classes(locale_with(L'x', std::ctype_base::blank));
   EXPECT_FALSE(classes.is_space(u'x'));
   EXPECT_TRUE(classes.is_space_or_blank(u'x'));
@@ -116,7 +116,7 @@ TEST_F(CharacterClass, ClassesOfAUnicodeLocale) {
 
 // Cached answers are the same as fresh ones, whichever class was
 // queried first.
-TEST_F(CharacterClass, AnswersDoNotDependOnWhatWasAskedBefore) {
+TEST_F(CharacterClass, ResultsDoNotDependOnEarlierCalls) {
   const character_classes used;
   for (unsigned number = 0; number <= 0x1FF; ++number) {
     const auto unit = static_cast<char16>(number);
@@ -129,7 +129,7 @@ TEST_F(CharacterClass, AnswersDoNotDependOnWhatWasAskedBefore) {
   }
 }
 
-TEST_F(CharacterClass, ACopyAnswersByTheSameLocale) {
+TEST_F(CharacterClass, ACopyUsesTheSameLocale) {
   auto original = std::make_unique<character_classes>();
   EXPECT_FALSE(original->is_space(u'\u3000'));
   const character_classes copy(*original);
@@ -191,7 +191,7 @@ TEST_F(CharacterClass, LowerCaseOfAUnicodeLocale) {
   EXPECT_TRUE(same_units(to_lower(u"AbZ\u00C9\u0416\u4E2D"), u"abz\u00E9\u0436\u4E2D"));
 }
 
-TEST_F(CharacterClass, LowerCaseGoesUnitByUnit) {
+TEST_F(CharacterClass, LowerCaseWorksUnitByUnit) {
   for (const char* const name : {"C", "C.UTF-8"}) {
     if (!use_locale(name)) continue;
     // A capital beyond the first 65536 code points, a lone surrogate, the zero unit.

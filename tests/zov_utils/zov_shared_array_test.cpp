@@ -91,7 +91,7 @@ TEST_F(ZovSharedArray, CopiesShare) {
 }
 
 // In whichever order the copies are destroyed, the elements are destroyed once, with the last copy.
-TEST_F(ZovSharedArray, TheLastOfTheCopiesTakesTheElementsAlong) {
+TEST_F(ZovSharedArray, TheLastCopyDestroysTheElements) {
   const int orders[][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
   for (const auto& order : orders) {
     counted_array copies[3];
@@ -165,7 +165,7 @@ TEST_F(ZovSharedArray, ClearingOwnStorageDestroysTheElementsAndKeepsIt) {
   EXPECT_EQ(values(array), up_to(7));
 }
 
-TEST_F(ZovSharedArray, ClearingSharedStorageLetsGoOfIt) {
+TEST_F(ZovSharedArray, ClearingReleasesSharedStorage) {
   counted_array array;
   fill(array, 5);
   const counted_array copy(array);

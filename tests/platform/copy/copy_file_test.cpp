@@ -60,7 +60,7 @@ TEST_F(CopyFile, BackslashesSeparate) {
   EXPECT_EQ(bytes_of(file("in") / "b"), "bytes");
 }
 
-TEST_F(CopyFile, TakesThePlaceOfAFileThatIsThere) {
+TEST_F(CopyFile, ReplacesAnExistingFile) {
   make_file(file("a"), "new");
   make_file(file("b"), "old and longer");
   EXPECT_TRUE(copy(u"/a", u"/b"));

@@ -109,7 +109,7 @@ TEST_P(UnfinishedCopy, ReplacesALinkToNothing) {
   EXPECT_EQ(names(), (name_set{"a", "b"}));
 }
 
-TEST_P(UnfinishedCopy, StandsInTheCurrentFolderForANameAlone) {
+TEST_P(UnfinishedCopy, IsInTheCurrentFolderForANameAlone) {
   const fs::path before = fs::current_path();
   fs::current_path(folder.path());
   make_file("a", "bytes");

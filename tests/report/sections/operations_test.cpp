@@ -102,14 +102,14 @@ TEST_F(Operations, LineFeedsOfALineStay) {
   EXPECT_TRUE(same_units(body(), page_and_section(u"", u"      <a>a\n      b</a><br/>\n")));
 }
 
-TEST_F(Operations, TextGoesToTheLastSection) {
+TEST_F(Operations, TextIsAddedToTheLastSection) {
   report.BeginSection(u"one", nullptr);
   report.BeginSection(u"two", nullptr);
   report.AddText(u"t", true);
   EXPECT_TRUE(same_units(saved(), section(u"one") + block() + section(u"two") + block({u"t"})));
 }
 
-TEST_F(Operations, TextBeforeTheFirstSectionGoesNowhere) {
+TEST_F(Operations, TextBeforeTheFirstSectionIsDropped) {
   report.AddText(u"lost", true);
   set(mode::section);
   report.AddText(u"lost", false);

@@ -174,7 +174,7 @@ TEST_F(Order, NoFolderOfPicturesWithoutSections) {
   EXPECT_TRUE(std::filesystem::is_directory(pages() / "page_files"));
 }
 
-TEST_F(Order, FolderOfPicturesIsNamedByWhatStandsBeforeTheFirstFullStop) {
+TEST_F(Order, FolderOfPicturesHasTheNameBeforeTheFirstFullStop) {
   add_section(report, {}, u"");
   ASSERT_TRUE(report.Save(folder.text(u"/out").c_str(), u"a.b.htm"));
   EXPECT_TRUE(std::filesystem::is_directory(pages() / "a_files"));

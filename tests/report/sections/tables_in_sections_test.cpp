@@ -18,7 +18,7 @@ class TablesInSections : public disk_test {
   }
 };
 
-TEST_F(TablesInSections, TableStandsAtItsPlaceBetweenBlocks) {
+TEST_F(TablesInSections, TableIsAtItsPlaceBetweenBlocks) {
   report.BeginSection(u"S", nullptr);
   report.AddText(u"above", false);
   report.OpenTable(2);
@@ -105,7 +105,7 @@ TEST_F(TablesInSections, TableOfThePageContinuesAfterATableOfASection) {
                                      block() + table(u"s1") + block()));
 }
 
-TEST_F(TablesInSections, TableWithoutASectionGoesNowhereAndTheStateComesBack) {
+TEST_F(TablesInSections, TableWithoutASectionIsDroppedAndTheStateIsRestored) {
   report.OpenTable(2);
   report.AddText(u"lost", false);
   EXPECT_EQ(thrown_by_close(report), "");
@@ -142,7 +142,7 @@ TEST_F(TablesInSections, TableLeftOpenOverSaveIsPlacedByTheNext) {
       saved(), block({u"line"}) + block() + block() + block() + table({{u"a", u"b"}}) + block()));
 }
 
-TEST_F(TablesInSections, TableLeftOpenOverSaveAndClosedWithoutASectionGoesNowhere) {
+TEST_F(TablesInSections, TableLeftOpenOverSaveAndClosedWithoutASectionIsDropped) {
   report.BeginSection(u"", nullptr);
   report.OpenTable(2);
   report.AddText(u"a", false);
@@ -153,7 +153,7 @@ TEST_F(TablesInSections, TableLeftOpenOverSaveAndClosedWithoutASectionGoesNowher
 
 // The lines of sections go to the blocks of Save and not into the table. The first
 // block is that of the table's first text.
-TEST_F(TablesInSections, TableOfThePageLeftOpenOverSaveGoesOn) {
+TEST_F(TablesInSections, TableOfThePageLeftOpenOverSaveContinues) {
   report.SetSectionMode(false);
   report.OpenTable(2);
   report.AddText(u"a", false);

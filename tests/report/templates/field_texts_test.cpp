@@ -55,7 +55,7 @@ TEST(FieldTexts, OfEqualOnesTheFirstIsReplaced) {
   EXPECT_EQ(in_order(fields), (texts{u"d", u"b", u"c", u"a"}));
 }
 
-TEST(FieldTexts, AreToldApartByEachUnit) {
+TEST(FieldTexts, DifferIfAnyUnitDiffers) {
   const ustring text = u"Item 12";
   const FieldTexts fields({text});
   for (std::size_t at = 0; at < text.size(); ++at)

@@ -8,7 +8,7 @@ namespace {
 
 using Filling = template_test;
 
-TEST_F(Filling, ContentStandsWhereItsMarkerStood) {
+TEST_F(Filling, ContentReplacesItsMarker) {
   load(two_fields());
   EXPECT_TRUE(set(u"A"));
   report.AddText(u"for A", false);
@@ -28,7 +28,7 @@ TEST_F(Filling, PiecesAreWrittenInTheOrderOfThePageForAnyName) {
                                      shown(u"z") + block()));
 }
 
-TEST_F(Filling, WithoutReplaceItOnlyTellsWhetherTheFieldExists) {
+TEST_F(Filling, WithoutReplaceItOnlyReturnsWhetherTheFieldExists) {
   load(two_fields());
   EXPECT_TRUE(report.SetTemplateField(u"A", false, u"value"));
   EXPECT_TRUE(report.SetTemplateField(u"B", false, nullptr));
@@ -37,7 +37,7 @@ TEST_F(Filling, WithoutReplaceItOnlyTellsWhetherTheFieldExists) {
   EXPECT_TRUE(same_units(body(), shown(u"x") + block()));
 }
 
-TEST_F(Filling, WithANullValueItOnlyTellsWhetherTheFieldExists) {
+TEST_F(Filling, WithANullValueItOnlyReturnsWhetherTheFieldExists) {
   load(two_fields());
   EXPECT_TRUE(report.SetTemplateField(u"A", true, nullptr));
   EXPECT_FALSE(report.SetTemplateField(u"C", true, nullptr));

@@ -127,7 +127,7 @@ TEST_F(Loading, ReadingEndsAtAUnitFfff) {
   EXPECT_TRUE(same_units(body(), shown(u"x") + block() + shown(u"y") + block()));
 }
 
-TEST_F(Loading, APageThatIsCutOffIsUsedAsFarAsItGoes) {
+TEST_F(Loading, APageThatIsCutOffIsUsedUpToItsEnd) {
   load_source(u"<html><head><title>t</title></head><body>" + content(u"x") + marker(u"A") +
               u"<p>y<b>z");
   EXPECT_EQ(fields(), texts{u"A"});

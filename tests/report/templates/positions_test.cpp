@@ -205,7 +205,7 @@ TEST_F(Positions, DirectLinksGoToTheNewPage) {
 
 // What a load resets is the page alone: a table in a section continues with its columns and
 // with the first cell that spans rows.
-TEST_F(Positions, ASectionTableGoesOnCountingAfterALoad) {
+TEST_F(Positions, ASectionTableContinuesCountingAfterALoad) {
   add_section(report, {}, u"", {});
   report.SetSectionMode(true);
   report.OpenTable(3);
@@ -277,7 +277,7 @@ TEST_P(ReusedMemory, NoRowGetsCellsOfADeletedTableThatWaited) {
 
 INSTANTIATE_TEST_SUITE_P(Behind, ReusedMemory, ::testing::Range(0, 8));
 
-TEST_F(Positions, AReportMayGoWithATemplateHalfPlaced) {
+TEST_F(Positions, AReportMayBeDestroyedWithATemplateHalfPlaced) {
   load(two_fields());
   set(u"A");
   report.OpenTable(2);
