@@ -202,7 +202,7 @@ void check_against_others(const page_case& how, const reading& actual) {
 }
 
 // A page in the other byte order, after its mark, is read like the same page in little endian.
-// Only the little-endian mark takes white space and a zero after it along.
+// Only with the little-endian mark, white space and a zero after it are removed.
 void check_byte_order(const page_case& how, const reading& swapped) {
   if (!how.swapped || how.text.empty()) return;
   if (how.text[0] == 0 || Xport::character_classes().is_space(how.text[0])) return;

@@ -59,8 +59,9 @@ void check_item(const xhtml_stylesheet_item& item) {
     check_value(entry->value);
 }
 
-// Whether reading an item's text gives the item again. A value that is short or ends in a quote is
-// no value, or another one, when it is read. An "@" begins an import, which needs a longer word.
+// Whether reading an item's text makes the same item again. A value that is short or ends in a
+// quote is no value, or another one, when it is read. An "@" begins an import, which needs a longer
+// word.
 bool is_stable(const xhtml_stylesheet_item& item) {
   if (item.item_kind() == 1 && item.selector_text().starts_with(u'@')) return false;
   if (item.item_kind() == 3 && item.item_text().size() + 6 < 9) return false;

@@ -149,7 +149,7 @@ findings check_guards(const source_tree& tree) {
     if (guard.empty()) {
       found.push_back(path + ": has no include guard");
     } else if (in_library(path) && guard != expected_guard(path)) {
-      found.push_back(path + ": has the guard " + guard + " and not " + expected_guard(path));
+      found.push_back(path + ": has the guard " + guard + " instead of " + expected_guard(path));
     }
   }
   return found;

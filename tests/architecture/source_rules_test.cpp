@@ -113,7 +113,7 @@ TEST_F(SourceRules, MissingOrWrongGuardIsFound) {
   EXPECT_EQ(
       check_guards(tree()),
       (findings{"xport/text/a.h: has no include guard", "xport/text/b.h: has no include guard",
-                "xport/text/c.h: has the guard OTHER_H and not XPORT_TEXT_C_H"}));
+                "xport/text/c.h: has the guard OTHER_H instead of XPORT_TEXT_C_H"}));
 }
 
 TEST_F(SourceRules, OwnHeaderComesFirst) {

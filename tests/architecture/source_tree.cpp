@@ -45,7 +45,7 @@ std::string resolve(const source_tree& tree, const source_file& from, const incl
   return {};
 }
 
-// Whether the single quote at `i` stands between digits, as in 1'000.
+// Whether the single quote at `i` is between digits, as in 1'000.
 bool separates_digits(const std::string& code, std::size_t i) {
   return i > 0 && std::isxdigit(static_cast<unsigned char>(code[i - 1]));
 }

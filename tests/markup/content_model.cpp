@@ -30,7 +30,7 @@ const char inlines[] =
 
 struct content {
   const char* parents;
-  const char* children;  // +block and +inline stand for the groups above, -x takes x out again
+  const char* children;  // +block and +inline mean the groups above, -x removes x again
 };
 
 const content contents[] = {

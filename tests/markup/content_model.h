@@ -3,7 +3,7 @@
 
 #include <string>
 
-// What may stand in each element of XHTML 1.0 Strict as this library holds it, spelled out.
+// What each element of XHTML 1.0 Strict accepts in this library, spelled out.
 
 namespace test {
 

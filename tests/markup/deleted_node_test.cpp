@@ -43,7 +43,7 @@ struct other_base {
   std::uint64_t filler = 1;
 };
 
-// g++ takes the operator delete that destroys a node for one that only frees memory.
+// g++ mistakes the operator delete that destroys a node for one that only frees memory.
 #if defined(__GNUC__) && !defined(__clang__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wfree-nonheap-object"

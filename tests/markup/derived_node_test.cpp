@@ -17,7 +17,7 @@
 namespace test {
 namespace {
 
-/// Returns the answers that it was given.
+/// Returns the values of its fields.
 struct told_node : xhtml_markup {
   std::int32_t kind = 0;
   std::uint32_t category = 0;

@@ -226,7 +226,7 @@ TEST_F(DescendantMarkupIterator, ACopyForgetsTheListsAbove) {
   EXPECT_TRUE(copy.current() == em->end()) << "it does not return upward";
   EXPECT_EQ(copy->node_kind(), 0);
   ++copy;
-  EXPECT_EQ(name_of(*copy), "b") << "behind the end comes the first child";
+  EXPECT_EQ(name_of(*copy), "b") << "after the end comes the first child";
   EXPECT_EQ(walked(at, end_of(div)), "b c ul li d li p e") << "the other one does";
 }
 

@@ -1,4 +1,4 @@
-// What may stand inside what: all pairs of rows, and all other kinds of nodes.
+// Which elements accept which nodes: all pairs of rows, and all other kinds of nodes.
 
 #include <gtest/gtest.h>
 

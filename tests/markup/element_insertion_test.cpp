@@ -168,7 +168,7 @@ TEST(ElementRange, ContinuesAtTheFrontAfterARefusedCopy) {
   xhtml_element list = element(tag_id::ul);
   source.append_copy(element(tag_id::p));
   source << u"z";
-  xhtml_element target = element(tag_id::p);  // takes no p
+  xhtml_element target = element(tag_id::p);  // accepts no p
   target << u"a" << u"b";
   target.insert_range(at(target, 1), source.begin(), source.end());
   EXPECT_EQ(read(target), "zaxyb");
@@ -220,7 +220,7 @@ TEST(ElementRange, WithoutNodesChangesNothing) {
   EXPECT_EQ(read(div), "ab");
 }
 
-// Two lists make no range, and a range never goes past its list's end.
+// Positions in two lists are no range, and a range ends at its list's end at the latest.
 TEST(ElementRange, ThatIsNoneDoesNoHarm) {
   xhtml_element div = letters("ab");
   const xhtml_element source = letters("xyz");

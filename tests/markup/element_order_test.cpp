@@ -114,21 +114,21 @@ TEST(ElementOrder, HoldsForTheOtherInsertions) {
   for_each_list("hbc", [](const std::string& children) {
     for (const char child : {'h', 'b', 'c'}) {
       SCOPED_TRACE(std::string(1, child) + " into " + children);
-      const bool in_front = html_takes(children, 0, child);
-      const bool behind = html_takes(children, children.size(), child);
+      const bool at_start = html_takes(children, 0, child);
+      const bool at_end = html_takes(children, children.size(), child);
       ASSERT_EQ(letters_of(*filled(tag_id::html, children) << *node(child)),
-                behind ? children + child : children);
+                at_end ? children + child : children);
       auto parent = filled(tag_id::html, children);
       parent->push_front_copy(*node(child));
-      ASSERT_EQ(letters_of(*parent), in_front ? child + children : children);
+      ASSERT_EQ(letters_of(*parent), at_start ? child + children : children);
       parent = filled(tag_id::html, children);
       parent->push_back_copy(*node(child));
-      ASSERT_EQ(letters_of(*parent), behind ? children + child : children);
+      ASSERT_EQ(letters_of(*parent), at_end ? children + child : children);
       if (child == 'c') continue;
       parent = filled(tag_id::html, children);
       const auto made = parent->append_element(child == 'h' ? tag_id::head : tag_id::body);
-      ASSERT_EQ(made != parent->end(), behind);
-      ASSERT_EQ(letters_of(*parent), behind ? children + child : children);
+      ASSERT_EQ(made != parent->end(), at_end);
+      ASSERT_EQ(letters_of(*parent), at_end ? children + child : children);
     }
   });
 }

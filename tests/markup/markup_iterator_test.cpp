@@ -118,9 +118,9 @@ TEST_F(MarkupIterator, ServesStandardAlgorithms) {
   EXPECT_TRUE(std::next(const_div.begin(), 3) == const_div.end());
   std::for_each(div.begin(), div.end(), [](xhtml_markup& node) { node << u"."; });
   EXPECT_EQ(forward(div.begin(), div.end()), "a.b.c.");
-  const auto from_behind = std::make_reverse_iterator(div.end());
-  EXPECT_EQ(text_of(*from_behind), "c.");
-  EXPECT_EQ(forward(from_behind, std::make_reverse_iterator(div.begin())), "c.b.a.");
+  const auto from_end = std::make_reverse_iterator(div.end());
+  EXPECT_EQ(text_of(*from_end), "c.");
+  EXPECT_EQ(forward(from_end, std::make_reverse_iterator(div.begin())), "c.b.a.");
 }
 
 TEST_F(MarkupIterator, OfAListOfOneMovesBetweenItAndTheEnd) {
@@ -244,7 +244,7 @@ TEST_F(ReverseMarkupIterator, StaysValidBesideInsertions) {
   div.insert_text(div.begin(), u"x");
   EXPECT_EQ(text_of(*on_b), "b");
   div.insert_text(on_b.base(), u"y");
-  EXPECT_EQ(text_of(*on_b), "y") << "it stands before its base";
+  EXPECT_EQ(text_of(*on_b), "y") << "it is before its base";
   EXPECT_TRUE(is_tree(div, "div('x' 'a' 'b' 'y' 'c')"));
 }
 

@@ -49,7 +49,7 @@ struct kind {
   tag_id tag;
   std::uint32_t category_flags;
   const char* text;     ///< the text that it has, null if it isn't a text
-  const char* trimmed;  ///< the text with " \t" behind it, trimmed at its end
+  const char* trimmed;  ///< the text followed by " \t", trimmed at its end
   bool is_end_tag;
   const char* tag_name;
 

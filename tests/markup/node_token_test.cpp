@@ -32,12 +32,12 @@ const token_case comments[] = {
     {u"-->", u"-->"},
     {u"abc", u"abc"},
     {u" a ", u"a"},
-    {u"<-- ", u""},  // longer than 3: the head goes
+    {u"<-- ", u""},  // longer than 3: the head is removed
     {u"<--a", u"a"},
     {u"<-->", u">"},
     {u"a-->", u"a-->"},  // not longer than 4: the tail stays
     {u" -->", u"-->"},
-    {u"ab-->", u"ab"},  // longer than 4: the tail goes
+    {u"ab-->", u"ab"},  // longer than 4: the tail is removed
     {u" a-->", u"a"},
     {u"<--->", u"->"},
     {u"<--ab", u"ab"},
@@ -62,14 +62,14 @@ const token_case instructions[] = {
     {u"<?", u"<?"},  // not longer than 2: kept
     {u"?>", u"?>"},
     {u" a", u"a"},
-    {u"<? ", u""},  // longer than 2: the head goes
+    {u"<? ", u""},  // longer than 2: the head is removed
     {u"<?a", u"a"},
     {u"<?>", u">"},
     {u"a?>", u"a?>"},  // not longer than 4: the tail stays
     {u"ab?>", u"ab?>"},
     {u"<?\?>", u"?>"},
     {u"<?ab", u"ab"},
-    {u"abc?>", u"abc"},  // longer than 4: the tail goes
+    {u"abc?>", u"abc"},  // longer than 4: the tail is removed
     {u"  a?>", u"a"},
     {u"<?a?>", u"a?>"},  // what is left isn't longer than 4
     {u"<?ab?>", u"ab?>"},
@@ -226,8 +226,8 @@ TEST(WhiteSpace, IsTrimmedFromLongCharacterData) {
   }
 }
 
-// The letter case of an end tag is the C library's: U+212A is an upper-case k
-// where that knows it.
+// The letter case of an end tag is the C library's: some locales count
+// U+212A as an upper-case k.
 TEST(EndTagCase, FollowsTheCLibrary) {
   const std::string before = std::setlocale(LC_CTYPE, nullptr);
   if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr) GTEST_SKIP() << "there is no C.UTF-8";

@@ -117,7 +117,7 @@ TEST(WriterElement, InstructionsAtSeveralDepths) {
                          u"</div>\n"));
 }
 
-// An inline element adds no level and its end tag stands where the instruction's line
+// An inline element adds no level, and its end tag is where the instruction's line
 // feed ended, as the column doesn't count it.
 TEST(WriterElement, AnInstructionInAnInlineElement) {
   EXPECT_TRUE(same_units(written(make(tag_id::p, make(tag_id::b, u"a", instruction(u"x")))),

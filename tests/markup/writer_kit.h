@@ -42,7 +42,7 @@ inline xhtml_processing_instruction instruction(ustring_view text) {
   return node;
 }
 
-/// What a writer made of a node, and where it believed to stand afterwards.
+/// What a writer wrote for a node, and its column and level afterwards.
 struct outcome {
   ustring text;
   std::uint64_t column;
@@ -63,7 +63,7 @@ inline testing::AssertionResult is_outcome(const outcome& actual, ustring_view t
                                            std::uint64_t column) {
   if (actual.column != column)
     return testing::AssertionFailure()
-           << "column " << actual.column << " and not " << column << " behind\n"
+           << "column " << actual.column << " instead of " << column << " after\n"
            << printable(actual.text);
   return same_units(actual.text, text);
 }

@@ -91,7 +91,7 @@ TEST(WriterPre, AnInstructionInPreHasALineAtTheLevelOfPre) {
                  u"<div>\n  <pre>a\n  <?x ?>\nb\n  </pre>\n</div>\n"));
 }
 
-// The layout and the element are asked separately.
+// The layout and the element are checked separately.
 TEST(WriterPre, PreWithAnotherLayoutKeepsItsLineFeedsUnindented) {
   const auto out =
       write_with(make(tag_id::div, make(tag_id::pre, u"a\nb")), [](xhtml_writer& writer) {

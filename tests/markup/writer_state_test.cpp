@@ -152,7 +152,7 @@ TEST(WriterState, TheLevelWraps) {
   EXPECT_EQ(out.indent_level, -2);
 }
 
-// A locale whose facet throws when it is asked about an asterisk.
+// A locale whose facet throws for an asterisk.
 std::locale throwing_locale() {
   class facet : public std::ctype<wchar_t> {
    protected:

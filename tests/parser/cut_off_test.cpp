@@ -78,7 +78,7 @@ TEST(CutOff, Quotes) {
                "'a \"<b>\"'", "'a \"<b>\" '", "'a \"<b>\" '", "'a \"<b>\" ' i", "'a \"<b>\" ' i"});
 }
 
-/// Texts in which every construct stands, some of them broken.
+/// Texts that contain every construct, some of them broken.
 const ustring texts[] = {
     u"<p class='a' title=\"b > c\" style='color:red' id=x y>z</p\n><br/><hr /></P>",
     u"<!DOCTYPE html [ <!ENTITY a \"b\"> ]><?xml version=\"1.0\"?\?> ?><!-- a --- b --><!-x-->",

@@ -198,7 +198,7 @@ TEST(ReturnedNode, MayBeReturnedLater) {
   xhtml_doc doc(1);
   parser_on<swapping_parser> parser(u"<!--a--><?b?><p></p><!--c-->");
   EXPECT_EQ(parser->parse_children(doc.body()), nullptr);
-  // The `p` comes after its end tag, and so the last comment stands in it.
+  // The `p` comes after its end tag, and so the last comment is in it.
   EXPECT_EQ(outline_of_children(*doc.body()), "?b? #a# p(#c#)");
   EXPECT_TRUE(is_intact(*doc.root()));
 }
@@ -281,7 +281,7 @@ TEST(DerivedReceiver, ContentIsAddedWhereAdoptChildPutsIt) {
   }
 }
 
-/// Records what it is asked about.
+/// Counts the calls of can_contain(), and those for a node with a parent.
 struct asked_element : xhtml_element {
   explicit asked_element(node_pool* content = nullptr)
       : xhtml_element(tag_id::div, {}, {}, content) {}
@@ -308,7 +308,7 @@ TEST(DerivedReceiver, ParentOfTheReceiverIsShownANodeWithoutAParent) {
   }
 }
 
-/// Reports its kind as that of a comment, and may not be asked to read anything.
+/// Reports its kind as that of a comment, and must not be made to read anything.
 struct silent_node : xhtml_markup {
   std::int32_t node_kind() const override { return 3; }
 };

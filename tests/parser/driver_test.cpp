@@ -317,7 +317,7 @@ TEST(DerivedParser, NodeOfNoKindThatSaysItIsAnElement) {
   EXPECT_EQ(result.deaths, 1);
 }
 
-/// Makes elements of its own with new, and texts if asked to.
+/// Makes elements of its own with new, and on request texts.
 class heap_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;

@@ -12,7 +12,7 @@ namespace {
 
 /// last_tag after a call of `read` on `text`, if it was `br` before.
 template <class Read>
-tag_id behind(ustring_view text, Read read) {
+tag_id tag_after(ustring_view text, Read read) {
   parser_on<> parser(text);
   parser->last_tag = tag_id::br;
   const std::unique_ptr<xhtml_markup> node(read(*parser));
@@ -27,54 +27,55 @@ TEST(LastTag, OfANewParserIsRowZero) {
 TEST(LastTag, StartTagStoresTheTagOfTheElement) {
   xhtml_element div(tag_id::div, {}, {});
   const auto read = [&div](auto& parser) { return parser.read_start_tag(&div); };
-  EXPECT_EQ(behind(u"p>", read), tag_id::p);
-  EXPECT_EQ(behind(u"PRE class='a'>", read), tag_id::pre);
-  EXPECT_EQ(behind(u"p", read), tag_id::p);
-  EXPECT_EQ(behind(u"foo>", read), tag_id::invalid_tag);
-  EXPECT_EQ(behind(u">", read), tag_id::invalid_tag);
-  EXPECT_EQ(behind(u"", read), tag_id::invalid_tag);
-  EXPECT_EQ(behind(u"foo bar>", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u"p>", read), tag_id::p);
+  EXPECT_EQ(tag_after(u"PRE class='a'>", read), tag_id::pre);
+  EXPECT_EQ(tag_after(u"p", read), tag_id::p);
+  EXPECT_EQ(tag_after(u"foo>", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u">", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u"", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u"foo bar>", read), tag_id::invalid_tag);
   // An element that Strict lacks has a number but no tag.
-  EXPECT_EQ(behind(u"font>", read), tag_id::invalid_tag);
-  EXPECT_EQ(behind(u"font color='red'>", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u"font>", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u"font color='red'>", read), tag_id::invalid_tag);
 }
 
 TEST(LastTag, EndTagStoresItsTag) {
   const auto read = [](auto& parser) { return parser.read_end_tag(); };
-  EXPECT_EQ(behind(u"/PRE>", read), tag_id::pre);
-  EXPECT_EQ(behind(u"/font>", read), tag_id::font);
-  EXPECT_EQ(behind(u"/doc root>", read), tag_id::doc_root);
-  EXPECT_EQ(behind(u"/foo>", read), tag_id::invalid_tag);
-  EXPECT_EQ(behind(u"/pre", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u"/PRE>", read), tag_id::pre);
+  EXPECT_EQ(tag_after(u"/font>", read), tag_id::font);
+  EXPECT_EQ(tag_after(u"/doc root>", read), tag_id::doc_root);
+  EXPECT_EQ(tag_after(u"/foo>", read), tag_id::invalid_tag);
+  EXPECT_EQ(tag_after(u"/pre", read), tag_id::invalid_tag);
 }
 
 TEST(LastTag, PreformattedTextStoresRowZero) {
   const auto read = [](auto& parser) { return parser.read_preformatted(); };
-  EXPECT_EQ(behind(u"a</pre>", read), tag_id::doc_root);
-  EXPECT_EQ(behind(u"a", read), tag_id::doc_root);
-  EXPECT_EQ(behind(u"", read), tag_id::doc_root);
+  EXPECT_EQ(tag_after(u"a</pre>", read), tag_id::doc_root);
+  EXPECT_EQ(tag_after(u"a", read), tag_id::doc_root);
+  EXPECT_EQ(tag_after(u"", read), tag_id::doc_root);
 }
 
 TEST(LastTag, TextAndInstructionStoreTheInvalidRow) {
   xhtml_element div(tag_id::div, {}, {});
   xhtml_element style(tag_id::style, {}, {});
-  EXPECT_EQ(behind(u"a", [&div](auto& parser) { return parser.read_pcdata(&div, {}); }),
+  EXPECT_EQ(tag_after(u"a", [&div](auto& parser) { return parser.read_pcdata(&div, {}); }),
             tag_id::invalid_tag);
-  EXPECT_EQ(behind(u"a", [&style](auto& parser) { return parser.read_pcdata(&style, {}); }),
+  EXPECT_EQ(tag_after(u"a", [&style](auto& parser) { return parser.read_pcdata(&style, {}); }),
             tag_id::invalid_tag);
-  EXPECT_EQ(behind(u"", [&div](auto& parser) { return parser.read_pcdata(&div, {}); }),
+  EXPECT_EQ(tag_after(u"", [&div](auto& parser) { return parser.read_pcdata(&div, {}); }),
             tag_id::invalid_tag);
-  EXPECT_EQ(behind(u"a?>", [](auto& parser) { return parser.read_processing_instruction(); }),
+  EXPECT_EQ(tag_after(u"a?>", [](auto& parser) { return parser.read_processing_instruction(); }),
             tag_id::invalid_tag);
 }
 
 TEST(LastTag, CommentAndDeclarationLeaveIt) {
-  EXPECT_EQ(behind(u"--a-->", [](auto& parser) { return parser.read_comment(nullptr); }),
+  EXPECT_EQ(tag_after(u"--a-->", [](auto& parser) { return parser.read_comment(nullptr); }),
             tag_id::br);
-  EXPECT_EQ(behind(u"-", [](auto& parser) { return parser.read_comment(nullptr); }), tag_id::br);
-  EXPECT_EQ(behind(u"<!a>", [](auto& parser) { return parser.read_markup(nullptr); }), tag_id::br);
-  EXPECT_EQ(behind(u"<", [](auto& parser) { return parser.read_markup(nullptr); }), tag_id::br);
-  EXPECT_EQ(behind(u"", [](auto& parser) { return parser.read_next(nullptr); }), tag_id::br);
+  EXPECT_EQ(tag_after(u"-", [](auto& parser) { return parser.read_comment(nullptr); }), tag_id::br);
+  EXPECT_EQ(tag_after(u"<!a>", [](auto& parser) { return parser.read_markup(nullptr); }),
+            tag_id::br);
+  EXPECT_EQ(tag_after(u"<", [](auto& parser) { return parser.read_markup(nullptr); }), tag_id::br);
+  EXPECT_EQ(tag_after(u"", [](auto& parser) { return parser.read_next(nullptr); }), tag_id::br);
 }
 
 TEST(LastTag, AfterAnEndTagOfPreTextKeepsItsNewlines) {

@@ -47,14 +47,14 @@ TEST(Interface, OperationsStandInTheirOrderInTheVirtualTable) {
   EXPECT_EQ(slot_of(&IVellomark::EndDirectLinks), 16u);
 }
 
-// A new virtual function comes after the operations and the two entries that a
-// virtual destructor takes, so nothing else is in the table.
-struct behind : IVellomark {
+// A new virtual function comes after the operations and the two entries of a
+// virtual destructor, so nothing else is in the table.
+struct one_more : IVellomark {
   virtual void next() {}
 };
 
 TEST(Interface, TheDestructorComesAfterTheOperations) {
-  EXPECT_EQ(slot_of(&behind::next), 17u + 2u);
+  EXPECT_EQ(slot_of(&one_more::next), 17u + 2u);
 }
 
 // A host's own implementation: each operation records its number.

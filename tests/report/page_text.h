@@ -143,7 +143,7 @@ inline ustring page_text(const std::filesystem::path& file) {
   return text.empty() ? text : text.substr(1);
 }
 
-/// What stands between the tags of the body.
+/// The text between the tags of the body.
 inline ustring body_of(const ustring& page) {
   const ustring_view open = u"\n  <body>\n";
   const std::size_t from = page.find(open);
@@ -152,7 +152,7 @@ inline ustring body_of(const ustring& page) {
   return page.substr(from + open.size(), to - from - open.size());
 }
 
-/// How often `part` stands in `text`.
+/// How often `part` occurs in `text`.
 inline std::size_t count_of(ustring_view part, ustring_view text) {
   std::size_t found = 0;
   for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + part.size()))

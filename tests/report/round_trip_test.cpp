@@ -189,7 +189,7 @@ TEST_F(RoundTrip, OnTheDisk) {
   EXPECT_EQ(outline_of_children(*doc.body()), "p(a('one') br) p");
 }
 
-// Markup in a text is written as it stands, and is markup when it's read.
+// Markup in a text is written unchanged, and is markup when it's read.
 TEST_F(RoundTrip, MarkupInATextKeepsTheBytes) {
   report.AddText(u"a<b class='x'>c</b>d<!-- e -->", false);
   EXPECT_EQ(body_read_back(), "p(a('a' b[class=\"x\"]('c') 'd' #e#) br) p");
@@ -267,7 +267,7 @@ TEST_F(RoundTrip, UnknownTagInATextIsLost) {
   EXPECT_TRUE(is_settled());
 }
 
-// Attribute values are written in apostrophes, as they stand.
+// Attribute values are written in apostrophes, unchanged.
 TEST_F(RoundTrip, ApostropheEndsTheTargetOfALink) {
   report.AddLink(u"", u"it's");
   EXPECT_EQ(body_read_back(), "p(a[href=\"#it\"]('it's') br) p");

@@ -144,7 +144,7 @@ TEST_F(Save, WritingThatFailsIsStillTrue) {
     files.calls.clear();
     files.fail(file_call::write, failing);
     EXPECT_TRUE(report.Save(u"/out", u"page.htm"));
-    EXPECT_EQ(files.count(file_call::write), failing) << "nothing is written behind a failure";
+    EXPECT_EQ(files.count(file_call::write), failing) << "nothing is written after a failure";
     EXPECT_EQ(files.count(file_call::close), 1u);
     EXPECT_EQ(files.open_files, 0u);
     const std::string& part = files.contents.at(u"/out/Vellomark/page.htm");

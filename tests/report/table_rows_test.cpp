@@ -305,8 +305,8 @@ TEST_F(TableRows, CellsOfThePageStandInTheirOrderAndNoneIsLost) {
   EXPECT_GT(spans, 1000u);
 }
 
-// After any calls each table of the page is there, in its order, and no cell stands in two
-// places, "0" aside, which repeats a link's cell.
+// After any calls each table of the page is there, in its order, and no cell is in two places,
+// except "0", which repeats a link's cell.
 TEST_F(TableRows, NoCellIsOnThePageTwice) {
   std::size_t thrown = 0;
   for (std::uint32_t seed = 1; seed <= 3000; ++seed) {

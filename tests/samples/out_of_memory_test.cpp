@@ -4,7 +4,7 @@
 namespace test {
 namespace {
 
-// Lets each allocation fail once. Nothing may leak. The page is as it was, and only where the
+// Makes each allocation fail once. Nothing may leak. The page is as it was, and only where the
 // last allocations fail, those of the stream to it, new or cut off.
 class SamplesOutOfMemory : public SampleFiles {
  protected:

@@ -114,7 +114,7 @@ TEST_F(ParseAndChange, ChangesTheFirstOfTwoElementsWithOneId) {
                         u"    <h3 id='elem4'>", u"      Element1", u"    </h3>"})));
 }
 
-// The deeper one is found first where it stands before, and the outer one where it holds it.
+// The deeper one is found first if it comes first, but an outer one before those inside it.
 TEST_F(ParseAndChange, LooksInDocumentOrder) {
   EXPECT_TRUE(
       same_units(changed_body(u"<div><p><span id='elem1'>a</span></p></div><p id='elem1'>b</p>"

@@ -14,7 +14,7 @@ std::size_t count(ustring_view text, ustring_view part) {
   return found;
 }
 
-// What stands between `opening` and the next quote, for each place where it is found.
+// The text between each `opening` and the next quote.
 std::vector<ustring> values(ustring_view text, ustring_view opening) {
   std::vector<ustring> found;
   for (std::size_t at = text.find(opening); at != ustring::npos; at = text.find(opening, at + 1)) {

@@ -126,7 +126,7 @@ TEST(FileInputBuffer, AFailedReadIsTheEnd) {
     file.record.failing_read = failing;
     EXPECT_TRUE(same_units(by_single_units(file.buffer), text.substr(0, (failing - 1) * block)));
     EXPECT_TRUE(unit_input(&file.buffer).at_end());
-    EXPECT_EQ(file.reads(), failing) << "the file isn't asked again";
+    EXPECT_EQ(file.reads(), failing) << "the file isn't read again";
   }
 }
 

@@ -123,9 +123,9 @@ TEST(StylesheetItem, DeclarationsMayBeChangedInPlace) {
 
 TEST(StylesheetItem, EraseOneDeclaration) {
   xhtml_stylesheet_rule rule = rule_with({red, top, left});
-  const auto behind = rule.erase_declaration(rule.declarations_begin() + 1);
-  EXPECT_EQ(behind - rule.declarations_begin(), 1);
-  EXPECT_TRUE(same_units(behind->value, u"2"));
+  const auto next = rule.erase_declaration(rule.declarations_begin() + 1);
+  EXPECT_EQ(next - rule.declarations_begin(), 1);
+  EXPECT_TRUE(same_units(next->value, u"2"));
   EXPECT_TRUE(same_units(values(rule), u"red 2 "));
   stylesheet_rule_iterator last = rule.erase_declaration(rule.declarations_begin() + 1);
   EXPECT_EQ(last, rule.declarations_end());

@@ -232,7 +232,7 @@ ustring parsed_copy_in(const std::locale& locale, const ustring& text) {
 
 std::locale underscore_is(std::ctype_base::mask classes) { return locale_with(L'_', classes); }
 
-/// A sheet with "_" wherever white space may stand.
+/// A sheet with "_" wherever white space is allowed.
 constexpr ustring_view spaced =
     u"__a__{_color_:_red_;_top:_1px_}__/*__k__*/__@import__url(a.css);__b{}";
 constexpr ustring_view listed_as_space = u"[a] color=[red] top=[1px]\n/*[k]\n@[a.css]\n[b]\n";

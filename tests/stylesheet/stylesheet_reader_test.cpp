@@ -83,7 +83,7 @@ TEST(StylesheetReader, WidowsIsReadUnderTheNameThatIsWritten) {
 }
 
 TEST(StylesheetReader, TheValueOfAnUnknownPropertyFollowsTheRulesOfValues) {
-  // "2" is too short for a value even if it is thrown away, and takes in the next one.
+  // "2" is too short for a value even if it is thrown away, and includes the next one.
   EXPECT_TRUE(reads_as(u"p { widows: 2; orphans: 300; top: 1px }", u"[p] top=[1px]\n"));
   EXPECT_TRUE(reads_as(u"p { x: 'abc';'color: red; top: 1px }", u"[p] color=[red] top=[1px]\n"));
 }

@@ -19,7 +19,7 @@ std::size_t live_allocations();
 std::size_t allocation_calls();
 
 /// Makes the `number`th call of `new` from now on throw std::bad_alloc, counted
-/// from 1; 0 lets all succeed.
+/// from 1; with 0 all succeed.
 void fail_allocation(std::size_t number);
 
 /// Makes all calls of `new` from now on throw std::bad_alloc, until fail_allocation() is called.

@@ -12,7 +12,7 @@
 
 namespace test {
 
-/// What a fake_file was asked to do, and what it is to refuse. Must outlive the file.
+/// The calls of a fake_file, and which of them fail. Must outlive the file.
 struct file_record {
   std::string bytes;                ///< what was written, failed writes left out
   std::vector<std::size_t> writes;  ///< the size of each write, failed ones too
@@ -47,11 +47,10 @@ class fake_file : public byte_output {
   file_record& record_;
 };
 
-/// What a fake_input reads, what it was asked for, and what it is to refuse. Must outlive
-/// the file.
+/// What a fake_input reads, its calls, and which of them fail. Must outlive the file.
 struct input_record {
   std::string bytes;
-  std::vector<std::size_t> reads;  ///< the size that each read asked for
+  std::vector<std::size_t> reads;  ///< the size of each read
   int rewinds = 0;                 ///< failed ones too
   int deaths = 0;
   std::size_t failing_read = 0;  ///< the number of the read that fails, from 1; 0: none

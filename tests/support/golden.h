@@ -17,8 +17,8 @@
 namespace test {
 
 /// Whether two texts are equal unit by unit. If not, the message names the line and
-/// the column, counted from 1 in units, of the first difference and shows what stands
-/// around it in both.
+/// the column, counted from 1 in units, of the first difference and shows the
+/// text around it in both.
 inline testing::AssertionResult same_units(ustring_view actual, ustring_view expected) {
   if (actual == expected) return testing::AssertionSuccess();
   const auto differ = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());

@@ -11,7 +11,7 @@ namespace test {
 bool is_endless_stylesheet(ustring_view text);
 
 /// A parser that comes to an end on every page: a text in `style` whose reading as a stylesheet
-/// would never end is added to the tree as it stands. All else is as in xhtml_parser.
+/// would never end is added to the tree unchanged. All else is as in xhtml_parser.
 class guarded_parser : public xhtml_parser {
  public:
   using xhtml_parser::xhtml_parser;

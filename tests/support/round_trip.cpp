@@ -18,7 +18,7 @@
 namespace test {
 namespace {
 
-// Units of a page that stand in a message.
+// The most units of a page that a message shows.
 constexpr std::size_t most_shown = 10'000;
 
 bool holds(ustring_view text, ustring_view part) { return text.find(part) != text.npos; }

@@ -37,7 +37,7 @@ inline std::string child_list_fault(const xhtml_markup& node) {
     if (&*--backward != children[left - 1]) return "the walk backward takes another way";
   if (backward != node.begin()) return "the walk backward doesn't end at the first child";
   if (--backward != node.end()) return "the end isn't before the first child";
-  if (++backward != node.begin()) return "the first child isn't behind the end";
+  if (++backward != node.begin()) return "the first child isn't after the end";
   return {};
 }
 
@@ -67,8 +67,8 @@ inline std::string node_fault(const xhtml_markup& node) {
 
 }  // namespace detail
 
-/// Whether the tree below `top` hangs together: every child knows its parent and
-/// may stand there, both walks along a child list agree, the list is a circle
+/// Whether the tree below `top` is consistent: every child has the right parent, which
+/// accepts it, both walks along a child list agree, the list is a circle
 /// through its end, no end tag is in it, and the maps are in order. Uses the
 /// public operations only. Any depth will do.
 inline ::testing::AssertionResult is_intact(const xhtml_markup& top) {

@@ -16,10 +16,10 @@ namespace test {
 /// other nodes by tag_name(). Units as printable() shows them. Any depth will do.
 std::string outline_of_children(const xhtml_markup& node);
 
-/// `node` alone as it stands in such a line.
+/// `node` alone in the same form.
 std::string outline_of_one(const xhtml_markup& node);
 
-/// `node` and what is below it in such a line, without attributes and styles.
+/// `node` and what is below it in the same form, without attributes and styles.
 std::string bare_outline(const xhtml_markup& node);
 
 /// How much of the white space in texts and comments an outline shows.

@@ -122,7 +122,7 @@ class counting_end_buffer : public dribble_buffer {
   std::size_t looks_ = 0;
 };
 
-/// Has nothing at hand: it is asked for each unit. Unlike the standard library's buffers it
+/// Has nothing at hand: each unit needs a call. Unlike the standard library's buffers it
 /// returns U+FFFF for a unit of that value.
 class unbuffered_buffer : public unit_buffer {
  public:

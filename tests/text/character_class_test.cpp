@@ -114,8 +114,7 @@ TEST_F(CharacterClass, ClassesOfAUnicodeLocale) {
   EXPECT_EQ(classes.to_lower(u'\uFFFF'), u'\uFFFF');
 }
 
-// Cached answers are the same as fresh ones, whichever class was
-// queried first.
+// Cached results are the same as new ones, in any order of the classes.
 TEST_F(CharacterClass, ResultsDoNotDependOnEarlierCalls) {
   const character_classes used;
   for (unsigned number = 0; number <= 0x1FF; ++number) {

@@ -125,7 +125,7 @@ std::map<std::string, names> expected_content(const std::map<std::string, dtd_el
   content["address"].insert("p");
   content["head"].erase("object");
   content["map"].erase("script");
-  // These two stand in nothing but the body.
+  // Only the body accepts these two.
   for (auto& [element, children] : content)
     if (element != "body") {
       children.erase("ins");

@@ -19,7 +19,7 @@ using numbers = std::set<int>;
 
 const Tag_trait& record(int number) { return *tag_table[tag_id{number}]; }
 
-/// The numbers of the elements whose names stand in `text` with blanks between them.
+/// The numbers of the elements that `text` names, with blanks between the names.
 numbers tags(const std::string& text) {
   numbers found;
   std::istringstream stream(text);

@@ -9,7 +9,7 @@
 
 namespace test {
 
-/// A number whose class knows which of its objects are alive. Finds objects that are destroyed
+/// A number whose class records which of its objects are alive. Finds objects that are destroyed
 /// twice, never, or without having been constructed. Compiles as C++11.
 class counted {
  public:

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Its destructor lets the thread save and waits for it.
+// Its destructor makes the thread save and waits for it.
 class worker {
  public:
   worker() {}

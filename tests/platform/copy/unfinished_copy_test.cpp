@@ -79,7 +79,7 @@ TEST_P(UnfinishedCopy, ReplacesAFile) {
 TEST_P(UnfinishedCopy, NeedsTwoDescriptors) {
 #if defined(__has_feature)
 #if __has_feature(undefined_behavior_sanitizer)
-  GTEST_SKIP() << "the sanitizer takes descriptors of its own";
+  GTEST_SKIP() << "the sanitizer opens descriptors of its own";
 #endif
 #endif
   make_file(file("a"), "bytes");

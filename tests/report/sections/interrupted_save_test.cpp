@@ -107,7 +107,7 @@ class interrupted_report {
   }
 
   // The page has all its content once. Only headings may be there again, and a line
-  // and its end may stand in two blocks.
+  // and its end may be in two blocks.
   void expect_complete() const {
     expect_no_loss();
     const ustring body = body_of(page_text(folder_.path() / "out" / "Vellomark" / "page.htm"));

@@ -166,7 +166,7 @@ TEST_F(Operations, BeginSectionDoesNothingWithBothSwitchesOn) {
   report.BeginSection(u"name", u"t");
   EXPECT_TRUE(same_units(saved(), u""));
   set(mode::page);
-  report.BeginSection(u"", nullptr);  // takes the queue, which stayed
+  report.BeginSection(u"", nullptr);  // gets the queue, which stayed
   EXPECT_TRUE(same_units(saved(), block() + heading(u'1', u"A") + block()));
 }
 

@@ -75,7 +75,7 @@ TEST_F(Order, LongestSharedPathComesBeforeWhatWasMadeEarlier) {
                                       block({u"3"}) + block({u"2"})));
 }
 
-// Headings are compared place by place: C stands in both paths at the third.
+// Headings are compared place by place: C is at the third place of both paths.
 TEST_F(Order, HeadingAtTheSamePlaceIsLeftOutThoughOneAboveItDiffers) {
   add_section(report, {u"A", u"B", u"C"}, u"", {u"1"});
   add_section(report, {u"A", u"X", u"C"}, u"", {u"2"});
@@ -129,7 +129,7 @@ TEST_F(Order, HeadingOfStyleFiveOrMoreIsALineOfTheBlock) {
                                      block({u"line"}) + heading(u'2', u"B") + block()));
 }
 
-// Such a heading goes into an open table, but a line of a section doesn't.
+// Such a heading is added to an open table, but a line of a section isn't.
 TEST_F(Order, HeadingOfStyleFiveIsACellOfAnOpenTable) {
   report.OpenTable(2);
   report.AddSectionHeading(u"cell", 5);

@@ -25,8 +25,7 @@ TEST_F(Pictures, FileMovesIntoTheFolderAndAnImageTakesItsPlace) {
   EXPECT_EQ(names_in(pictures()), (std::set<std::string>{"x.bmp"}));
 }
 
-// The last four units are cut off, whatever they are; that the dot of a longer extension
-// stays is part of it.
+// The last four units are always cut off, so the dot of a longer extension stays.
 TEST_F(Pictures, NameLosesItsLastFourUnits) {
   const struct {
     const char16_t* name;

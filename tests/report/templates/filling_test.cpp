@@ -251,7 +251,7 @@ TEST_F(Filling, APageOfAReportIsATemplateToo) {
   body();
   const std::string written = bytes_of(folder.path() / "out" / "Vellomark" / "page.htm");
   load_bytes(written);
-  EXPECT_EQ(fields(), texts{u"A"}) << "it stands in an anchor, so nothing is cut";
+  EXPECT_EQ(fields(), texts{u"A"}) << "it is in an anchor, so nothing is cut";
   EXPECT_TRUE(
       same_units(body(),
                  u"    <p>\n      <a>one</a><br/>\n      <a><span id='Template'>A</span></a><br/>\n"

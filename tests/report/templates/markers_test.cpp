@@ -1,4 +1,4 @@
-// Where markers work, and how a template is read in which they stand elsewhere.
+// Where markers work, and how a template with markers elsewhere is read.
 #include "tests/report/templates/template_page.h"
 
 namespace test {

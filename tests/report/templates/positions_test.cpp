@@ -101,7 +101,7 @@ TEST_F(Positions, PiecesAreAddedAfterAnOpenTableAndCellsToIt) {
   report.CloseTable();
   EXPECT_TRUE(same_units(body(), table({{u"a", u"b"}}) + block() + shown(u"x") + block() + block() +
                                      shown(u"y") + block()))
-      << "the first cell started a block for text behind the table";
+      << "the first cell started a block for text after the table";
 }
 
 TEST_F(Positions, SectionsOutliveALoad) {
@@ -228,7 +228,7 @@ TEST_F(Positions, HeadingsOfTheNextSectionOutliveALoad) {
 }
 
 // New elements reuse the memory of the deleted page. These put one that accepts cells
-// where the open table or its row was, before which any number of others may lie.
+// where the open table or its row was. The parameter is the number of other elements before it.
 class ReusedMemory : public Positions, public ::testing::WithParamInterface<int> {
  protected:
   // Loads a page with tables of its own and places it.
@@ -275,7 +275,7 @@ TEST_P(ReusedMemory, NoRowGetsCellsOfADeletedTableThatWaited) {
   expect_nothing_in_tables();
 }
 
-INSTANTIATE_TEST_SUITE_P(Behind, ReusedMemory, ::testing::Range(0, 8));
+INSTANTIATE_TEST_SUITE_P(AfterLines, ReusedMemory, ::testing::Range(0, 8));
 
 TEST_F(Positions, AReportMayBeDestroyedWithATemplateHalfPlaced) {
   load(two_fields());

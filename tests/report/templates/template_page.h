@@ -23,7 +23,7 @@ inline ustring page(ustring_view body) {
 /// The source of a block of text.
 inline ustring content(ustring_view text) { return u"<p>" + ustring(text) + u"</p>"; }
 
-/// The source of a marker as it stands in a block.
+/// The source of a marker inside a block.
 inline ustring span(ustring_view text) {
   return u"<span id=\"Template\">" + ustring(text) + u"</span>";
 }
