@@ -24,7 +24,7 @@ namespace {
 void run(IVellomark& report, const std::string& script) {
   std::istringstream words(script);
   for (std::string word; words >> word;) {
-    const auto text_from = [&word](std::size_t at) {
+    const auto text_from = [&word](std::ptrdiff_t at) {
       return ustring(word.begin() + at, word.end());
     };
     if (word[0] == '[') {
