@@ -46,7 +46,7 @@ class WriterSize : public ::testing::Test {
 };
 
 using buffers = ::testing::Types<block_area_buffer, block_run_buffer>;
-TYPED_TEST_SUITE(WriterSize, buffers, );
+TYPED_TEST_SUITE(WriterSize, buffers);
 
 ustring all_units() {
   ustring text;
