@@ -84,7 +84,7 @@ class small_report {
 class OutOfMemoryAfterBlocks : public testing::TestWithParam<int> {};
 
 TEST_P(OutOfMemoryAfterBlocks, SaveLosesNothingAndMayBeRepeated) {
-  const std::size_t failures = for_each_allocation([this](std::size_t number) {
+  const std::size_t failures = for_each_allocation([](std::size_t number) {
     small_report report(GetParam());
     const bool failed = try_without_memory(number, [&] { report.save(); }).ran_out;
     report.expect_no_loss();
