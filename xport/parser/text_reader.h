@@ -21,16 +21,15 @@ struct leading_space {
 /// Finds the white space at the beginning of `text`, up to a unit U+FFFF at most.
 inline leading_space find_leading_space(ustring_view text, const character_classes& classes) {
   leading_space found{0, 0};
-  while (found.count < text.size()) {
+  for (; found.count < text.size(); ++found.count) {
     const char16 unit = text[found.count];
-    if (unit == u'\n')
-      ++found.newlines;
-    else if (unit == u' ' && has_plain_blanks(classes))
+    if (unit == u' ' && has_plain_blanks(classes))
       found.count +=
           count_leading({text.data() + found.count, text.size() - found.count}, u' ') - 1;
+    else if (unit == u'\n')
+      ++found.newlines;
     else if (unit == end_unit || !classes.is_space(unit))
       break;
-    ++found.count;
   }
   return found;
 }
