@@ -1,6 +1,5 @@
 #include "xport/parser/shortcuts.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "xport/parser/text_reader.h"
@@ -34,23 +33,6 @@ std::optional<ustring_view> xhtml_parser::take_plain_text() {
   if (end.kept < count && window[end.kept] == u' ') return window.substr(0, end.kept + 1);
   text_ = text;
   return text_ += u' ';
-}
-
-// Takes the end tag of the element with `rules` if it comes next, is spelled as the name in
-// `rules` and stands whole in the input's window.
-bool xhtml_parser::take_plain_end_tag(const Tag_trait& rules) {
-  if (!use_shortcuts || reports(level_trace_end_tags) || !input->good()) return false;
-  if (rules.id == tag_id::pre) return false;
-  unit_input in = units();
-  const ustring_view window = in.window();
-  const std::size_t length = rules.name.size() + 3;
-  if (window.size() < length || window[0] != u'<' || window[1] != u'/' ||
-      window[length - 1] != u'>' ||
-      !std::equal(rules.name.begin(), rules.name.end(), window.begin() + 2))
-    return false;
-  in.advance(length);
-  last_tag = rules.id;
-  return true;
 }
 
 }  // namespace Xport

@@ -1,8 +1,10 @@
 #ifndef XPORT_PARSER_SHORTCUTS_H
 #define XPORT_PARSER_SHORTCUTS_H
 
+#include <algorithm>
 #include <cstddef>
 
+#include "xport/parser/xhtml_parser.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
 #include "xport/text/find_any.h"
@@ -45,6 +47,23 @@ inline std::size_t count_plain_letters(ustring_view text, const character_classe
 /// Only if `classes` are standard: a blank can be anything otherwise.
 inline bool has_plain_blanks(const character_classes& classes) {
   return use_shortcuts && classes.are_standard();
+}
+
+/// Takes the end tag of the element with `rules` if it comes next, is spelled as the name in
+/// `rules` and is whole in the input's window.
+inline bool xhtml_parser::take_plain_end_tag(const Tag_trait& rules) {
+  if (!use_shortcuts || reports(level_trace_end_tags) || !input->good()) return false;
+  if (rules.id == tag_id::pre) return false;
+  unit_input in = units();
+  const ustring_view window = in.window();
+  const std::size_t length = rules.name.size() + 3;
+  if (window.size() < length || window[0] != u'<' || window[1] != u'/' ||
+      window[length - 1] != u'>' ||
+      !std::equal(rules.name.begin(), rules.name.end(), window.begin() + 2))
+    return false;
+  in.advance(length);
+  last_tag = rules.id;
+  return true;
 }
 
 }  // namespace Xport

@@ -3,6 +3,7 @@
 #include <typeinfo>
 
 #include "xport/markup/leaf_nodes.h"
+#include "xport/parser/shortcuts.h"
 #include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
