@@ -10,7 +10,7 @@ namespace bench {
 
 namespace {
 
-/// The number behind `key` in a file of lines "key: number".
+/// The number after `key` in a file of lines "key: number".
 std::uint64_t number_in(const char* path, const std::string& key) {
   std::ifstream file(path);
   std::string word;

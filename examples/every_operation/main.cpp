@@ -65,7 +65,7 @@ void add_tables(IVellomark& report) {
   report.CloseTable();
   report.OpenTable(1);
   add_texts(report, {u"one column", u"two cells"});
-  report.AddHeading(u"A heading behind the open table", 2);
+  report.AddHeading(u"A heading after the open table", 2);
   report.AddText(u"in the table", false);
   report.CloseTable();
   report.CloseTable();

@@ -18,7 +18,7 @@ constexpr std::size_t columns_after_path = 3;  // name, label, value
 constexpr double limit = 1e12;
 
 [[noreturn]] void refuse(std::size_t record, const std::string& problem) {
-  throw std::runtime_error("row " + std::to_string(record + 1) + " behind the header " + problem);
+  throw std::runtime_error("row " + std::to_string(record + 1) + " after the header " + problem);
 }
 
 double to_number(const std::u16string& text, std::size_t record) {

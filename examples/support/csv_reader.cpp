@@ -66,7 +66,7 @@ class record_reader {
       take(text_[next_]);
     }
     if (!at_end() && !at(u',') && !at(u'\r') && !at(u'\n'))
-      throw csv_error(line_, "text behind a closing quote");
+      throw csv_error(line_, "text after a closing quote");
     return field;
   }
 

@@ -36,7 +36,7 @@ class builder {
     add_record_table();
     heading(u"Source", 0);
     line(escape(source_) + u", " + counted(table_.header.size(), u"column", u"columns") + u", " +
-         counted(table_.records.size(), u"row", u"rows") + u" behind the header");
+         counted(table_.records.size(), u"row", u"rows") + u" after the header");
   }
 
  private:

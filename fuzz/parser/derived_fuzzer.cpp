@@ -19,6 +19,7 @@
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
 
 using Xport::tag_id;
@@ -38,7 +39,7 @@ struct other_trees {
 
 struct broken_off {};
 
-class meddling_parser : public test::guarded_parser {
+class meddling_parser : public guarded_parser {
  public:
   meddling_parser(input_type* stream, other_trees& others, std::vector<unsigned> choices)
       : guarded_parser(stream), others_(others), choices_(std::move(choices)) {}
@@ -80,9 +81,9 @@ class meddling_parser : public test::guarded_parser {
         return copy_of(*node);
       case 6:  // a derived class in its place
         return node->type() == Xport::node_type::none ? node.release()
-                                                      : test::derived_copy(*node).release();
+                                                      : derived_copy(*node).release();
       case 7: {  // fills an element of its own first
-        auto box = std::make_unique<test::derived_element>(tag_id::span, u"box", u"");
+        auto box = std::make_unique<derived_element>(tag_id::span, u"box", u"");
         box->append_text(u"text");
         if (box->adopt_child(node.get()) != box->end()) node.release();
         return box.release();
@@ -121,11 +122,11 @@ class meddling_parser : public test::guarded_parser {
 };
 
 void expect_intact(const xhtml_markup& tree) {
-  if (const auto intact = test::is_intact(tree); !intact) fuzz::fail(intact.message());
+  if (const auto intact = is_intact(tree); !intact) fail(intact.message());
 }
 
 struct derived_case {
-  explicit derived_case(fuzz::fuzz_input& in) {
+  explicit derived_case(fuzz_input& in) {
     const unsigned flags = in.take_byte();
     on_heap = (flags & 1) != 0;
     others_first = (flags & 2) != 0;
@@ -150,7 +151,7 @@ struct derived_case {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::fuzz_input in(data, size);
+  fuzz_input in(data, size);
   const derived_case how(in);
 
   auto others = std::make_unique<other_trees>();
@@ -158,7 +159,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   auto heap = std::make_unique<xhtml_element>(tag_id::div, u"", u"");
   xhtml_markup& above = how.on_heap ? *heap : *page->body();
   xhtml_markup& receiver = how.derived_receiver
-                               ? *above.append_copy(test::derived_element(tag_id::div, {}, {}))
+                               ? *above.append_copy(derived_element(tag_id::div, {}, {}))
                                : *append_element(above, tag_id::div);
   {
     std::basic_istringstream<Xport::char16> input(how.text);
@@ -178,23 +179,25 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   expect_intact(*others->doc.root());
   expect_intact(others->heap);
 
-  const ustring written = test::written(receiver);
+  const ustring text = written(receiver);
   if (how.others_first) {
     others.reset();
-    fuzz::expect(test::written(receiver) == written, "the page doesn't depend on other trees");
+    expect(written(receiver) == text, "the page doesn't depend on other trees");
     xhtml_element box(tag_id::div, {}, {});
     const xhtml_markup& copy = *box.append_copy(receiver);
-    fuzz::expect(test::written(copy) == written, "a copy is written like its original");
+    expect(written(copy) == text, "a copy is written like its original");
     page.reset();
     heap.reset();
-    fuzz::expect(test::written(copy) == written, "a copy doesn't depend on its original");
+    expect(written(copy) == text, "a copy doesn't depend on its original");
   } else {
-    const ustring kept = test::written(*others->doc.root());
-    const ustring kept_on_heap = test::written(others->heap);
+    const ustring kept = written(*others->doc.root());
+    const ustring kept_on_heap = written(others->heap);
     page.reset();
     heap.reset();
-    fuzz::expect(test::written(*others->doc.root()) == kept, "what was kept outlives the page");
-    fuzz::expect(test::written(others->heap) == kept_on_heap, "what was kept outlives the page");
+    expect(written(*others->doc.root()) == kept, "what was kept outlives the page");
+    expect(written(others->heap) == kept_on_heap, "what was kept outlives the page");
   }
   return 0;
 }
+
+}  // namespace test

@@ -21,9 +21,9 @@
 #include "xport/parser/read_document.h"
 #include "xport/stream/ustring_stream.h"
 
+namespace test {
 namespace {
 
-using test::guarded_parser;
 using Xport::char16;
 using Xport::tag_id;
 using Xport::ustring;
@@ -51,7 +51,7 @@ const std::vector<std::vector<tag_id>>& receivers() {
 }
 
 struct page_case {
-  explicit page_case(fuzz::fuzz_input& in) {
+  explicit page_case(fuzz_input& in) {
     const unsigned flags = in.take_byte();
     round.normalize_text = (flags & 1) != 0;
     round.preserve_newlines = (flags & 2) != 0;
@@ -72,7 +72,7 @@ struct page_case {
     text = in.take_text();
   }
 
-  test::round_trip_options round;
+  round_trip_options round;
   bool on_heap;
   bool swapped;
   bool owns_input;
@@ -124,11 +124,11 @@ std::unique_ptr<page_stream> make_stream(const page_case& how, bool whole) {
   const ustring page = how.swapped ? swapped_page(how.text) : how.text;
   if (whole)
     return std::make_unique<page_stream>(std::make_unique<std::basic_stringbuf<char16>>(page));
-  return std::make_unique<page_stream>(std::make_unique<test::dribble_buffer>(page, how.block));
+  return std::make_unique<page_stream>(std::make_unique<dribble_buffer>(page, how.block));
 }
 
 struct reading {
-  test::parse_result result;
+  parse_result result;
   std::vector<ustring> outline;  ///< of the whole tree
   bool endless = false;          ///< whether reading a style text never returns
 
@@ -144,7 +144,7 @@ void set_options(Xport::xhtml_parser& parser, const page_case& how) {
 std::string rest_of(Xport::unit_input in) {
   ustring rest;
   for (; !in.at_end(); in.advance()) rest += in.peek();
-  return test::printable(rest);
+  return printable(rest);
 }
 
 template <class Parser>
@@ -163,17 +163,17 @@ reading read(const page_case& how, bool whole, tree& target) {
       load_default_references(parser.references);
       rebuild_reference_indexes(parser);
       const std::unique_ptr<xhtml_markup> left(parser.parse_children(&target.receiver()));
-      if (left) read.result.returned = test::printable(left->tag_name());
+      if (left) read.result.returned = printable(left->tag_name());
     }
     if constexpr (std::is_same_v<Parser, guarded_parser>) read.endless = parser.met_endless();
     read.result.line = parser.line;
     read.result.last_tag = parser.last_tag;
     read.result.rest = rest_of(Xport::unit_input(parser.input->rdbuf()));
   }
-  read.result.messages = test::printable(messages.str());
-  read.result.children = test::outline_of_children(target.receiver());
-  if (const auto intact = test::is_intact(target.root()); !intact) fuzz::fail(intact.message());
-  read.outline = test::outline_of(target.root());
+  read.result.messages = printable(messages.str());
+  read.result.children = outline_of_children(target.receiver());
+  if (const auto intact = is_intact(target.root()); !intact) fail(intact.message());
+  read.outline = outline_of(target.root());
   return read;
 }
 
@@ -184,21 +184,21 @@ void check_against_others(const page_case& how, const reading& actual) {
   for (const bool whole : {true, false}) {
     tree target(how.on_heap, how.path);
     const reading unguarded = read<Xport::xhtml_parser>(how, whole, target);
-    fuzz::expect_no(test::outline_difference(unguarded.outline, actual.outline));
-    fuzz::expect(unguarded == actual, "the guard doesn't change the result");
+    expect_no(outline_difference(unguarded.outline, actual.outline));
+    expect(unguarded == actual, "the guard doesn't change the result");
   }
   if (how.in_one_call) return;
-  test::parse_case plain;
+  parse_case plain;
   plain.normalize_text = how.round.normalize_text;
   plain.message_mask = how.reports ? how.mask : 0;
   plain.preserve_newlines = how.round.preserve_newlines;
   plain.path = how.path;
-  const test::parse_result expected = test::parse_plainly(how.text, plain);
+  const parse_result expected = parse_plainly(how.text, plain);
   if (actual.result.children != expected.children)
-    fuzz::fail(actual.result.children + "\nfor\n" + expected.children);
+    fail(actual.result.children + "\nfor\n" + expected.children);
   if (actual.result.messages != expected.messages)
-    fuzz::fail(actual.result.messages + "\nfor\n" + expected.messages);
-  fuzz::expect(actual.result == expected, "the state is what the plain parser leaves");
+    fail(actual.result.messages + "\nfor\n" + expected.messages);
+  expect(actual.result == expected, "the state is what the plain parser leaves");
 }
 
 // A page in the other byte order, after its mark, is read like the same page in little endian.
@@ -212,7 +212,7 @@ void check_byte_order(const page_case& how, const reading& swapped) {
   tree target(how.on_heap, how.path);
   reading same = read<guarded_parser>(straight, true, target);
   same.result.rest = swapped.result.rest;
-  fuzz::expect(same == swapped, "both byte orders are read alike");
+  expect(same == swapped, "both byte orders are read alike");
 }
 
 // The nodes that the readers return one after the other to a caller who puts none of them into a
@@ -228,7 +228,7 @@ std::vector<ustring> read_singly(const page_case& how, bool whole) {
     if (node->node_kind() == 3 || node->node_kind() == 4 || node->node_kind() == 5)
       line += node->as_text()->text();
     nodes.push_back(line);
-    fuzz::expect(nodes.size() <= how.text.size() + 1, "each node takes a unit at least");
+    expect(nodes.size() <= how.text.size() + 1, "each node takes a unit at least");
   }
   return nodes;
 }
@@ -243,10 +243,10 @@ void check_walk(Xport::xhtml_doc& doc, std::size_t nodes) {
     if (id.empty() || count > 64) continue;
     const Xport::descendant_markup_iterator found =
         find_by_id(doc.descendant_begin(), doc.descendant_end(), id);
-    fuzz::expect(found != doc.descendant_end() && found->get_attribute(Xport::attr_id::id) == id,
-                 "an id in the tree is found");
+    expect(found != doc.descendant_end() && found->get_attribute(Xport::attr_id::id) == id,
+           "an id in the tree is found");
   }
-  fuzz::expect(count == nodes + 1, "the walk goes over the root and all nodes");
+  expect(count == nodes + 1, "the walk goes over the root and all nodes");
 }
 
 std::size_t count_nodes(const std::vector<ustring>& outline) {
@@ -259,23 +259,25 @@ std::size_t count_nodes(const std::vector<ustring>& outline) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::fuzz_input in(data, size);
+  fuzz_input in(data, size);
   const page_case how(in);
 
   tree whole(how.on_heap, how.path);
   const reading read_whole = read<guarded_parser>(how, true, whole);
   tree pieces(!how.on_heap, how.path);
   const reading read_pieces = read<guarded_parser>(how, false, pieces);
-  fuzz::expect_no(test::outline_difference(read_pieces.outline, read_whole.outline));
-  fuzz::expect(read_pieces == read_whole, "a page in pieces is read like the page as a whole");
+  expect_no(outline_difference(read_pieces.outline, read_whole.outline));
+  expect(read_pieces == read_whole, "a page in pieces is read like the page as a whole");
   check_against_others(how, read_whole);
   check_byte_order(how, read_whole);
-  fuzz::expect(read_singly(how, true) == read_singly(how, false),
-               "single nodes are read in pieces like from the page as a whole");
+  expect(read_singly(how, true) == read_singly(how, false),
+         "single nodes are read in pieces like from the page as a whole");
 
   Xport::xhtml_doc& doc = (how.on_heap ? pieces : whole).doc();
   check_walk(doc, count_nodes(read_whole.outline));
   doc.reindex();
-  fuzz::expect_no(test::round_trip_fault(whole.root(), how.round));
+  expect_no(round_trip_fault(whole.root(), how.round));
   return 0;
 }
+
+}  // namespace test

@@ -10,6 +10,7 @@
 #include "xport/parser/xhtml_parser.h"
 #include "xport/text/character_class.h"
 
+namespace test {
 namespace {
 
 using Xport::char16;
@@ -17,7 +18,7 @@ using Xport::character_reference;
 using Xport::ustring;
 
 // True if the table was changed.
-bool change_forms(Xport::xhtml_parser& parser, fuzz::fuzz_input& in) {
+bool change_forms(Xport::xhtml_parser& parser, fuzz_input& in) {
   const unsigned changes = in.take_byte() & 15;
   for (unsigned i = 0; i < changes; ++i) {
     const auto index = (in.take_byte() & 63) % parser.references.size();
@@ -80,7 +81,7 @@ void plain_normalize(const Xport::xhtml_parser& parser, ustring& text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::fuzz_input in(data, size);
+  fuzz_input in(data, size);
   Xport::xhtml_parser parser(nullptr);
   load_default_references(parser.references);
   const bool stock = !change_forms(parser, in);
@@ -91,10 +92,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   plain_normalize(parser, expected);
   ustring once = text;
   parser.normalize_references(once);
-  fuzz::expect_no(test::outline_difference({once}, {expected}));
+  expect_no(outline_difference({once}, {expected}));
   if (!stock) return 0;
   ustring twice = once;
   parser.normalize_references(twice);
-  fuzz::expect_no(test::outline_difference({twice}, {once}));
+  expect_no(outline_difference({twice}, {once}));
   return 0;
 }
+
+}  // namespace test

@@ -3,7 +3,7 @@
 #include <array>
 #include <new>
 
-namespace fuzz {
+namespace test {
 
 using Xport::ustring;
 using Xport::ustring_view;
@@ -43,4 +43,4 @@ bool fenced_files::passes(const ustring& path) {
   return is_inside(path);
 }
 
-}  // namespace fuzz
+}  // namespace test

@@ -8,7 +8,7 @@
 #include "platform/file_system.h"
 #include "xport/text/char16.h"
 
-namespace fuzz {
+namespace test {
 
 /// The disk below one folder. Outside of it nothing exists and nothing can be made, so that no path
 /// in an input does harm. One of its calls can be made to throw.
@@ -50,6 +50,6 @@ class fenced_files : public platform::file_system {
   std::size_t left_ = 0;
 };
 
-}  // namespace fuzz
+}  // namespace test
 
 #endif

@@ -7,7 +7,7 @@
 #include "xport/markup/xhtml_doc.h"
 #include "xport/parser/read_document.h"
 
-namespace fuzz {
+namespace test {
 
 namespace {
 
@@ -26,7 +26,7 @@ bool is_marker(const xhtml_markup& node) {
 bool has_endless_style(const xhtml_markup& node) {
   for (const xhtml_markup& child : node) {
     if (node.tag() == tag_id::style && child.type() == Xport::node_type::pcdata &&
-        test::is_endless_stylesheet(test::written(child)))
+        is_endless_stylesheet(written(child)))
       return true;
     if (has_endless_style(child)) return true;
   }
@@ -34,7 +34,7 @@ bool has_endless_style(const xhtml_markup& node) {
 }
 
 void collect_fields(const xhtml_markup& node, std::vector<ustring>& fields) {
-  if (is_marker(node)) fields.push_back(test::written(*first_child(node)));
+  if (is_marker(node)) fields.push_back(written(*first_child(node)));
   for (const xhtml_markup& child : node) collect_fields(child, fields);
 }
 
@@ -52,7 +52,7 @@ std::vector<piece> cut(const xhtml_markup& body, const std::vector<ustring>& fie
     const xhtml_markup* const marker = block.tag() == tag_id::p ? first_child(block) : nullptr;
     const std::size_t cuts = pieces.size() - 1;
     if (marker != nullptr && is_marker(*marker) && cuts < fields.size() &&
-        test::written(*first_child(*marker)) == fields[cuts])
+        written(*first_child(*marker)) == fields[cuts])
       pieces.emplace_back();
     else
       pieces.back().push_back(&block);
@@ -65,7 +65,7 @@ ustring text_of(const piece& nodes) {
   Xport::xhtml_doc doc(1);
   for (const xhtml_markup* const node : nodes) doc.body()->append_copy(*node);
   append_element(*doc.body(), tag_id::p);
-  const ustring page = test::written(*doc.root());
+  const ustring page = written(*doc.root());
   const Xport::ustring_view open = u"  <body>\n";
   const std::size_t from = page.find(open) + open.size();
   return page.substr(from, page.size() - page_end.size() - from);
@@ -76,7 +76,7 @@ ustring text_of(const piece& nodes) {
 plain_template::plain_template(const ustring& page) {
   std::basic_istringstream<Xport::char16> stream(page);
   Xport::xhtml_doc doc(0);
-  test::guarded_parser parser(&stream);
+  guarded_parser parser(&stream);
   parse_page(parser, *doc.root());
   is_endless = has_endless_style(*doc.root());
   collect_fields(*doc.root(), fields);
@@ -87,4 +87,4 @@ plain_template::plain_template(const ustring& page) {
 
 ustring empty_block() { return u"    <p>\n    </p>\n"; }
 
-}  // namespace fuzz
+}  // namespace test

@@ -6,7 +6,7 @@
 
 #include "xport/text/char16.h"
 
-namespace fuzz {
+namespace test {
 
 /// What a report must make of a template, found by the plain rules.
 struct plain_template {
@@ -31,6 +31,6 @@ Xport::ustring empty_block();
 /// What follows the body's content on a page.
 inline constexpr Xport::ustring_view page_end = u"  </body>\n</html>\n";
 
-}  // namespace fuzz
+}  // namespace test
 
 #endif

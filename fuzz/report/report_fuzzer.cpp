@@ -21,6 +21,7 @@
 #include "tests/support/temp_folder.h"
 #include "xport/text/char16.h"
 
+namespace test {
 namespace {
 
 using Xport::char16;
@@ -68,8 +69,8 @@ constexpr std::array<Xport::ustring_view, 32> fragments = {
     u"<ins>"};
 
 // One folder for the process, emptied for each input.
-const test::temp_folder& folder() {
-  static const test::temp_folder one;
+const temp_folder& folder() {
+  static const temp_folder one;
   return one;
 }
 
@@ -118,7 +119,7 @@ class session {
 
   void make_report() {
     report_ = std::make_unique<VellomarkObj>(files_, browser_);
-    template_ = fuzz::plain_template();
+    template_ = plain_template();
     has_sections_ = false;
   }
 
@@ -135,9 +136,9 @@ class session {
   argument text();
 
   static void expect_fields(const field_array& fields, const std::vector<ustring>& texts) {
-    fuzz::expect(fields.size() == texts.size(), "the list has all fields");
+    expect(fields.size() == texts.size(), "the list has all fields");
     for (std::size_t i = 0; i < fields.size(); ++i)
-      fuzz::expect(fields[i].c_str() == ustring(texts[i].c_str()), "the list has these fields");
+      expect(fields[i].c_str() == ustring(texts[i].c_str()), "the list has these fields");
   }
 
   void check_fields() {
@@ -145,15 +146,15 @@ class session {
     expect_fields(fields_, template_.fields);
   }
 
-  fuzz::fuzz_input in_;
+  fuzz_input in_;
   std::size_t size_;
   std::size_t used_ = 0;
   std::size_t pages_ = 0;  // those read and written
   ustring last_page_;
-  fuzz::fenced_files files_{folder().text()};
-  test::recording_opener browser_;
+  fenced_files files_{folder().text()};
+  recording_opener browser_;
   std::unique_ptr<VellomarkObj> report_;
-  fuzz::plain_template template_;
+  plain_template template_;
   bool has_sections_ = false;  // some may be left
   field_array fields_;
   std::vector<kept_list> lists_;
@@ -244,7 +245,7 @@ void session::call() {
         return report_->AddHeading(pointer(line), number());
       }
       case 4:
-        return fuzz::expect(report_->OpenTable(number()), "a table can be opened");
+        return expect(report_->OpenTable(number()), "a table can be opened");
       case 5:
         return close_table();
       case 6:
@@ -310,7 +311,7 @@ void session::load() {
   const ustring file = path();
   if (++pages_ > 20) return;
   const std::optional<ustring> units = files_.units_of(file);
-  fuzz::plain_template loaded = units ? fuzz::plain_template(*units) : template_;
+  plain_template loaded = units ? plain_template(*units) : template_;
   if (loaded.is_endless) return;
   const bool gives_path = flag() || units;
   report_->LoadTemplate(gives_path ? file.c_str() : nullptr);
@@ -324,7 +325,7 @@ void session::set_field() {
   const auto found = name ? std::find(template_.fields.begin(), template_.fields.end(), *name)
                           : template_.fields.end();
   const bool exists = report_->SetTemplateField(pointer(name), replace, pointer(value));
-  fuzz::expect(exists == (found != template_.fields.end()), "a field is there or not");
+  expect(exists == (found != template_.fields.end()), "a field is there or not");
   if (!exists || !replace || !value) return;
   *found = *value;
   if (!template_.pieces.empty()) template_.pieces.pop_front();
@@ -343,7 +344,7 @@ void session::save() {
   const argument name = text();
   const bool deeper = flag();
   if (++pages_ > 20) return;
-  ustring end = fuzz::empty_block();
+  ustring end = empty_block();
   if (!template_.pieces.empty()) {
     end = template_.pieces.front();
     template_.pieces.pop_front();
@@ -351,7 +352,7 @@ void session::save() {
   const ustring out = folder().text(deeper ? u"/missing/out" : u"/out");
   browser_.urls.clear();
   if (!report_->Save(out.c_str(), pointer(name))) return;
-  fuzz::expect(browser_.urls.size() == (name ? 0u : 1u), "only a page without a name is opened");
+  expect(browser_.urls.size() == (name ? 0u : 1u), "only a page without a name is opened");
   last_page_ = name ? out + u"/Vellomark/" + *name : browser_.urls.back().substr(8);
   check_page(last_page_, end);
   has_sections_ = false;
@@ -360,9 +361,9 @@ void session::save() {
 // The piece of the template that was next is the end of the page, if no section is.
 void session::check_page(const ustring& path, const ustring& end) {
   const std::optional<ustring> page = files_.units_of(path);
-  fuzz::expect(page && page->starts_with(u'\xFEFF'), "there is a page");
-  const ustring expected = (has_sections_ ? ustring() : end) + ustring(fuzz::page_end);
-  fuzz::expect(page->ends_with(expected), "the page ends with the piece that was next");
+  expect(page && page->starts_with(u'\xFEFF'), "there is a page");
+  const ustring expected = (has_sections_ ? ustring() : end) + ustring(page_end);
+  expect(page->ends_with(expected), "the page ends with the piece that was next");
 }
 
 void session::write_template() {
@@ -375,16 +376,16 @@ void session::write_template() {
     page += (choice & 32) != 0 ? free_text() : fragments[choice & 31];
   }
   if ((form & 1) != 0) page.insert(0, 1, u'\xFEFF');
-  std::string bytes = test::file_bytes(page);
+  std::string bytes = file_bytes(page);
   if ((form & 2) != 0)
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) std::swap(bytes[i], bytes[i + 1]);
   if ((form & 8) != 0) bytes += '<';
-  test::make_file(folder().path() / (std::string("t") + digit), bytes);
+  make_file(folder().path() / (std::string("t") + digit), bytes);
 }
 
 void session::write_picture() {
   const char digit = static_cast<char>('4' + (byte() & 1));
-  test::make_file(folder().path() / (std::string("p") + digit + ".tmp"), "a picture");
+  make_file(folder().path() / (std::string("p") + digit + ".tmp"), "a picture");
 }
 
 }  // namespace
@@ -393,3 +394,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   session(data, size).run();
   return 0;
 }
+
+}  // namespace test

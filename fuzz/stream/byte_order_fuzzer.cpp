@@ -13,6 +13,7 @@
 #include "xport/stream/file_input_stream.h"
 #include "xport/stream/unit_input.h"
 
+namespace test {
 namespace {
 
 using Xport::char16;
@@ -33,17 +34,17 @@ class watched_stream : public input_stream {
 
 std::unique_ptr<std::basic_streambuf<char16>> make_buffer(unsigned kind, std::size_t block,
                                                           const ustring& text,
-                                                          test::input_record& record) {
+                                                          input_record& record) {
   switch (kind & 3) {
     case 0:
       return std::make_unique<std::basic_stringbuf<char16>>(text);
     case 1:
-      return std::make_unique<test::dribble_buffer>(text, block);
+      return std::make_unique<dribble_buffer>(text, block);
     case 2:
-      return std::make_unique<test::unbuffered_buffer>(text);
+      return std::make_unique<unbuffered_buffer>(text);
     default:
-      record.bytes = test::file_bytes(text);
-      return std::make_unique<Xport::file_input_buffer>(std::make_unique<test::fake_input>(record));
+      record.bytes = file_bytes(text);
+      return std::make_unique<Xport::file_input_buffer>(std::make_unique<fake_input>(record));
   }
 }
 
@@ -99,7 +100,7 @@ struct plain_detection {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::fuzz_input in(data, size);
+  fuzz_input in(data, size);
   const unsigned flags = in.take_byte();
   const std::size_t block = 1 + (in.take_byte() & 31);
   const bool owns = (flags & 4) != 0;
@@ -107,7 +108,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool is_good = (flags & 48) != 48;
   const ustring units = in.take_units();
 
-  test::input_record record;
+  input_record record;
   bool deleted = false;
   auto given = std::make_unique<watched_stream>(make_buffer(flags, block, units, record), deleted);
   if (!skips_space) given->unsetf(std::ios_base::skipws);
@@ -117,25 +118,26 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   input_stream* stream = given.get();
   Xport::detect_byte_order(stream, owns);
   if (!is_good) {
-    fuzz::expect(stream == given.get() && stream->rdstate() == before,
-                 "a stream that isn't good is left alone");
-    fuzz::expect_no(
-        test::outline_difference({rest_of(*stream)}, {units.substr(0, units.find(u'\uFFFF'))}));
+    expect(stream == given.get() && stream->rdstate() == before,
+           "a stream that isn't good is left alone");
+    expect_no(outline_difference({rest_of(*stream)}, {units.substr(0, units.find(u'\uFFFF'))}));
     return 0;
   }
   const plain_detection expected(units, skips_space);
-  fuzz::expect((stream != given.get()) == expected.swapped, "a big-endian input has a new stream");
+  expect((stream != given.get()) == expected.swapped, "a big-endian input has a new stream");
   std::unique_ptr<input_stream> made;
   if (expected.swapped) {
     made.reset(stream);
-    fuzz::expect(deleted == owns, "the old stream is deleted if it is owned");
+    expect(deleted == owns, "the old stream is deleted if it is owned");
     if (owns) given.release();
-    fuzz::expect(stream->good(), "the new stream is good");
+    expect(stream->good(), "the new stream is good");
   } else {
     const auto state =
         expected.ended ? std::ios_base::eofbit | std::ios_base::failbit : std::ios_base::goodbit;
-    fuzz::expect(stream->rdstate() == state, "the state tells whether the input has ended");
+    expect(stream->rdstate() == state, "the state tells whether the input has ended");
   }
-  fuzz::expect_no(test::outline_difference({rest_of(*stream)}, {expected.rest}));
+  expect_no(outline_difference({rest_of(*stream)}, {expected.rest}));
   return 0;
 }
+
+}  // namespace test

@@ -10,6 +10,7 @@
 #include "xport/stylesheet/style_attribute.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
+namespace test {
 namespace {
 
 using Xport::css_property_id;
@@ -40,16 +41,16 @@ void plain_read(const ustring& text, properties& style) {
 }
 
 void check(const Xport::xhtml_markup& element, const properties& expected) {
-  fuzz::expect_no(test::detail::map_fault(*element.style_properties()));
+  expect_no(detail::map_fault(*element.style_properties()));
   properties style;
   for (const auto& [id, value] : *element.style_properties()) style.emplace(id, value);
-  fuzz::expect(style == expected, "the style is what the rules give");
+  expect(style == expected, "the style is what the rules give");
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::fuzz_input in(data, size);
+  fuzz_input in(data, size);
   const unsigned flags = in.take_byte();
   const ustring text = in.take_text();
   properties expected;
@@ -69,3 +70,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   check(element, expected);
   return 0;
 }
+
+}  // namespace test

@@ -16,6 +16,7 @@
 #include "xport/stylesheet/stylesheet_writer.h"
 #include "xport/text/character_class.h"
 
+namespace test {
 namespace {
 
 using Xport::ustring;
@@ -36,7 +37,7 @@ bool has_mark(ustring_view text) {
 }
 
 void check_value(ustring_view value) {
-  fuzz::expect(value.size() >= 2 && !holds_any(value, u";}"), "a value ends at its end");
+  expect(value.size() >= 2 && !holds_any(value, u";}"), "a value ends at its end");
 }
 
 // What the reader can't have put into an item.
@@ -44,16 +45,16 @@ void check_item(const xhtml_stylesheet_item& item) {
   const ustring text = item.item_text();
   switch (item.item_kind()) {
     case 1:
-      fuzz::expect(!text.empty() && is_trimmed(text), "a selector is trimmed and isn't empty");
-      fuzz::expect(!holds_any(text, u"{/"), "a selector ends at a brace and holds no slash");
+      expect(!text.empty() && is_trimmed(text), "a selector is trimmed and isn't empty");
+      expect(!holds_any(text, u"{/"), "a selector ends at a brace and holds no slash");
       break;
     case 2:
-      fuzz::expect(is_trimmed(text) && text.find(u"*/") == ustring::npos, "a comment is trimmed");
+      expect(is_trimmed(text) && text.find(u"*/") == ustring::npos, "a comment is trimmed");
       break;
     default:
-      fuzz::expect(item.item_kind() == 3 && !text.empty() &&
-                       !holds_any(text.substr(text.size() - 1), u"\"); "),
-                   "a URL isn't empty and has no closing sign at its end");
+      expect(item.item_kind() == 3 && !text.empty() &&
+                 !holds_any(text.substr(text.size() - 1), u"\"); "),
+             "a URL isn't empty and has no closing sign at its end");
   }
   for (auto entry = item.declarations_begin(); entry != item.declarations_end(); ++entry)
     check_value(entry->value);
@@ -83,31 +84,33 @@ ustring text_of(const xhtml_stylesheet& sheet) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::fuzz_input in(data, size);
+  fuzz_input in(data, size);
   const std::size_t window = 1 + (in.take_byte() & 31);
   const ustring text = in.take_text();
 
   if (!has_mark(text)) {
-    const ustring expected = test::plain_listing(text);
-    fuzz::expect_no(test::outline_difference({test::read_listing(text)}, {expected}));
-    fuzz::expect_no(test::outline_difference({test::read_listing(text, window)}, {expected}));
+    const ustring expected = plain_listing(text);
+    expect_no(outline_difference({read_listing(text)}, {expected}));
+    expect_no(outline_difference({read_listing(text, window)}, {expected}));
   }
-  if (test::is_endless_stylesheet(text)) return 0;
+  if (is_endless_stylesheet(text)) return 0;
 
   xhtml_stylesheet sheet;
   std::basic_istringstream<Xport::char16> stream(text);
-  fuzz::expect(sheet.parse(stream), "the answer is always true");
+  expect(sheet.parse(stream), "the answer is always true");
   for (const xhtml_stylesheet_item& item : sheet) check_item(item);
 
   const ustring written = text_of(sheet);
-  const bool endless = test::is_endless_stylesheet(written);
+  const bool endless = is_endless_stylesheet(written);
   xhtml_stylesheet again;
   if (!endless) {
     std::basic_istringstream<Xport::char16> second(written);
     again.parse(second);
   }
   if (has_mark(written) || !std::all_of(sheet.begin(), sheet.end(), is_stable)) return 0;
-  fuzz::expect(!endless, "reading a sheet of stable items comes to an end");
-  fuzz::expect_no(test::outline_difference({test::listing(again)}, {test::listing(sheet)}));
+  expect(!endless, "reading a sheet of stable items comes to an end");
+  expect_no(outline_difference({listing(again)}, {listing(sheet)}));
   return 0;
 }
+
+}  // namespace test

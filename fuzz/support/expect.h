@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-namespace fuzz {
+namespace test {
 
 /// Prints the fault and aborts, so that the input counts as a find.
 [[noreturn]] inline void fail(const std::string& fault) {
@@ -23,6 +23,6 @@ inline void expect(bool kept, const char* rule) {
   if (!kept) fail(std::string("not so: ") + rule);
 }
 
-}  // namespace fuzz
+}  // namespace test
 
 #endif

@@ -1,6 +1,6 @@
 #include "fuzz/support/fuzz_input.h"
 
-namespace fuzz {
+namespace test {
 
 namespace {
 
@@ -44,4 +44,4 @@ Xport::ustring fuzz_input::take_units() {
   return text;
 }
 
-}  // namespace fuzz
+}  // namespace test

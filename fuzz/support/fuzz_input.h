@@ -6,7 +6,7 @@
 
 #include "xport/text/char16.h"
 
-namespace fuzz {
+namespace test {
 
 /// Splits an input into options and text. Options are the low bits of single bytes, so that kept
 /// inputs can be written by hand in letters: "@" is 0, "A" is 1, "B" is 2 ...
@@ -33,6 +33,6 @@ class fuzz_input {
   std::size_t size_;
 };
 
-}  // namespace fuzz
+}  // namespace test
 
 #endif

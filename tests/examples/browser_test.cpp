@@ -34,7 +34,7 @@ TEST_F(Browser, ShowsTheOverview) {
             "179 rows in 22 groups, read from countries.csv "
             "The largest group is Eastern Africa with 16 rows");
   EXPECT_EQ(text_of("//h5/following-sibling::p[1]"),
-            "countries.csv, 6 columns, 179 rows behind the header");
+            "countries.csv, 6 columns, 179 rows after the header");
 }
 
 // Two links to parts of the page and one to each of the 22 groups.

@@ -80,10 +80,10 @@ TEST(CsvReader, RefusesQuotesInTheWrongPlace) {
   const std::string inside = "a quote inside a field without quotes";
   expect_error("a,b\n1,2\"3\"\n", 2, inside);
   expect_error("a \"b\"", 1, inside);
-  const std::string behind = "text behind a closing quote";
-  expect_error("a\n\"b\"c\n", 2, behind);
-  expect_error("\"a\" ,b", 1, behind);
-  expect_error("\"two\nlines\"x", 2, behind);
+  const std::string problem = "text after a closing quote";
+  expect_error("a\n\"b\"c\n", 2, problem);
+  expect_error("\"a\" ,b", 1, problem);
+  expect_error("\"two\nlines\"x", 2, problem);
 }
 
 TEST(CsvReader, RefusesAQuoteThatIsNotClosed) {

@@ -13,12 +13,6 @@ namespace fs = std::filesystem;
 
 const fs::path samples = DOCS_DIR "/samples";
 
-TEST(FillTemplate, IsWhatTheDocumentationShows) {
-  EXPECT_EQ(code_block(DOCS_DIR "/templates.md", "cpp"), bytes_of(samples / "fill_template.cpp"));
-  EXPECT_EQ(code_block(DOCS_DIR "/templates.md", "html"),
-            page_as_utf8(samples / "delivery_note.htm"));
-}
-
 TEST(FillTemplate, PutsItsContentWhereTheMarkersStand) {
   const temp_folder scratch;
   fs::copy_file(samples / "delivery_note.htm", scratch.path() / "delivery_note.htm");

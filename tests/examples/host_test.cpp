@@ -40,15 +40,6 @@ testing::AssertionResult in_order(std::string_view text, const std::vector<std::
   return testing::AssertionSuccess();
 }
 
-std::string code_block(const std::filesystem::path& file, const std::string& language) {
-  const std::string opening = "```" + language + "\n";
-  const std::string text = bytes_of(file);
-  const std::size_t at = text.find(opening);
-  if (at == std::string::npos) throw std::runtime_error(language + " isn't in " + file.string());
-  const std::size_t from = at + opening.size();
-  return text.substr(from, text.find("```", from) - from);
-}
-
 std::string HostTest::input(std::string_view bytes) const {
   make_file(temp_.path() / "input.csv", bytes);
   return folder() + "/input.csv";

@@ -25,9 +25,6 @@ bool contains(std::string_view text, std::string_view part);
 /// Whether `text` holds `parts` one after the other.
 testing::AssertionResult in_order(std::string_view text, const std::vector<std::string>& parts);
 
-/// The first block of code in this language in a Markdown file.
-std::string code_block(const std::filesystem::path& file, const std::string& language);
-
 /// Runs an example host as its user does, with a temporary folder to write to.
 class HostTest : public testing::Test {
  protected:

@@ -155,8 +155,8 @@ TEST_F(MeasurementReport, RefusesMalformedInput) {
       {"", ":1: there is no header"},
       {"a,b\n", ":1: the header has fewer than 3 columns"},
       {"a,b,c\n1,2,3\n1,2\n", ":3: the record has 2 fields where the header has 3"},
-      {"a,b,c\n1,2,x\n", ": row 1 behind the header has no number below 1e12 as its value"},
-      {"a,b,c\n1,2,3\n,2,3\n", ": row 2 behind the header does not name its group"},
+      {"a,b,c\n1,2,x\n", ": row 1 after the header has no number below 1e12 as its value"},
+      {"a,b,c\n1,2,3\n,2,3\n", ": row 2 after the header does not name its group"},
   };
   for (const auto& [bytes, problem] : cases) {
     const std::string path = input(bytes);

@@ -57,7 +57,7 @@ void expect_refused(const std::string& record, const std::string& problem) {
     read("a,n,l,v\nA,x,1,1\n" + record + "\n");
     ADD_FAILURE() << "no error for " << record;
   } catch (const std::runtime_error& error) {
-    EXPECT_EQ(error.what(), "row 2 behind the header " + problem) << record;
+    EXPECT_EQ(error.what(), "row 2 after the header " + problem) << record;
   }
 }
 

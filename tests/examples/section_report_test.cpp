@@ -11,11 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(SectionReport, IsWhatTheDocumentationShows) {
-  EXPECT_EQ(code_block(DOCS_DIR "/sections.md", "cpp"),
-            bytes_of(DOCS_DIR "/samples/section_report.cpp"));
-}
-
 TEST(SectionReport, PutsTheSectionOnThePageAndMovesThePicture) {
   const temp_folder scratch;
   fs::create_directory(scratch.path() / "charts");

@@ -111,7 +111,7 @@ TEST_F(TableReport, NamesTheLineOfMalformedInput) {
       {"", ":1: there is no header"},
       {"a\nb\n", ":1: the header has fewer than 2 columns"},
       {"a,b\n1,2\n3,4\"\n", ":3: a quote inside a field without quotes"},
-      {"a,b\n\"1\"x,2\n", ":2: text behind a closing quote"},
+      {"a,b\n\"1\"x,2\n", ":2: text after a closing quote"},
       {"a,b\n1,2\n1,\"2\n\n", ":3: a quote is not closed"},
       {"a,b\n\"1\n1\",2\n3\n", ":4: the record has 1 fields where the header has 2"},
       {"a,b\n1,\xC3\x28\n", ":2: invalid UTF-8"},

@@ -25,7 +25,7 @@ std::uint32_t layout_of_kind(std::int32_t kind) {
     case static_cast<std::int32_t>(node_type::pcdata):
       return layout_inline;
     case static_cast<std::int32_t>(node_type::doctype):
-      return layout_break_behind_start;
+      return layout_break_after_start;
     default:
       return layout_block;
   }
@@ -140,11 +140,11 @@ void xhtml_writer::write_tree(const xhtml_element& top) {
         output_.commit();
         child->write(*this);
       }
-      at_line_start = (child_layout & layout_break_behind_end) != 0;
+      at_line_start = (child_layout & layout_break_after_end) != 0;
     } else {
       if (element == &top) return write_end(top, top_rules, layout, at_line_start);
       write_end(*element, element->rules(), layout, at_line_start);
-      at_line_start = (layout & layout_break_behind_end) != 0;
+      at_line_start = (layout & layout_break_after_end) != 0;
       child = element;
       element = element->parent()->as_element();
       layout = element == &top ? top_layout : layout_of(element->rules());
@@ -173,7 +173,7 @@ bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& ru
   }
   output_.put(u'>');
   ++column;
-  if ((layout & layout_break_behind_start) == 0) return false;
+  if ((layout & layout_break_after_start) == 0) return false;
   break_line();
   return true;
 }
@@ -230,7 +230,7 @@ void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rule
     }
     put_text();
     column += length;
-    if ((layout & layout_break_behind_end) != 0) break_line();
+    if ((layout & layout_break_after_end) != 0) break_line();
   };
   if (element.is_own_class()) {
     put_end_tag(3 + rules.name.size(), [&] {

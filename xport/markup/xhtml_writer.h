@@ -21,9 +21,9 @@ class xhtml_markup;
 enum layout_flags : std::uint32_t {
   layout_inline = 0,
   layout_break_before_start = 1,
-  layout_break_behind_start = 2,
+  layout_break_after_start = 2,
   layout_break_before_end = 4,
-  layout_break_behind_end = 8,
+  layout_break_after_end = 8,
   layout_block = 15,        ///< all four
   layout_preformatted = 32  ///< has no break bit; its text isn't re-flowed
 };
@@ -48,7 +48,7 @@ constexpr layout_flags_table default_layout() {
         tag_id::samp,     tag_id::small, tag_id::span,    tag_id::strike, tag_id::strong,
         tag_id::sub,      tag_id::sup,   tag_id::tt,      tag_id::u,      tag_id::var})
     table[static_cast<std::size_t>(tag)] = layout_inline;
-  table[static_cast<std::size_t>(tag_id::br)] = layout_break_behind_start | layout_break_behind_end;
+  table[static_cast<std::size_t>(tag_id::br)] = layout_break_after_start | layout_break_after_end;
   table[static_cast<std::size_t>(tag_id::pre)] = layout_preformatted;
   return table;
 }
