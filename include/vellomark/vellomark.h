@@ -56,9 +56,9 @@ class VELLOMARK_API IVellomark {
   /// pictures are moved into a folder next to the page: its name is the name of
   /// the page up to the first full stop, plus "_files". A picture is named after
   /// its file, with ".bmp" instead of the last four code units, and replaces an
-  /// older picture of that name. A picture that can't be copied stays in its
-  /// place, and its path appears as text; a file that can't be removed after the
-  /// copy is in both places. Neither is reported or changes the result, and
+  /// older picture of that name. If a picture can't be copied, its file stays where
+  /// it is, and the page shows the path; a file that can't be removed after the copy
+  /// is in both places. Neither is reported or changes the result, and
   /// another Save doesn't try again. The names of the page and of the pictures are
   /// not escaped in the page: a browser doesn't find a picture if a name contains
   /// one of "'", "&", "<", "#", "?" or "%".
