@@ -18,7 +18,8 @@ xhtml_writer::~xhtml_writer() {
 namespace {
 
 // The layout of a node that isn't an element of the table. `kind` may be any number. A leaf
-// that breaks the line after itself writes the line feed itself: the flag is only for its parent.
+// that breaks the line after itself writes the line feed itself, without resetting the column: the
+// flag is only for its parent.
 std::uint32_t layout_of_kind(std::int32_t kind) {
   switch (kind) {
     case static_cast<std::int32_t>(node_type::comment):
@@ -283,7 +284,8 @@ void xhtml_writer::write_leaf(const xhtml_markup& node) {
 }
 
 // A run of white space becomes its first unit, followed by the indentation once for each
-// line feed in the run, even if that unit is a blank. Pages depend on it.
+// line feed in the run, even if that unit is a blank. Pages that are read and written again
+// depend on it.
 void xhtml_writer::write_comment(ustring_view text) {
   output_.put(u"<!-- ");
   column += 5;

@@ -36,7 +36,7 @@ using layout_flags_table = std::array<std::uint32_t, element_count>;
 /// document root, are blocks. The layout is independent of `category`: `img`, `input`,
 /// `select`, `map`, `label`, `object`, `script` and `textarea` are inline by category but laid
 /// out as blocks. Entries of elements that Strict lacks apply only to nodes of derived classes
-/// whose tag() returns them.
+/// whose tag() returns them. Other nodes have no entry: see layout_of_kind() in the source.
 constexpr layout_flags_table default_layout() {
   layout_flags_table table{};
   table.fill(layout_block);
