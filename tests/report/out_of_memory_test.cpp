@@ -87,7 +87,7 @@ std::size_t expect_all_or_nothing(Prepare prepare, Call call) {
 template <class Prepare, class Call>
 std::size_t expect_all_or_nothing_after_lines(Prepare prepare, Call call) {
   std::size_t failures = 0;
-  for (std::size_t lines = 0; lines < 80 && !testing::Test::HasFailure(); ++lines) {
+  for (std::size_t lines = 0; lines < 160 && !testing::Test::HasFailure(); ++lines) {
     SCOPED_TRACE(std::to_string(lines) + " lines");
     failures += expect_all_or_nothing(
         [&](IVellomark& report) {

@@ -3,17 +3,46 @@
 #include <algorithm>
 #include <limits>
 
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
 #include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_element.h"
 
 namespace Xport {
 
-node_pool::sized_block node_pool::empty_heap_block_{nullptr, 0};
+namespace {
+
+// Most of the time of building a large tree is spent on memory that is new to the process: the
+// system fills it page by page. Huge pages take a fifth of that. So large pieces are aligned to
+// them and ask for them, which is only advice.
+constexpr std::size_t huge_page = 2 * 1024 * 1024;
+
+void* allocate_piece(std::size_t bytes) {
+  if (bytes < huge_page) return ::operator new(bytes);
+  void* const memory = ::operator new (bytes, std::align_val_t{huge_page});
+#ifdef MADV_HUGEPAGE
+  static_cast<void>(::madvise(memory, bytes, MADV_HUGEPAGE));
+#endif
+  return memory;
+}
+
+void release_piece(void* memory, std::size_t bytes) {
+  if (bytes < huge_page)
+    ::operator delete(memory);
+  else
+    ::operator delete (memory, std::align_val_t{huge_page});
+}
+
+}  // namespace
+
+node_pool::sized_block node_pool::empty_heap_block_{nullptr, 0, 0};
 
 node_pool::~node_pool() {
   while (pieces_ != nullptr) {
     piece* const next = pieces_->next;
-    ::operator delete(pieces_);
+    release_piece(pieces_, pieces_->bytes);
     pieces_ = next;
   }
   while (large_ != nullptr) {
@@ -43,8 +72,8 @@ void* node_pool::allocate_small(std::size_t rounded) {
     free_[rounded / granule] = released->next;
     return released;
   }
-  void* const memory = ::operator new(piece_size_);
-  pieces_ = new (memory) piece{pieces_};
+  void* const memory = allocate_piece(piece_size_);
+  pieces_ = new (memory) piece{pieces_, piece_size_};
   end_ = static_cast<char*>(memory) + piece_size_;
   piece_size_ = std::min(piece_size_ * 2, largest_piece);
   char* const first = reinterpret_cast<char*>(pieces_ + 1);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <new>
 
 #include "xport/text/char16.h"
@@ -47,9 +48,15 @@ class node_pool {
 
   /// The head of a block of memory that records its origin.
   struct sized_block {
-    node_pool* pool;    ///< null for the general heap
-    std::size_t bytes;  ///< including this head; 0 for an empty block, which is never freed
+    node_pool* pool;      ///< null for the general heap
+    std::uint32_t words;  ///< of 4 bytes, with this head; 0 for an empty block, never freed
+    std::uint32_t uses;   ///< the number of its owners
+
+    std::size_t bytes() const { return std::size_t{words} * 4; }
   };
+
+  /// The number of blocks that can be offered for sharing at a time.
+  static constexpr std::size_t offered_blocks = 16;
 
   node_pool() = default;
   node_pool(const node_pool&) = delete;
@@ -89,6 +96,10 @@ class node_pool {
     return pool != nullptr ? &pool->empty_block_ : &empty_heap_block_;
   }
 
+  /// The block that is offered at `place`, below offered_blocks; null if there is none. Whoever
+  /// releases a block takes back its offer.
+  sized_block*& offered_block(std::size_t place) { return offered_[place]; }
+
   /// Whether the tree has nodes outside the pool: adopted ones, or clones of derived
   /// classes. Only then must it be visited before the pool is destroyed.
   bool holds_heap_nodes() const { return holds_heap_nodes_; }
@@ -103,6 +114,7 @@ class node_pool {
   };
   struct alignas(granule) piece {
     piece* next;
+    std::size_t bytes;
   };
   struct alignas(granule) large_block {
     large_block* next;
@@ -128,7 +140,8 @@ class node_pool {
 
   char* next_ = nullptr;
   char* end_ = nullptr;
-  sized_block empty_block_{this, 0};
+  sized_block empty_block_{this, 0, 0};
+  sized_block* offered_[offered_blocks] = {};
   free_block* free_[largest_small / granule + 1] = {};
   piece* pieces_ = nullptr;
   large_block* large_ = nullptr;

@@ -23,8 +23,8 @@ void check_length(ustring_view value) {
 
 text_map_base::text_map_base(const text_map_base& other, node_pool* pool) : text_map_base(pool) {
   if (other.empty()) return;
-  block_ = make_block(other.block_->bytes);
-  std::memcpy(block_ + 1, other.block_ + 1, other.block_->bytes - sizeof(block));
+  block_ = make_block(other.block_->bytes());
+  std::memcpy(block_ + 1, other.block_ + 1, other.block_->bytes() - sizeof(block));
 }
 
 std::size_t text_map_base::size() const {
@@ -36,7 +36,13 @@ std::size_t text_map_base::size() const {
 void text_map_base::clear() noexcept {
   if (empty()) return;
   node_pool* const source = pool();
-  node_pool::release(source, block_, block_->bytes);
+  if (--block_->uses == 0) {
+    if (source != nullptr) {
+      block*& offered = offer(*source, first()->key, first()->value());
+      if (offered == block_) offered = nullptr;
+    }
+    node_pool::release(source, block_, block_->bytes());
+  }
   block_ = node_pool::empty_block(source);
 }
 
@@ -63,6 +69,11 @@ void text_map_base::additions::insert(std::int32_t key, const ustring_view* valu
 
 void text_map_base::assign(std::int32_t key, ustring_view value) {
   check_length(value);
+  if (empty()) {
+    const addition only{key, &value};
+    fill({&only, 1}, sizeof(block) + bytes_of(value.size()));
+    return;
+  }
   const entry_head* const from = lower_bound(key);
   const bool present = from != last() && from->key == key;
   replace(from, present ? from->next() : from, &key, value);
@@ -71,7 +82,7 @@ void text_map_base::assign(std::int32_t key, ustring_view value) {
 void text_map_base::add_missing(additions& added) {
   const entry_head* entry = first();
   std::size_t count = 0;
-  std::size_t bytes = empty() ? sizeof(block) : block_->bytes;
+  std::size_t bytes = empty() ? sizeof(block) : block_->bytes();
   for (std::size_t i = 0; i < added.count; ++i) {
     const addition& next = added.entries[i];
     while (entry != last() && entry->key < next.key) entry = entry->next();
@@ -81,6 +92,7 @@ void text_map_base::add_missing(additions& added) {
     added.entries[count++] = next;
   }
   if (count == 0) return;
+  if (empty()) return fill({added.entries, count}, bytes);
 
   block* const changed = make_block(bytes);
   char* out = reinterpret_cast<char*>(changed + 1);
@@ -107,9 +119,54 @@ bool text_map_base::erase(std::int32_t key) {
   return true;
 }
 
+// Where the pool's maps offer a block with this first entry to others. Any place would do; this
+// one keeps the blocks that a page uses in turn apart.
+text_map_base::block*& text_map_base::offer(node_pool& pool, std::int32_t key, ustring_view value) {
+  const std::size_t ends = value.empty() ? 0U : std::size_t{value.front()} + value.back();
+  const std::size_t mark = static_cast<std::size_t>(key) * 3 + value.size() + ends;
+  return pool.offered_block(mark % node_pool::offered_blocks);
+}
+
+// Whether `other` holds `entries`, which take `bytes` with the head of a block, and may have one
+// more owner.
+bool text_map_base::can_share(const block& other, std::span<const addition> entries,
+                              std::size_t bytes) {
+  if (other.bytes() != bytes || other.uses == std::numeric_limits<std::uint32_t>::max())
+    return false;
+  const auto* at = reinterpret_cast<const entry_head*>(&other + 1);
+  for (const addition& entry : entries) {
+    if (at->key != entry.key || at->length != entry.value->size()) return false;
+    if (at->length != 0 &&
+        std::memcmp(at + 1, entry.value->data(), at->length * sizeof(char16)) != 0)
+      return false;
+    at = at->next();
+  }
+  return true;
+}
+
+// Fills the empty map with `entries`, which take `bytes` with the head of a block.
+void text_map_base::fill(std::span<const addition> entries, std::size_t bytes) {
+  block** offered = nullptr;
+  if (pool() != nullptr) {
+    offered = &offer(*pool(), entries.front().key, *entries.front().value);
+    if (*offered != nullptr && can_share(**offered, entries, bytes)) {
+      block_ = *offered;
+      ++block_->uses;
+      return;
+    }
+  }
+  block_ = make_block(bytes);
+  char* out = reinterpret_cast<char*>(block_ + 1);
+  for (const addition& entry : entries) out = put_entry(out, entry.key, *entry.value);
+  if (offered != nullptr) *offered = block_;
+}
+
 text_map_base::block* text_map_base::make_block(std::size_t bytes) {
+  constexpr std::size_t most = std::size_t{std::numeric_limits<std::uint32_t>::max()} * 4;
+  if (bytes > most) throw std::bad_alloc();
   node_pool* const source = pool();
-  return new (node_pool::allocate(source, bytes)) block{source, bytes};
+  return new (node_pool::allocate(source, bytes))
+      block{source, static_cast<std::uint32_t>(bytes / 4), 1};
 }
 
 // Copies the entries from `from` up to, but not including, `to`. Returns the end of the copies.

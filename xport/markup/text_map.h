@@ -18,12 +18,15 @@ namespace Xport {
 /// ascending order of their keys, each as a head and its code units. Empty maps share an
 /// empty block. Each change makes a new block: elements have few attributes, and a new value
 /// may be part of an old one.
+///
+/// Maps of one pool share a block where they are filled with the same entries, one map soon
+/// after the other: the cells of a table mostly have the same attributes.
 class text_map_base {
  public:
   /// The number of different keys that one call of insert_missing() can add.
   static constexpr std::size_t most_additions = 8;
 
-  bool empty() const { return block_->bytes == 0; }
+  bool empty() const { return block_->words == 0; }
 
   /// The number of entries. Takes linear time.
   std::size_t size() const;
@@ -56,7 +59,7 @@ class text_map_base {
   const entry_head* last() const {
     return empty() ? first()
                    : reinterpret_cast<const entry_head*>(reinterpret_cast<const char*>(block_) +
-                                                         block_->bytes);
+                                                         block_->bytes());
   }
 
   /// The first entry whose key isn't less than `key`.
@@ -88,8 +91,11 @@ class text_map_base {
  private:
   static char* put_run(char* out, const entry_head* from, const entry_head* to);
   static char* put_entry(char* out, std::int32_t key, ustring_view value);
+  static block*& offer(node_pool& pool, std::int32_t key, ustring_view value);
+  static bool can_share(const block& other, std::span<const addition> entries, std::size_t bytes);
 
   block* make_block(std::size_t bytes);
+  void fill(std::span<const addition> entries, std::size_t bytes);
   void replace(const entry_head* from, const entry_head* to, const std::int32_t* key,
                ustring_view value);
 

@@ -109,9 +109,7 @@ class xhtml_element : public xhtml_markup {
   markup_iterator append_element(tag_id tag);
 
   /// The rule record; the record of "invalid tag" if the element has none.
-  const Tag_trait& rules() const {
-    return trait_.get() != nullptr ? *trait_.get() : *tag_table[tag_id::invalid_tag];
-  }
+  const Tag_trait& rules() const { return trait_.rules(); }
 
   /// Where the memory of the content comes from; null for the heap.
   node_pool* pool() const { return attributes_.pool(); }
@@ -133,7 +131,6 @@ class xhtml_element : public xhtml_markup {
   // Drops the children without visiting them: their pool is freed as a whole.
   void abandon_children() noexcept { first_child_ = nullptr; }
 
-  Tag_trait_handle trait_;
   attribute_map attributes_;
   style_map style_;
 };

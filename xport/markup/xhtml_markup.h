@@ -267,7 +267,11 @@ class xhtml_markup {
   bool in_pool_ : 1 = false;
   bool text_outside_ : 1 = false;  // see text_leaf
   std::uint16_t granules_;         // the node's memory, in granules of the pool
-  std::uint32_t text_size_ = 0;    // see text_leaf
+
+  union {
+    std::uint32_t text_size_ = 0;  // see text_leaf
+    Tag_trait_handle trait_;       // of an element
+  };
 
   // A node has children or a text, never both, so they share memory.
   union {

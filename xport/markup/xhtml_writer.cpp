@@ -32,6 +32,15 @@ std::uint32_t layout_of_kind(std::int32_t kind) {
   }
 }
 
+// " name='" by the number of the attribute.
+constexpr auto make_attribute_runs() {
+  std::array<fixed_run, attribute_count> runs{};
+  for (const auto& row : detail::attribute_rows)
+    runs[static_cast<std::size_t>(row.id)] = {u" ", row.name, u"='"};
+  return runs;
+}
+constexpr auto attributes = make_attribute_runs();
+
 // Describes the tags of a derived element by a rule record with the results of its
 // operations. The record refers to `name`, which receives the element's name.
 Tag_trait asked_rules(const xhtml_element& element, ustring& name) {
@@ -163,8 +172,12 @@ bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& ru
     return true;
   }
   if (indent_level < 0) indent_level = 0;
-  output_.put(u'<');
-  output_.put(rules.name);
+  if (rules.start_run.size != 0) {
+    output_.put(rules.start_run);
+  } else {
+    output_.put(u'<');
+    output_.put(rules.name);
+  }
   column += 1 + rules.name.size();
   write_attributes(element);
   if (!element.xhtml_element::style_properties()->empty()) write_style(element);
@@ -180,13 +193,22 @@ bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& ru
 }
 
 void xhtml_writer::write_attributes(const xhtml_element& element) {
+  const bool usual = !double_quotes && !spaced_equals;
   for (const auto& [attribute, value] : *element.xhtml_element::attributes()) {
-    const ustring_view name = xhtml_strict::attribute_name(attribute);
-    const std::size_t length = 3 + name.size() + equals_length() + value.size();
+    const auto number = static_cast<std::uint32_t>(attribute);
+    const bool has_run = usual && number < attributes.size() && attributes[number].size != 0;
+    const ustring_view name = has_run ? ustring_view() : xhtml_strict::attribute_name(attribute);
+    const std::size_t before =
+        has_run ? attributes[number].size : 2 + name.size() + equals_length();
+    const std::size_t length = before + value.size() + 1;
     if (exceeds_line(length)) wrap(blanks_at(indent_level));
-    output_.put(u' ');
-    output_.put(name);
-    put_equals_and_quote();
+    if (has_run) {
+      output_.put(attributes[number]);
+    } else {
+      output_.put(u' ');
+      output_.put(name);
+      put_equals_and_quote();
+    }
     output_.put(value);
     output_.put(quote());
     column += length;
@@ -234,11 +256,7 @@ void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rule
     if ((layout & layout_break_after_end) != 0) break_line();
   };
   if (element.is_own_class()) {
-    put_end_tag(3 + rules.name.size(), [&] {
-      output_.put(u"</");
-      output_.put(rules.name);
-      output_.put(u'>');
-    });
+    put_end_tag(rules.end_run.size, [&] { output_.put(rules.end_run); });
   } else {
     output_.commit();
     const ustring text = element.end_tag_text();

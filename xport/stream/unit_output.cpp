@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <limits>
 #include <streambuf>
+#include <typeinfo>
+
+#include "xport/stream/file_output_stream.h"
 
 namespace Xport {
 
@@ -34,7 +37,7 @@ void unit_output::commit() {
   const std::ptrdiff_t count = next_ - start_;
   std::basic_streambuf<char16>* const buffer = buffer_;
   buffer_ = nullptr;
-  open(nullptr, 0);
+  open(nullptr, 0, false);
   if (count == 0) return;
   if (buffer == nullptr) {
     stream_->write(units, count);
@@ -70,22 +73,23 @@ void unit_output::make_room() {
   const bool was_spill = start_ == scratch_;
   commit();
   if (stream_->good() && stream_->tie() != nullptr) stream_->tie()->flush();
-  if (!stream_->good()) return open(scratch_, scratch_units);
+  if (!stream_->good()) return open(scratch_, scratch_units, true);
   std::basic_streambuf<char16>* const buffer = stream_->rdbuf();
   char16* const next = access::next(*buffer);
   const std::ptrdiff_t room = access::end(*buffer) - next;
   if (room != 0) {
     buffer_ = buffer;
-    return open(next, room);
+    return open(next, room, typeid(*buffer) == typeid(file_output_buffer));
   }
-  if (next != nullptr && !was_spill) return open(scratch_, 1);
+  if (next != nullptr && !was_spill) return open(scratch_, 1, false);
   if (!block_) block_ = std::make_unique_for_overwrite<char16[]>(block_units);
-  open(block_.get(), block_units);
+  open(block_.get(), block_units, true);
 }
 
-void unit_output::open(char16* units, std::ptrdiff_t count) {
+void unit_output::open(char16* units, std::ptrdiff_t count, bool spare) {
   start_ = next_ = units;
   end_ = units + count;
+  spare_end_ = spare ? end_ : units;
 }
 
 }  // namespace Xport

@@ -8,6 +8,7 @@
 #include <ostream>
 
 #include "xport/text/char16.h"
+#include "xport/text/fixed_run.h"
 
 namespace Xport {
 
@@ -16,11 +17,14 @@ namespace Xport {
 ///
 /// Units are stored after the stream's current position, which moves past them when commit()
 /// is called or the put area is full. Until then nobody else may use the stream: their output
-/// would overwrite these units. The rest of the put area is never changed.
+/// would overwrite these units. The rest of a put area that isn't ours is never changed.
 ///
 /// Failures set the stream's state; whether they also throw depends on the stream's
 /// exceptions(). A failed stream accepts nothing and needs no memory. Only allocating a block
 /// throws std::bad_alloc. If a function of this class throws, nothing is left to commit.
+///
+/// Where the put area is that of a file_output_stream or a block of our own, short runs are
+/// copied in moves of a fixed size, which write beyond the end of the run.
 class unit_output {
  public:
   using stream_type = std::basic_ostream<char16>;
@@ -54,11 +58,21 @@ class unit_output {
     next_ += Size - 1;
   }
 
+  void put(const fixed_run& run) {
+    if (spare_end_ - next_ < static_cast<std::ptrdiff_t>(fixed_run::most_units))
+      return put(run.text());
+    std::memcpy(next_, run.units, sizeof(run.units));
+    next_ += run.size;
+  }
+
   /// Puts `count` blanks; none for a negative number.
   void put_blanks(std::int64_t count) {
     if (count <= 0) return;
     if (count > most_blanks_at_once || count > end_ - next_) return put_many_blanks(count);
-    copy(next_, blanks, static_cast<std::size_t>(count));
+    if (spare_end_ - next_ >= most_blanks_at_once)
+      std::memcpy(next_, blanks, sizeof(blanks));
+    else
+      copy(next_, blanks, static_cast<std::size_t>(count));
     next_ += count;
   }
 
@@ -98,13 +112,15 @@ class unit_output {
   void put_in_parts(ustring_view run);
   void put_many_blanks(std::int64_t count);
   void make_room();
-  void open(char16* units, std::ptrdiff_t count);
+  void open(char16* units, std::ptrdiff_t count, bool spare);
 
   stream_type* const& stream_;
   std::basic_streambuf<char16>* buffer_ = nullptr;  // the owner of the open room; null if we are
   char16* start_ = nullptr;                         // the first unit that isn't committed
   char16* next_ = nullptr;
   char16* end_ = nullptr;
+  char16* spare_end_ =
+      nullptr;  // end_ if what follows next_ may be overwritten, else next_ at most
   std::unique_ptr<char16[]> block_;  // allocated once, for a buffer without a put area
 
   // Room for the one unit after a full put area, and for output to a failed stream.

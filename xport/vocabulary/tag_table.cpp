@@ -11,7 +11,7 @@ namespace Xport {
 
 namespace {
 
-using rule_records = std::array<Tag_trait, Tag_table::size()>;
+using rule_records = std::array<Tag_trait, tag_record_count + 1>;
 
 constexpr std::size_t row(tag_id id) { return static_cast<std::size_t>(id); }
 
@@ -65,9 +65,19 @@ constexpr void empty_unusable_rows(rule_records& records) {
   for (const auto& tag : detail::tag_rows)
     if (!has_content_rule(tag.id)) {
       const Tag_trait& before = records[row(tag.id) - 1];
-      records[row(tag.id)] = {
-          tag_id::invalid_tag, before.category_flags, before.content_flags, {}, {}, {}, {}, {}};
+      Tag_trait unusable{};
+      unusable.id = tag_id::invalid_tag;
+      unusable.category_flags = before.category_flags;
+      unusable.content_flags = before.content_flags;
+      records[row(tag.id)] = unusable;
     }
+}
+
+constexpr void set_runs(rule_records& records) {
+  for (Tag_trait& record : records) {
+    record.start_run = {u"<", record.name};
+    record.end_run = {u"</", record.name, u">"};
+  }
 }
 
 constexpr rule_records make_records() {
@@ -76,13 +86,19 @@ constexpr rule_records make_records() {
   set_content(records);
   set_attributes(records);
   empty_unusable_rows(records);
+  set_runs(records);
+  records.back() = records[row(tag_id::invalid_tag)];
   return records;
 }
 
-constexpr rule_records rows = make_records();
-
 }  // namespace
 
-constinit const Tag_table tag_table(rows.data());
+constinit const rule_records detail::tag_records = make_records();
+
+static_assert([] {
+  for (const Tag_trait& record : make_records())
+    if (record.start_run.size == 0 || record.end_run.size == 0) return false;
+  return true;
+}());
 
 }  // namespace Xport

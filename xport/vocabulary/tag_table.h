@@ -1,10 +1,12 @@
 #ifndef XPORT_VOCABULARY_TAG_TABLE_H
 #define XPORT_VOCABULARY_TAG_TABLE_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
 #include "xport/text/char16.h"
+#include "xport/text/fixed_run.h"
 #include "xport/vocabulary/id_set.h"
 #include "xport/vocabulary/xhtml_strict.h"
 
@@ -36,7 +38,9 @@ struct Tag_trait {
   tag_set allowed_children;      ///< accepted in addition to what content_flags accepts
   tag_set excluded_children;     ///< refused although content_flags accepts them
   attribute_set allowed_attributes;
-  tag_set spare_ids;  ///< unused: empty in every record
+  tag_set spare_ids;    ///< unused: empty in every record
+  fixed_run start_run;  ///< "<" and the name; empty if the name is too long
+  fixed_run end_run;    ///< the end tag, likewise
 };
 
 /// Whether an element with the rules `parent` accepts character data.
@@ -66,6 +70,14 @@ constexpr bool takes_element(const Tag_trait& parent, const Tag_trait& child) {
   return takes_element(parent, child.id, child.category_flags);
 }
 
+namespace detail {
+
+// The rows of tag_table. The last one, beyond the table, is "invalid tag" again, for handles
+// without a record.
+extern const std::array<Tag_trait, tag_record_count + 1> tag_records;
+
+}  // namespace detail
+
 /// The rule records by number: the document root, the elements, "invalid tag". Constant
 /// data, ready before any code runs.
 class Tag_table {
@@ -74,27 +86,30 @@ class Tag_table {
 
   /// The record of a number; null for numbers below 0 and from size() on.
   const Tag_trait* operator[](tag_id id) const {
-    return static_cast<std::uint32_t>(id) < size() ? rows_ + static_cast<std::uint32_t>(id)
-                                                   : nullptr;
+    const auto row = static_cast<std::uint32_t>(id);
+    return row < size() ? &detail::tag_records[row] : nullptr;
   }
-
-  explicit constexpr Tag_table(const Tag_trait* rows) : rows_(rows) {}
-
- private:
-  const Tag_trait* rows_;
 };
 
-extern const Tag_table tag_table;
+inline constexpr Tag_table tag_table;
 
-/// An element's pointer to the rule record that it shares with all elements of its kind.
-/// Null for an element created with a number outside the table.
+/// An element's reference to the rule record that it shares with all elements of its kind.
+/// Null for an element created with a number outside the table. It holds the number of the row,
+/// which takes half the memory of a pointer.
 class Tag_trait_handle {
  public:
-  explicit Tag_trait_handle(const Tag_trait* record) : record_(record) {}
-  const Tag_trait* get() const { return record_; }
+  /// `record` is a row of tag_table or null.
+  explicit Tag_trait_handle(const Tag_trait* record)
+      : row_(record != nullptr ? static_cast<std::uint32_t>(record - tag_table[tag_id::doc_root])
+                               : Tag_table::size()) {}
+
+  const Tag_trait* get() const { return row_ < Tag_table::size() ? &rules() : nullptr; }
+
+  /// The record; that of "invalid tag" if the handle is null.
+  const Tag_trait& rules() const { return detail::tag_records[row_]; }
 
  private:
-  const Tag_trait* record_;
+  std::uint32_t row_;
 };
 
 }  // namespace Xport
