@@ -14,6 +14,8 @@ std::size_t bytes_between(const void* from, const void* to) {
   return static_cast<std::size_t>(static_cast<const char*>(to) - static_cast<const char*>(from));
 }
 
+constexpr std::uint32_t most_uses = std::numeric_limits<std::uint32_t>::max();
+
 void check_length(ustring_view value) {
   if (value.size() > std::numeric_limits<std::uint32_t>::max())
     throw std::length_error("attribute value too long");
@@ -22,7 +24,16 @@ void check_length(ustring_view value) {
 }  // namespace
 
 text_map_base::text_map_base(const text_map_base& other, node_pool* pool) : text_map_base(pool) {
+  copy_entries(other);
+}
+
+void text_map_base::copy_entries(const text_map_base& other) {
   if (other.empty()) return;
+  if (pool() != nullptr && other.pool() == pool() && other.block_->uses != most_uses) {
+    block_ = other.block_;
+    ++block_->uses;
+    return;
+  }
   block_ = make_block(other.block_->bytes());
   std::memcpy(block_ + 1, other.block_ + 1, other.block_->bytes() - sizeof(block));
 }
@@ -131,8 +142,7 @@ text_map_base::block*& text_map_base::offer(node_pool& pool, std::int32_t key, u
 // more owner.
 bool text_map_base::can_share(const block& other, std::span<const addition> entries,
                               std::size_t bytes) {
-  if (other.bytes() != bytes || other.uses == std::numeric_limits<std::uint32_t>::max())
-    return false;
+  if (other.bytes() != bytes || other.uses == most_uses) return false;
   const auto* at = reinterpret_cast<const entry_head*>(&other + 1);
   for (const addition& entry : entries) {
     if (at->key != entry.key || at->length != entry.value->size()) return false;

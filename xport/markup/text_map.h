@@ -79,6 +79,7 @@ class text_map_base {
     void insert(std::int32_t key, const ustring_view* value);
   };
 
+  void copy_entries(const text_map_base& other);
   void assign(std::int32_t key, ustring_view value);
   void add_missing(additions& added);
   bool erase(std::int32_t key);
@@ -169,6 +170,9 @@ class text_map : public text_map_base {
       added.insert(static_cast<std::int32_t>(entry.first), &entry.second);
     add_missing(added);
   }
+
+  /// Gives this map, which is empty, the entries of `other`.
+  void copy_entries(const text_map& other) { text_map_base::copy_entries(other); }
 
   /// Removes the entry for `key`. Returns false if there is none.
   bool erase(Key key) { return text_map_base::erase(static_cast<std::int32_t>(key)); }

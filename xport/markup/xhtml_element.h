@@ -116,6 +116,10 @@ class xhtml_element : public xhtml_markup {
 
  private:
   friend class xhtml_doc;
+  friend class xhtml_parser;
+
+  // adopt_child() of a node in the memory of this element that it is known to accept.
+  void append_accepted(xhtml_markup* node) noexcept { link(node, nullptr); }
 
   struct without_children {};
   xhtml_element(const xhtml_element& other, without_children);

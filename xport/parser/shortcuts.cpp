@@ -1,38 +1,45 @@
 #include "xport/parser/shortcuts.h"
 
-#include <optional>
-
 #include "xport/parser/text_reader.h"
 #include "xport/parser/xhtml_parser.h"
+#include "xport/text/find_any.h"
 
 namespace Xport {
 
-// Applies to a text that is whole in the input's window, has no double quote, and has newlines
-// only where they fold: in the white space at its end. Returns a part of the window if
-// possible, otherwise text_.
+std::optional<plain_text> find_plain_text(ustring_view text, const character_classes& classes,
+                                          bool folds_newlines) {
+  std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(text);
+  if (count == text.size()) return {};
+  const trailing_space end = find_trailing_space(text.substr(0, count), classes);
+  plain_text found{count, 0, end.kept, end.blank};
+  if (text[count] == u'\n' && folds_newlines) {
+    const leading_space space = find_leading_space(text.substr(count), classes);
+    found.count += space.count;
+    if (found.count == text.size() || text[found.count] != u'<') return {};
+    found.newlines = space.newlines;
+    found.blank = true;
+  } else if (text[count] != u'<') {
+    return {};
+  }
+  return found;
+}
+
+ustring_view plain_text::text_in(ustring_view text, ustring& gathered) const {
+  if (!blank) return text.substr(0, kept);
+  if (kept < count && text[kept] == u' ') return text.substr(0, kept + 1);
+  gathered = text.substr(0, kept);
+  return gathered += u' ';
+}
+
 std::optional<ustring_view> xhtml_parser::take_plain_text() {
   if (!use_shortcuts) return {};
   unit_input in = units();
   const ustring_view window = in.window();
-  std::size_t count = find_any<u'<', u'"', u'\n', end_unit>(window);
-  if (count == window.size()) return {};
-  const trailing_space end = find_trailing_space(window.substr(0, count), *classes_);
-  bool blank = end.blank;
-  if (window[count] == u'\n' && folds_newlines()) {
-    const leading_space space = find_leading_space(window.substr(count), *classes_);
-    count += space.count;
-    if (count == window.size() || window[count] != u'<') return {};
-    line += space.newlines;
-    blank = true;
-  } else if (window[count] != u'<') {
-    return {};
-  }
-  in.advance(count);
-  const ustring_view text = window.substr(0, end.kept);
-  if (!blank) return text;
-  if (end.kept < count && window[end.kept] == u' ') return window.substr(0, end.kept + 1);
-  text_ = text;
-  return text_ += u' ';
+  const auto found = find_plain_text(window, *classes_, folds_newlines());
+  if (!found) return {};
+  line += found->newlines;
+  in.advance(found->count);
+  return found->text_in(window, text_);
 }
 
 }  // namespace Xport

@@ -1,26 +1,24 @@
 #ifndef XPORT_PARSER_SHORTCUTS_H
 #define XPORT_PARSER_SHORTCUTS_H
 
-#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 
-#include "xport/parser/xhtml_parser.h"
 #include "xport/text/char16.h"
 #include "xport/text/character_class.h"
-#include "xport/text/find_any.h"
 
 namespace Xport {
 
-/// The parser's shortcuts. The two that are members of xhtml_parser are declared in
-/// xhtml_parser.h. Each handles the most frequent form of something that the readers can read
-/// anyway, and saves work:
+/// The parser's shortcuts. Each handles the most frequent form of something that the readers can
+/// read anyway, and saves work:
 ///
 /// | shortcut | saves |
 /// | --- | --- |
 /// | count_plain_letters | looking up the class of each letter of a name |
 /// | has_plain_blanks | looking up the class of each blank of an indentation |
 /// | xhtml_parser::take_plain_text | gathering a text that is complete in the input's window |
-/// | xhtml_parser::take_plain_end_tag | making a node for the end tag of the innermost element |
+/// | xhtml_parser::plain_reader | the calls, checks and copies between a tag and the next |
 ///
 /// The parser tries a shortcut before the plain way. If the shortcut doesn't apply, it has
 /// changed nothing.
@@ -49,22 +47,22 @@ inline bool has_plain_blanks(const character_classes& classes) {
   return use_shortcuts && classes.are_standard();
 }
 
-/// Takes the end tag of the element with `rules` if it comes next, is spelled as the name in
-/// `rules` and is whole in the input's window.
-inline bool xhtml_parser::take_plain_end_tag(const Tag_trait& rules) {
-  if (!use_shortcuts || reports(level_trace_end_tags) || !input->good()) return false;
-  if (rules.id == tag_id::pre) return false;
-  unit_input in = units();
-  const ustring_view window = in.window();
-  const std::size_t length = rules.name.size() + 3;
-  if (window.size() < length || window[0] != u'<' || window[1] != u'/' ||
-      window[length - 1] != u'>' ||
-      !std::equal(rules.name.begin(), rules.name.end(), window.begin() + 2))
-    return false;
-  in.advance(length);
-  last_tag = rules.id;
-  return true;
-}
+/// A text that is whole in a window of the input, has no double quote, and has newlines only where
+/// they fold: in the white space at its end.
+struct plain_text {
+  /// What the parser makes of it, given the window that begins with it. A part of the window if
+  /// possible, otherwise `gathered`, to which it is copied then.
+  ustring_view text_in(ustring_view window, ustring& gathered) const;
+
+  std::size_t count;       ///< its units, white space included
+  std::uint32_t newlines;  ///< the newlines among them
+  std::size_t kept;        ///< its units without the white space at its end
+  bool blank;              ///< whether a blank takes the place of that
+};
+
+/// Finds the plain text at the beginning of `window`, which doesn't begin with white space.
+std::optional<plain_text> find_plain_text(ustring_view window, const character_classes& classes,
+                                          bool folds_newlines);
 
 }  // namespace Xport
 

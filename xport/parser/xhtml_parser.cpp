@@ -3,7 +3,7 @@
 #include <typeinfo>
 
 #include "xport/markup/leaf_nodes.h"
-#include "xport/parser/shortcuts.h"
+#include "xport/parser/plain_reader.h"
 #include "xport/vocabulary/tag_table.h"
 
 namespace Xport {
@@ -54,6 +54,7 @@ xhtml_markup* xhtml_parser::fill_by_calls(xhtml_markup& parent) {
 // so the tree itself is the stack.
 xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
   const node_place content(receiver);
+  plain_reader plain(*this, receiver, content);
   xhtml_element* parent = &receiver;
   const auto go_up = [&parent] {
     parent = const_cast<xhtml_element*>(parent->parent()->as_element());
@@ -76,11 +77,10 @@ xhtml_markup* xhtml_parser::fill(xhtml_element& receiver) {
     } else if (child != nullptr && takes_content(*child)) {
       parent = child->as_element();
     }
-    while (current == nullptr && parent != &receiver && take_plain_end_tag(parent->rules())) {
-      trim_last_text(*parent);
-      go_up();
+    if (current == nullptr) {
+      parent = plain.read(parent);
+      current.reset(next_node());
     }
-    if (current == nullptr) current.reset(next_node());
   }
 }
 

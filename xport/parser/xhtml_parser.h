@@ -161,8 +161,8 @@ class xhtml_parser {
   xhtml_markup* make_rewritten(ustring text);
 
   // See shortcuts.h.
+  class plain_reader;
   std::optional<ustring_view> take_plain_text();
-  bool take_plain_end_tag(const Tag_trait& rules);
 
   std::optional<character_classes> classes_;  // holds a value during the outermost call
   const node_place* nodes_ = &on_heap_;       // where readers make nodes: see place_scope

@@ -1,0 +1,137 @@
+#include "xport/parser/plain_reader.h"
+
+#include <cstring>
+#include <memory>
+
+#include "xport/markup/leaf_nodes.h"
+#include "xport/parser/shortcuts.h"
+#include "xport/parser/text_reader.h"
+#include "xport/text/find_any.h"
+#include "xport/vocabulary/tag_table.h"
+
+namespace Xport {
+
+namespace {
+
+bool starts_with(ustring_view text, ustring_view start) {
+  return text.size() >= start.size() &&
+         std::memcmp(text.data(), start.data(), start.size() * sizeof(char16)) == 0;
+}
+
+}  // namespace
+
+// `script` and `style` have a reader of their own for texts, and `pre` for all that it contains.
+xhtml_element* xhtml_parser::plain_reader::read(xhtml_element* parent) {
+  if (!use_shortcuts || parser_.normalize_text || parser_.reports(level_trace_elements) ||
+      parser_.reports(level_trace_end_tags) || !parser_.input->good() ||
+      !parser_.classes_->are_standard() || parent->rules().id == tag_id::pre)
+    return parent;
+  unit_input in = parser_.units();
+  parent_ = parent;
+  window_ = in.window();
+  used_ = 0;
+  try {
+    while (read_node()) {
+    }
+  } catch (...) {
+    in.advance(used_);
+    throw;
+  }
+  in.advance(used_);
+  return parent_;
+}
+
+// Reads a tag or a text. Returns false if that isn't plain, or if none can follow.
+inline bool xhtml_parser::plain_reader::read_node() {
+  const ustring_view text(window_.data() + used_, window_.size() - used_);
+  if (text.size() < 2) return false;
+  if (text[0] != u'<') return read_text(text);
+  return text[1] == u'/' ? read_end_tag(text) : read_start_tag(text);
+}
+
+// A plain start tag has its name in small letters and no newline.
+inline bool xhtml_parser::plain_reader::read_start_tag(ustring_view text) {
+  const character_classes& classes = *parser_.classes_;
+  const ustring_view after_bracket(text.data() + 1, text.size() - 1);
+  std::size_t length = count_plain_letters(after_bracket, classes);
+  while (length < after_bracket.size() && classes.is_alnum(after_bracket[length])) ++length;
+  if (after_bracket.size() - length < 2) return false;
+  const tag_id tag = xhtml_strict::tag_from_name(after_bracket.substr(0, length));
+  const Tag_trait& rules = *tag_table[tag];
+  if (!takes_element(parent_->rules(), rules)) return false;
+
+  std::size_t end = 1 + length;
+  ustring_view attributes;
+  if (text[end] == u' ') {
+    attributes = text.substr(end);
+    const std::size_t count = find_any<u'>', u'\n', end_unit>(attributes);
+    if (count == attributes.size()) return false;
+    attributes = attributes.substr(0, count);
+    end += count;
+  } else if (text[end] == u'/' && takes_nothing(rules)) {
+    ++end;
+  }
+  if (text[end] != u'>') return false;
+
+  used_ += end + 1;
+  std::unique_ptr<xhtml_element> element(where_.make<xhtml_element>(rules));
+  if (!attributes.empty()) set_attributes(*element, attributes);
+  parser_.last_tag = rules.id;
+  xhtml_element* const child = element.release();
+  parent_->append_accepted(child);
+  if (!takes_nothing(rules)) parent_ = child;
+  return rules.id != tag_id::pre;
+}
+
+// A plain end tag is that of `parent_`, spelled as the writer does.
+inline bool xhtml_parser::plain_reader::read_end_tag(ustring_view text) {
+  const Tag_trait& rules = parent_->rules();
+  const ustring_view tag = rules.end_run.text();
+  if (parent_ == &receiver_ || !starts_with(text, tag)) return false;
+  used_ += tag.size();
+  parser_.last_tag = rules.id;
+  xhtml_markup* const last = parent_->last_child();
+  if (last != nullptr && last->type() == node_type::pcdata && rules.id != tag_id::style)
+    last->as_text()->trim_right(*parser_.classes_);
+  parent_ = const_cast<xhtml_element*>(parent_->parent()->as_element());
+  return true;
+}
+
+// Reads a text, or the white space between two tags. If the text isn't plain, the white space
+// before it is read nevertheless, since the parser would begin with it too.
+inline bool xhtml_parser::plain_reader::read_text(ustring_view text) {
+  const Tag_trait& rules = parent_->rules();
+  if (rules.id == tag_id::script || rules.id == tag_id::style) return false;
+  const leading_space space = find_leading_space(text, *parser_.classes_);
+  if (space.count == text.size() || text[space.count] == end_unit) return false;
+  if (space.count != 0 && space.newlines == 0) return false;
+  used_ += space.count;
+  parser_.line += space.newlines;
+  if (text[space.count] != u'<') {
+    if (!takes_text(rules)) return false;
+    text.remove_prefix(space.count);
+    const auto found = find_plain_text(text, *parser_.classes_, parser_.folds_newlines());
+    if (!found) return false;
+    used_ += found->count;
+    parser_.line += found->newlines;
+    parent_->append_accepted(where_.make_leaf<xhtml_pcdata>(found->text_in(text, parser_.text_)));
+  }
+  parser_.last_tag = tag_id::invalid_tag;
+  return true;
+}
+
+void xhtml_parser::plain_reader::set_attributes(xhtml_element& element, ustring_view text) {
+  if (text.size() == last_text_.size() && starts_with(text, last_text_)) {
+    element.attributes()->copy_entries(last_attributes_);
+    return;
+  }
+  element.parse_attributes(text, *parser_.classes_);
+  constexpr std::size_t longest_kept = 100;
+  if (text.size() > longest_kept || !element.style_properties()->empty()) return;
+  last_text_.clear();
+  last_attributes_.clear();
+  last_attributes_.copy_entries(*element.attributes());
+  last_text_ = text;
+}
+
+}  // namespace Xport
