@@ -1,11 +1,15 @@
 #include "report/written_text.h"
 
+#include "xport/markup/leaf_nodes.h"
 #include "xport/markup/xhtml_writer.h"
 #include "xport/stream/ustring_stream.h"
 
 namespace report {
 
+// A text is written unchanged at level 0, which saves making a writer: most fields are texts.
 Xport::ustring WrittenText(const Xport::xhtml_markup& node) {
+  if (node.type() == Xport::node_type::pcdata && node.is_own_class())
+    return Xport::ustring(node.as_text()->text());
   Xport::ustring_stream stream;
   Xport::xhtml_writer writer(stream);
   node.write(writer);

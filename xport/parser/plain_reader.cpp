@@ -83,12 +83,15 @@ inline bool xhtml_parser::plain_reader::read_start_tag(ustring_view text) {
   return rules.id != tag_id::pre;
 }
 
-// A plain end tag is that of `parent_`, spelled as the writer does.
+// Whether `text` begins with a plain end tag: that of `parent_`, spelled as the writer does.
+inline bool xhtml_parser::plain_reader::is_end_tag_next(ustring_view text) const {
+  return parent_ != &receiver_ && starts_with(text, parent_->rules().end_run.text());
+}
+
 inline bool xhtml_parser::plain_reader::read_end_tag(ustring_view text) {
+  if (!is_end_tag_next(text)) return false;
   const Tag_trait& rules = parent_->rules();
-  const ustring_view tag = rules.end_run.text();
-  if (parent_ == &receiver_ || !starts_with(text, tag)) return false;
-  used_ += tag.size();
+  used_ += rules.end_run.size;
   parser_.last_tag = rules.id;
   xhtml_markup* const last = parent_->last_child();
   if (last != nullptr && last->type() == node_type::pcdata && rules.id != tag_id::style)
@@ -97,25 +100,31 @@ inline bool xhtml_parser::plain_reader::read_end_tag(ustring_view text) {
   return true;
 }
 
-// Reads a text, or the white space between two tags. If the text isn't plain, the white space
-// before it is read nevertheless, since the parser would begin with it too.
+// Reads a text, or the white space between two tags. White space without a newline before a text
+// stays as one blank.
 inline bool xhtml_parser::plain_reader::read_text(ustring_view text) {
   const Tag_trait& rules = parent_->rules();
   if (rules.id == tag_id::script || rules.id == tag_id::style) return false;
   const leading_space space = find_leading_space(text, *parser_.classes_);
   if (space.count == text.size() || text[space.count] == end_unit) return false;
-  if (space.count != 0 && space.newlines == 0) return false;
-  used_ += space.count;
-  parser_.line += space.newlines;
-  if (text[space.count] != u'<') {
+  const bool blank = space.count != 0 && space.newlines == 0;
+  text.remove_prefix(space.count);
+  if (blank || text[0] != u'<') {
     if (!takes_text(rules)) return false;
-    text.remove_prefix(space.count);
     const auto found = find_plain_text(text, *parser_.classes_, parser_.folds_newlines());
     if (!found) return false;
     used_ += found->count;
     parser_.line += found->newlines;
-    parent_->append_accepted(where_.make_leaf<xhtml_pcdata>(found->text_in(text, parser_.text_)));
+    // The blank at the end would be removed by the end tag of the same element.
+    if (is_end_tag_next(text.substr(found->count)))
+      text = text.substr(0, found->kept);
+    else
+      text = found->text_in(text, parser_.text_);
+    if (blank) text = gathered_.assign(1, u' ').append(text);
+    parent_->append_accepted(where_.make_leaf<xhtml_pcdata>(text));
   }
+  used_ += space.count;
+  parser_.line += space.newlines;
   parser_.last_tag = tag_id::invalid_tag;
   return true;
 }

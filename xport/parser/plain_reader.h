@@ -30,6 +30,7 @@ class xhtml_parser::plain_reader {
   bool read_start_tag(ustring_view text);
   bool read_end_tag(ustring_view text);
   bool read_text(ustring_view text);
+  bool is_end_tag_next(ustring_view text) const;
   void set_attributes(xhtml_element& element, ustring_view text);
 
   xhtml_parser& parser_;
@@ -40,6 +41,7 @@ class xhtml_parser::plain_reader {
   xhtml_element* parent_ = nullptr;
   ustring_view window_;
   std::size_t used_ = 0;  // the units of the window that were read
+  ustring gathered_;      // a text with a blank before it
 
   // The attributes that were read last, and their text. Elements in a row often have the same.
   ustring last_text_;
