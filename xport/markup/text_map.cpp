@@ -132,7 +132,8 @@ bool text_map_base::erase(std::int32_t key) {
 
 // Where the pool's maps offer a block with this first entry to others. Any place would do; this
 // one keeps the blocks that a page uses in turn apart.
-text_map_base::block*& text_map_base::offer(node_pool& pool, std::int32_t key, ustring_view value) {
+inline text_map_base::block*& text_map_base::offer(node_pool& pool, std::int32_t key,
+                                                   ustring_view value) {
   const std::size_t ends = value.empty() ? 0U : std::size_t{value.front()} + value.back();
   const std::size_t mark = static_cast<std::size_t>(key) * 3 + value.size() + ends;
   return pool.offered_block(mark % node_pool::offered_blocks);
@@ -140,22 +141,20 @@ text_map_base::block*& text_map_base::offer(node_pool& pool, std::int32_t key, u
 
 // Whether `other` holds `entries`, which take `bytes` with the head of a block, and may have one
 // more owner.
-bool text_map_base::can_share(const block& other, std::span<const addition> entries,
-                              std::size_t bytes) {
+inline bool text_map_base::can_share(const block& other, std::span<const addition> entries,
+                                     std::size_t bytes) {
   if (other.bytes() != bytes || other.uses == most_uses) return false;
   const auto* at = reinterpret_cast<const entry_head*>(&other + 1);
   for (const addition& entry : entries) {
     if (at->key != entry.key || at->length != entry.value->size()) return false;
-    if (at->length != 0 &&
-        std::memcmp(at + 1, entry.value->data(), at->length * sizeof(char16)) != 0)
-      return false;
+    if (!std::equal(entry.value->begin(), entry.value->end(), at->value().begin())) return false;
     at = at->next();
   }
   return true;
 }
 
 // Fills the empty map with `entries`, which take `bytes` with the head of a block.
-void text_map_base::fill(std::span<const addition> entries, std::size_t bytes) {
+inline void text_map_base::fill(std::span<const addition> entries, std::size_t bytes) {
   block** offered = nullptr;
   if (pool() != nullptr) {
     offered = &offer(*pool(), entries.front().key, *entries.front().value);

@@ -165,8 +165,8 @@ void xhtml_writer::write_tree(const xhtml_element& top) {
 }
 
 // Returns whether the content starts on a line of its own. The document root has no tags.
-bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& rules,
-                               std::uint32_t layout) {
+inline bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& rules,
+                                      std::uint32_t layout) {
   if (rules.id == tag_id::doc_root) {
     indent_level = -1;
     return true;
@@ -192,7 +192,7 @@ bool xhtml_writer::write_start(const xhtml_element& element, const Tag_trait& ru
   return true;
 }
 
-void xhtml_writer::write_attributes(const xhtml_element& element) {
+inline void xhtml_writer::write_attributes(const xhtml_element& element) {
   const bool usual = !double_quotes && !spaced_equals;
   for (const auto& [attribute, value] : *element.xhtml_element::attributes()) {
     const auto number = static_cast<std::uint32_t>(attribute);
@@ -238,8 +238,8 @@ void xhtml_writer::write_style(const xhtml_element& element) {
   ++column;
 }
 
-void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rules,
-                             std::uint32_t layout, bool at_line_start) {
+inline void xhtml_writer::write_end(const xhtml_element& element, const Tag_trait& rules,
+                                    std::uint32_t layout, bool at_line_start) {
   if (rules.id == tag_id::doc_root) return;
   const bool on_own_line = (layout & layout_break_before_end) != 0 || layout == layout_preformatted;
   if (!at_line_start && on_own_line) break_line();
