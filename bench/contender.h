@@ -33,6 +33,7 @@ class contender {
 std::unique_ptr<contender> make_bare_loop();
 std::unique_ptr<contender> make_vellomark_report();
 std::unique_ptr<contender> make_pugixml_tree();
+std::unique_ptr<contender> make_rapidxml_tree();
 std::unique_ptr<contender> make_libxml2_tree();
 std::unique_ptr<contender> make_tinyxml2_tree();
 
@@ -45,6 +46,7 @@ std::string tinyxml2_version();
 inline constexpr const char* bare_loop_name = "bare loop";
 inline constexpr const char* vellomark_name = "vellomark";
 inline constexpr const char* pugixml_name = "pugixml";
+inline constexpr const char* rapidxml_name = "rapidxml";
 
 }  // namespace bench
 

@@ -12,14 +12,14 @@ namespace {
 const xmlChar* as_xml(const char* text) { return reinterpret_cast<const xmlChar*>(text); }
 
 struct libxml2_calls {
-  xmlNodePtr add(xmlNodePtr parent, const char* name) const {
-    return xmlAddChild(parent, xmlNewDocNode(parent->doc, nullptr, as_xml(name), nullptr));
+  xmlNodePtr add(xmlNodePtr parent, word name) const {
+    return xmlAddChild(parent, xmlNewDocNode(parent->doc, nullptr, as_xml(name.narrow), nullptr));
   }
-  void text(xmlNodePtr parent, const char* text) const {
-    xmlAddChild(parent, xmlNewDocText(parent->doc, as_xml(text)));
+  void text(xmlNodePtr parent, word text) const {
+    xmlAddChild(parent, xmlNewDocText(parent->doc, as_xml(text.narrow)));
   }
-  void attribute(xmlNodePtr element, const char* name, const char* value) const {
-    xmlNewProp(element, as_xml(name), as_xml(value));
+  void attribute(xmlNodePtr element, word name, word value) const {
+    xmlNewProp(element, as_xml(name.narrow), as_xml(value.narrow));
   }
 };
 

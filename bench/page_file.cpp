@@ -27,7 +27,7 @@ std::uint64_t tree_fingerprint(const std::string& path) {
   std::u16string page;
   page.reserve(bytes.size() / 2);
   for (const char16_t unit : test::file_units(bytes).substr(1)) {
-    if (unit == u' ' || unit == u'\n') continue;
+    if (unit == u' ' || unit == u'\n' || unit == u'\t') continue;
     page += unit == u'"' ? u'\'' : unit;
     if (page.ends_with(u"<p/>")) page.replace(page.size() - 2, 2, u"></p>");
   }

@@ -9,14 +9,14 @@ namespace bench {
 namespace {
 
 struct pugixml_calls {
-  pugi::xml_node add(pugi::xml_node parent, const char* name) const {
-    return parent.append_child(name);
+  pugi::xml_node add(pugi::xml_node parent, word name) const {
+    return parent.append_child(name.narrow);
   }
-  void text(pugi::xml_node parent, const char* text) const {
-    parent.append_child(pugi::node_pcdata).set_value(text);
+  void text(pugi::xml_node parent, word text) const {
+    parent.append_child(pugi::node_pcdata).set_value(text.narrow);
   }
-  void attribute(pugi::xml_node element, const char* name, const char* value) const {
-    element.append_attribute(name).set_value(value);
+  void attribute(pugi::xml_node element, word name, word value) const {
+    element.append_attribute(name.narrow).set_value(value.narrow);
   }
 };
 

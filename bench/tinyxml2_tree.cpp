@@ -42,16 +42,16 @@ bool write_as_utf16(const char* text, const char* end, const std::string& path) 
 }
 
 struct tinyxml2_calls {
-  tinyxml2::XMLElement* add(tinyxml2::XMLElement* parent, const char* name) const {
-    tinyxml2::XMLElement* element = parent->GetDocument()->NewElement(name);
+  tinyxml2::XMLElement* add(tinyxml2::XMLElement* parent, word name) const {
+    tinyxml2::XMLElement* element = parent->GetDocument()->NewElement(name.narrow);
     parent->InsertEndChild(element);
     return element;
   }
-  void text(tinyxml2::XMLElement* parent, const char* text) const {
-    parent->InsertEndChild(parent->GetDocument()->NewText(text));
+  void text(tinyxml2::XMLElement* parent, word text) const {
+    parent->InsertEndChild(parent->GetDocument()->NewText(text.narrow));
   }
-  void attribute(tinyxml2::XMLElement* element, const char* name, const char* value) const {
-    element->SetAttribute(name, value);
+  void attribute(tinyxml2::XMLElement* element, word name, word value) const {
+    element->SetAttribute(name.narrow, value.narrow);
   }
 };
 

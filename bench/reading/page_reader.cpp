@@ -39,6 +39,7 @@ std::vector<std::unique_ptr<page_reader>> all_readers() {
   std::vector<std::unique_ptr<page_reader>> all;
   all.push_back(make_vellomark_reader());
   all.push_back(make_pugixml_reader());
+  all.push_back(make_rapidxml_reader());
   all.push_back(make_libxml2_xml_reader());
   all.push_back(make_libxml2_html_reader());
   all.push_back(make_gumbo_reader());

@@ -35,6 +35,7 @@ class page_reader {
 
 std::unique_ptr<page_reader> make_vellomark_reader();
 std::unique_ptr<page_reader> make_pugixml_reader();
+std::unique_ptr<page_reader> make_rapidxml_reader();
 std::unique_ptr<page_reader> make_libxml2_xml_reader();
 std::unique_ptr<page_reader> make_libxml2_html_reader();
 std::unique_ptr<page_reader> make_gumbo_reader();
@@ -53,6 +54,7 @@ std::string peer_versions();
 inline constexpr const char* bare_reader_name = "bare read";
 inline constexpr const char* vellomark_reader_name = "vellomark";
 inline constexpr const char* pugixml_reader_name = "pugixml";
+inline constexpr const char* rapidxml_reader_name = "rapidxml";
 
 }  // namespace bench
 
