@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -297,6 +298,106 @@ TEST(TextMap, InAPoolStoresBatchesAsAStandardMapDoes) {
   node_pool pool;
   attribute_map map(&pool);
   store_batches_by_chance(map);
+}
+
+TEST(TextMap, OfAPoolShareEqualEntries) {
+  node_pool pool;
+  attribute_map first(&pool);
+  attribute_map second(&pool);
+  attribute_map other(&pool);
+  first.insert_or_assign(attr_id::class_, u"cell");
+  second.insert_or_assign(attr_id::class_, u"cell");
+  other.insert_or_assign(attr_id::class_, u"cel1");
+  EXPECT_EQ(first[attr_id::class_].data(), second[attr_id::class_].data());
+  EXPECT_NE(first[attr_id::class_].data(), other[attr_id::class_].data());
+  EXPECT_EQ(other[attr_id::class_], u"cel1");
+  const attribute_map copy(first, &pool);
+  EXPECT_EQ(copy[attr_id::class_].data(), first[attr_id::class_].data());
+
+  const entries several = {{attr_id{7}, u"x"}, {attr_id{3}, u""}};
+  attribute_map third(&pool);
+  attribute_map fourth(&pool);
+  third.insert_missing(several);
+  fourth.insert_missing(several);
+  EXPECT_EQ(third[attr_id{7}].data(), fourth[attr_id{7}].data());
+
+  second.insert_or_assign(attr_id::class_, u"changed");
+  fourth.erase(attr_id{3});
+  EXPECT_EQ(listing(first), listing(copy));
+  EXPECT_EQ(first[attr_id::class_], u"cell");
+  EXPECT_EQ(second[attr_id::class_], u"changed");
+  EXPECT_EQ(listing(third), "3= 7=x ");
+  EXPECT_EQ(listing(fourth), "7=x ");
+}
+
+TEST(TextMap, OnTheHeapShareNothing) {
+  attribute_map first;
+  attribute_map second;
+  first.insert_or_assign(attr_id::class_, u"cell");
+  second.insert_or_assign(attr_id::class_, u"cell");
+  EXPECT_NE(first[attr_id::class_].data(), second[attr_id::class_].data());
+  const attribute_map copy(first);
+  EXPECT_NE(copy[attr_id::class_].data(), first[attr_id::class_].data());
+}
+
+// Few different entries, so that blocks are shared, changed and released all the time.
+TEST(TextMap, ManyOfAPoolDoWhatStandardMapsDo) {
+  node_pool pool;
+  std::mt19937 random(11);
+  std::vector<std::unique_ptr<attribute_map>> maps;
+  std::vector<std::map<int, ustring>> expected(30);
+  while (maps.size() != expected.size()) maps.push_back(std::make_unique<attribute_map>(&pool));
+  const ustring values[] = {u"", u"a", u"top", ustring(300, u'l')};
+  for (int step = 0; step < 20'000; ++step) {
+    const std::size_t at = random() % maps.size();
+    const int key = static_cast<int>(random() % 3);
+    const ustring& value = values[random() % 4];
+    switch (random() % 5) {
+      case 0:
+        maps[at]->clear();
+        expected[at].clear();
+        break;
+      case 1:
+        ASSERT_EQ(maps[at]->erase(attr_id{key}), expected[at].erase(key) == 1);
+        break;
+      case 2: {
+        const std::size_t from = random() % maps.size();
+        maps[at] = std::make_unique<attribute_map>(*maps[from], &pool);
+        expected[at] = std::map<int, ustring>(expected[from]);
+        break;
+      }
+      case 3: {
+        const entries given = {{attr_id{key}, value}, {attr_id{2}, u"b"}};
+        maps[at]->insert_missing(given);
+        expected[at].try_emplace(key, value);
+        expected[at].try_emplace(2, u"b");
+        break;
+      }
+      default:
+        maps[at]->insert_or_assign(attr_id{key}, value);
+        expected[at][key] = value;
+    }
+    std::string listed;
+    for (const auto& [number, text] : expected[at])
+      listed += std::to_string(number) + "=" + printable(text) + " ";
+    ASSERT_EQ(listing(*maps[at]), listed) << step;
+  }
+}
+
+TEST(TextMap, OfAPoolNeedNoMoreMemoryHoweverOftenTheyChange) {
+  node_pool pool;
+  attribute_map first(&pool);
+  attribute_map second(&pool);
+  std::size_t before = 0;
+  for (int step = 0; step < 100'000; ++step) {
+    if (step == 100) before = allocation_calls();
+    const char16 text[] = {static_cast<char16>(u'a' + step % 20), u'\0'};
+    first.insert_or_assign(attr_id::id, text);
+    second.insert_or_assign(attr_id::id, text);
+    first.clear();
+    second.clear();
+  }
+  EXPECT_EQ(allocation_calls(), before);
 }
 
 TEST(TextMap, CopiesAreIndependent) {

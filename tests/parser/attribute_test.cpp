@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 
+#include "tests/parser/parse_kit.h"
 #include "tests/parser/reader_kit.h"
 #include "tests/support/golden.h"
 #include "tests/support/tree_check.h"
 #include "tests/support/vocabulary_numbers.h"
+#include "xport/markup/xhtml_doc.h"
 #include "xport/parser/tag_reader.h"
 #include "xport/text/character_class.h"
 
@@ -371,6 +374,31 @@ TEST(ParseAttributes, LongValues) {
   EXPECT_EQ(in_div(u"<p title='" + value + u" class=a>"), "p[title=\"\"]");
   EXPECT_EQ(in_div(u"<p " + value + u"='x' class='a'>"), "p[class=\"a\"]");
   EXPECT_EQ(in_div(u"<p title=" + ustring(1'000'000, u' ') + u"'a'>"), "p[title=\"a\"]");
+}
+
+// Elements in a row with the same text of attributes are read faster.
+TEST(AttributesOfElements, InARowWithTheSameTextOrAnother) {
+  EXPECT_EQ(in_div(u"<p id='a' class='b'>1</p><p id='a' class='b'>2</p><p class='b'>3</p>"
+                   u"<p class='c'>4</p><p class='b'>5</p><p>6</p><p class='b'>7</p>"),
+            in_div(u"<p id='a' class='b' >1</p><p\tid='a' class='b'>2</p><p  class='b'>3</p>"
+                   u"<p\tclass='c'>4</p><p class=\"b\">5</p><p >6</p><p  class='b'>7</p>"));
+  EXPECT_EQ(in_div(u"<p style='color:red'>1</p><p style='color:red'>2</p><p style=''>3</p>"),
+            in_div(u"<p  style='color:red'>1</p><p\tstyle='color:red'>2</p><p style=\"\">3</p>"));
+  const ustring id(200, u'i');
+  EXPECT_EQ(in_div(u"<p id='" + id + u"'>1</p><p id='" + id + u"'>2</p><p id='i'>3</p>"),
+            in_div(u"<p  id='" + id + u"'>1</p><p\tid='" + id + u"'>2</p><p\tid='i'>3</p>"));
+}
+
+TEST(AttributesOfElements, InARowAreEachItsOwn) {
+  xhtml_doc doc(0);
+  std::basic_istringstream<char16> input(u"<p class='b'>1</p><p class='b'>2</p><p class='b'>3</p>");
+  xhtml_parser parser(&input);
+  parser.parse_children(doc.root());
+  auto second = ++doc.root()->begin();
+  second->set_attribute(attr_id::class_, u"changed");
+  EXPECT_EQ(doc.root()->begin()->get_attribute(attr_id::class_), u"b");
+  EXPECT_EQ(second->get_attribute(attr_id::class_), u"changed");
+  EXPECT_EQ((++second)->get_attribute(attr_id::class_), u"b");
 }
 
 }  // namespace

@@ -82,17 +82,19 @@ std::size_t expect_all_or_nothing(Prepare prepare, Call call) {
   });
 }
 
-// As above, with more and more lines on the page before. Their number decides for which
-// node the memory of the page's tree has to grow.
+// As above, with more and more lines on the page before, of which one grows by less than a node.
+// They decide for which node the memory of the page's tree has to grow.
 template <class Prepare, class Call>
 std::size_t expect_all_or_nothing_after_lines(Prepare prepare, Call call) {
   std::size_t failures = 0;
-  for (std::size_t lines = 0; lines < 160 && !testing::Test::HasFailure(); ++lines) {
-    SCOPED_TRACE(std::to_string(lines) + " lines");
+  for (std::size_t step = 0; step < 320 && !testing::Test::HasFailure(); ++step) {
+    const std::size_t lines = step / 8;
+    const std::size_t units = step % 8 * 24;
+    SCOPED_TRACE(std::to_string(lines) + " lines and " + std::to_string(units) + " units");
     failures += expect_all_or_nothing(
         [&](IVellomark& report) {
-          for (std::size_t line = 0; line < lines; ++line)
-            report.AddText(ustring(4 * (line % 9), u'-').c_str(), false);
+          for (std::size_t line = 0; line < lines; ++line) report.AddText(u"", false);
+          report.AddText(ustring(units, u'-').c_str(), false);
           prepare(report);
         },
         call);

@@ -5,13 +5,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <ios>
+#include <memory>
 #include <ostream>
 #include <random>
 #include <vector>
 
+#include "tests/support/fake_file.h"
 #include "tests/support/golden.h"
 #include "tests/support/unit_buffers.h"
+#include "xport/stream/file_output_stream.h"
 #include "xport/stream/ustring_stream.h"
+#include "xport/text/fixed_run.h"
 
 namespace test {
 namespace {
@@ -70,6 +74,48 @@ TEST(UnitOutput, RunsLongerThanABlock) {
       EXPECT_TRUE(same_units(stream.str(), ustring(before, u'b') + ustring(size, u'r') + u'e'))
           << before << " " << size;
     }
+}
+
+/// Puts runs of all kinds and sizes through `stream`, and returns what must have arrived.
+ustring put_short_runs(unit_output::stream_type& stream) {
+  static constexpr fixed_run runs[] = {{}, {u"a"}, {u"<", u"td"}, {u"sixteen units ok"}};
+  unit_output::stream_type* const target = &stream;
+  unit_output output(target);
+  ustring expected;
+  for (std::size_t i = 0; i < 20'000; ++i) {
+    const auto blanks = static_cast<std::int64_t>(i % 37);
+    output.put(runs[i % 4]);
+    output.put_blanks(blanks);
+    output.put(runs[i % 3]);
+    (expected += runs[i % 4].text()).append(i % 37, u' ') += runs[i % 3].text();
+  }
+  output.commit();
+  return expected;
+}
+
+TEST(UnitOutput, RunsOfAFixedSizeOnAnyStream) {
+  ustring_stream text;
+  const ustring expected = put_short_runs(text);
+  EXPECT_TRUE(same_units(text.view(), expected));
+
+  file_record record;
+  file_output_stream file;
+  file.open(std::make_unique<fake_file>(record));
+  put_short_runs(file);
+  file.close();
+  EXPECT_TRUE(same_units(record.units(), expected));
+
+  run_buffer without_area;
+  std::basic_ostream<char16> runs(&without_area);
+  put_short_runs(runs);
+  EXPECT_TRUE(same_units(without_area.text(), expected));
+
+  for (const std::size_t room : {1u, 15u, 16u, 17u, 100u}) {
+    area_buffer small(room);
+    std::basic_ostream<char16> areas(&small);
+    put_short_runs(areas);
+    EXPECT_TRUE(same_units(small.text(), expected)) << room;
+  }
 }
 
 TEST(UnitOutput, RandomCalls) {
@@ -156,9 +202,10 @@ TEST(UnitOutput, UnitsAfterTheLastOneAreNotChanged) {
     unit_output output(target);
     output.put(u"abc");
     output.put_blanks(blanks);
-    output.put(counted(7));
+    output.put(counted(5));
+    output.put(fixed_run{u"ru", u"n"});
     output.commit();
-    const std::size_t rest = 64 - 10 - static_cast<std::size_t>(blanks);
+    const std::size_t rest = 64 - 11 - static_cast<std::size_t>(blanks);
     EXPECT_TRUE(same_units(buffer.rest(), ustring(rest, u'x'))) << blanks;
   }
 }

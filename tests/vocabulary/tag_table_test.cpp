@@ -206,12 +206,30 @@ TEST(TagTable, HoldsTheAttributesOfLinksAndBases) {
   EXPECT_FALSE(takes(tag_id::div, attr_id::not_found));
 }
 
+// The writer copies them, so they must be the whole tags.
+TEST(TagTable, HasTheTagsOfEachName) {
+  for (int number = 0; number < first_number_without_record; ++number) {
+    const ustring name(record(number).name);
+    EXPECT_EQ(record(number).start_run.text(), u"<" + name) << number;
+    EXPECT_EQ(record(number).end_run.text(), u"</" + name + u">") << number;
+  }
+}
+
 TEST(TagTable, IsSharedByHandles) {
   const Tag_trait_handle handle(tag_table[tag_id::div]);
   const Tag_trait_handle copy = handle;
   EXPECT_EQ(handle.get(), tag_table[tag_id::div]);
   EXPECT_EQ(copy.get(), handle.get());
-  EXPECT_EQ(Tag_trait_handle(tag_table[tag_id{first_number_without_record}]).get(), nullptr);
+}
+
+TEST(TagTable, AHandleWithoutARecordHasTheRulesOfInvalidTag) {
+  const Tag_trait_handle handle(tag_table[tag_id{first_number_without_record}]);
+  EXPECT_EQ(handle.get(), nullptr);
+  EXPECT_EQ(handle.rules().id, tag_id::invalid_tag);
+  EXPECT_EQ(handle.rules().name, u"invalid tag");
+  EXPECT_TRUE(handle.rules().allowed_attributes.empty());
+  EXPECT_TRUE(takes_nothing(handle.rules()));
+  EXPECT_FALSE(takes_text(handle.rules()));
 }
 
 }  // namespace

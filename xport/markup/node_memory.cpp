@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -14,25 +15,16 @@ namespace Xport {
 
 namespace {
 
-// Most of the time of building a large tree is spent on memory that is new to the process: the
-// system fills it page by page. Huge pages take a fifth of that. So large pieces are aligned to
-// them and ask for them, which is only advice.
-constexpr std::size_t huge_page = 2 * 1024 * 1024;
-
-void* allocate_piece(std::size_t bytes) {
-  if (bytes < huge_page) return ::operator new(bytes);
-  void* const memory = ::operator new (bytes, std::align_val_t{huge_page});
+// Half of the time of building a large tree goes into memory that is new to the process, which the
+// system provides page by page. With huge pages that takes a small part of it. This asks for them;
+// where it can't, nothing changes.
+void advise_huge_pages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) {
 #ifdef MADV_HUGEPAGE
-  static_cast<void>(::madvise(memory, bytes, MADV_HUGEPAGE));
+  constexpr std::size_t page = 64 * 1024;  // a multiple of the page size of every machine
+  constexpr std::size_t worthwhile = 4 * 1024 * 1024;
+  if (bytes >= worthwhile && std::align(page, worthwhile / 2, memory, bytes) != nullptr)
+    static_cast<void>(::madvise(memory, bytes / page * page, MADV_HUGEPAGE));
 #endif
-  return memory;
-}
-
-void release_piece(void* memory, std::size_t bytes) {
-  if (bytes < huge_page)
-    ::operator delete(memory);
-  else
-    ::operator delete (memory, std::align_val_t{huge_page});
 }
 
 }  // namespace
@@ -42,7 +34,7 @@ node_pool::sized_block node_pool::empty_heap_block_{nullptr, 0, 0};
 node_pool::~node_pool() {
   while (pieces_ != nullptr) {
     piece* const next = pieces_->next;
-    release_piece(pieces_, pieces_->bytes);
+    ::operator delete(pieces_);
     pieces_ = next;
   }
   while (large_ != nullptr) {
@@ -72,8 +64,9 @@ void* node_pool::allocate_small(std::size_t rounded) {
     free_[rounded / granule] = released->next;
     return released;
   }
-  void* const memory = allocate_piece(piece_size_);
-  pieces_ = new (memory) piece{pieces_, piece_size_};
+  void* const memory = ::operator new(piece_size_);
+  advise_huge_pages(memory, piece_size_);
+  pieces_ = new (memory) piece{pieces_};
   end_ = static_cast<char*>(memory) + piece_size_;
   piece_size_ = std::min(piece_size_ * 2, largest_piece);
   char* const first = reinterpret_cast<char*>(pieces_ + 1);

@@ -107,14 +107,13 @@ class node_pool {
 
  private:
   static constexpr std::size_t first_piece = 4 * 1024;
-  static constexpr std::size_t largest_piece = 4 * 1024 * 1024;
+  static constexpr std::size_t largest_piece = 16 * 1024 * 1024;
 
   struct free_block {
     free_block* next;
   };
   struct alignas(granule) piece {
     piece* next;
-    std::size_t bytes;
   };
   struct alignas(granule) large_block {
     large_block* next;
