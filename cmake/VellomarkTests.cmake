@@ -1,10 +1,10 @@
 # How tests are built, and told to ctest.
 find_package(GTest REQUIRED)
 
-# Tests are compiled for a short compile time. Line numbers are all that a failed one needs for
-# debugging: knowing its variables takes a fifth of the time. Optimising it, with what sanitizers
-# add, takes up to two thirds and saves next to nothing when it runs. The library is optimised as
-# its preset says. Where g++ 12 optimises, it takes texts that are known to be short for longer ones.
+# Tests should compile fast. A failed one needs no more debug information than line numbers: that of
+# its variables would cost a fifth of the compile time. Optimisation, together with sanitizers, would
+# cost up to two thirds and save next to nothing when the test runs. The library is optimised as its
+# preset says. The warnings are false ones that g++ 12 gives about short texts when it optimises.
 set(VELLOMARK_TEST_OPTIONS
     "$<$<CONFIG:Debug>:-g1>" "$<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-array-bounds>"
     "$<$<CXX_COMPILER_ID:GNU>:-Wno-stringop-overflow;-Wno-stringop-overread>")
@@ -30,7 +30,7 @@ target_precompile_headers(
   <string>
   <vector>)
 
-# vellomark_test_code(<name>): has the target vellomark_<name> compiled as code of tests is.
+# vellomark_test_code(<name>): compiles the target vellomark_<name> like all code of tests.
 function(vellomark_test_code name)
   target_include_directories(vellomark_${name} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_compile_options(vellomark_${name} PRIVATE ${VELLOMARK_TEST_OPTIONS})

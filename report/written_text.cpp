@@ -6,7 +6,7 @@
 
 namespace report {
 
-// A text is written unchanged at level 0, which saves making a writer: most fields are texts.
+// A text is written unchanged at level 0. Most fields are texts, so that saves many writers.
 Xport::ustring WrittenText(const Xport::xhtml_markup& node) {
   if (node.type() == Xport::node_type::pcdata && node.is_own_class())
     return Xport::ustring(node.as_text()->text());

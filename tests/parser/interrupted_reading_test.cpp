@@ -190,5 +190,22 @@ TEST(InterruptedReading, ReleasesASwappedPage) {
   }
 }
 
+// A text that there is no memory for is lost as a whole, and what comes after it is read.
+TEST(InterruptedReading, GoesOnAfterTheText) {
+  refuse_each([](std::size_t number) {
+    std::basic_istringstream<char16> input(u"\n  abc<i>  d</i>\n e");
+    xhtml_parser parser(&input);
+    xhtml_doc doc(0);
+    xhtml_markup& root = *doc.root();
+    const bool passed = passes(number, [&] { parser.parse_children(&root); });
+    parser.parse_children(&root);
+    EXPECT_EQ(parser.line, 3u) << number;
+    const std::string children = outline_of_children(root);
+    const bool has_text = children.find("'abc'") != std::string::npos;
+    EXPECT_EQ(children.find("bc'") != std::string::npos, has_text) << number << ": " << children;
+    return passed;
+  });
+}
+
 }  // namespace
 }  // namespace test

@@ -9,6 +9,7 @@
 
 #include "tests/support/golden.h"
 #include "tests/support/text.h"
+#include "tests/support/tree_outline.h"
 #include "xport/parser/xhtml_parser.h"
 #include "xport/stream/ustring_stream.h"
 
@@ -167,6 +168,35 @@ TEST_F(Message, StreamThatFailedIsLeftAlone) {
   parser.report_message(u"x", 1);
   EXPECT_EQ(log.text, u"");
   EXPECT_TRUE(log.at_flush.empty());
+}
+
+/// Takes the input away from a parser at its first message.
+class input_taker : public std::basic_streambuf<char16> {
+ public:
+  explicit input_taker(xhtml_parser& parser) : parser_(parser) {}
+
+ protected:
+  std::streamsize xsputn(const char16*, std::streamsize count) override { return count; }
+  int_type overflow(int_type unit) override { return traits_type::not_eof(unit); }
+  int sync() override {
+    parser_.input = nullptr;
+    return 0;
+  }
+
+ private:
+  xhtml_parser& parser_;
+};
+
+TEST_F(Message, StreamMayTakeTheInputAway) {
+  std::basic_istringstream<char16> input(u"<b>a</b><li>b</li><b>c</b>");
+  xhtml_parser reader(&input);
+  input_taker taker(reader);
+  std::basic_ostream<char16> stream(&taker);
+  reader.messages = &stream;
+  reader.message_mask = 1;
+  xhtml_element div(tag_id::div, {}, {});
+  EXPECT_EQ(reader.parse_children(&div), nullptr);
+  EXPECT_EQ(outline_of_children(div), "b('a')");
 }
 
 }  // namespace

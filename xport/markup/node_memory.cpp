@@ -1,6 +1,7 @@
 #include "xport/markup/node_memory.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <limits>
 #include <memory>
 
@@ -16,14 +17,16 @@ namespace Xport {
 namespace {
 
 // Half of the time of building a large tree goes into memory that is new to the process, which the
-// system provides page by page. With huge pages that takes a small part of it. This asks for them;
-// where it can't, nothing changes.
+// system provides page by page. With huge pages that takes a small part of it. This is advice: if
+// the system refuses it, nothing is lost.
 void advise_huge_pages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) {
 #ifdef MADV_HUGEPAGE
-  constexpr std::size_t page = 64 * 1024;  // a multiple of the page size of every machine
+  constexpr std::size_t page = 64 * 1024;  // a multiple of all but the rarest page sizes
   constexpr std::size_t worthwhile = 4 * 1024 * 1024;
-  if (bytes >= worthwhile && std::align(page, worthwhile / 2, memory, bytes) != nullptr)
-    static_cast<void>(::madvise(memory, bytes / page * page, MADV_HUGEPAGE));
+  if (bytes < worthwhile || std::align(page, worthwhile / 2, memory, bytes) == nullptr) return;
+  const int before = errno;
+  ::madvise(memory, bytes / page * page, MADV_HUGEPAGE);
+  errno = before;
 #endif
 }
 

@@ -49,8 +49,8 @@ class node_pool {
   /// The head of a block of memory that records its origin.
   struct sized_block {
     node_pool* pool;      ///< null for the general heap
-    std::uint32_t words;  ///< of 4 bytes, with this head; 0 for an empty block, never freed
-    std::uint32_t uses;   ///< the number of its owners
+    std::uint32_t words;  ///< its size, with this head, in units of 4 bytes; 0 for an empty block
+    std::uint32_t uses;   ///< the number of its owners; 0 for an empty block, which is never freed
 
     std::size_t bytes() const { return std::size_t{words} * 4; }
   };

@@ -130,8 +130,8 @@ bool text_map_base::erase(std::int32_t key) {
   return true;
 }
 
-// Where the pool's maps offer a block with this first entry to others. Any place would do; this
-// one keeps the blocks that a page uses in turn apart.
+// Where the pool's maps offer a block with this first entry to others. The place depends on nothing
+// else, so that clear() finds it again, and keeps the blocks that a page uses in turn apart.
 inline text_map_base::block*& text_map_base::offer(node_pool& pool, std::int32_t key,
                                                    ustring_view value) {
   const std::size_t ends = value.empty() ? 0U : std::size_t{value.front()} + value.back();

@@ -16,11 +16,11 @@ namespace Xport {
 ///
 /// An ordered map from numbers to texts in one block of memory, which holds the entries in
 /// ascending order of their keys, each as a head and its code units. Empty maps share an
-/// empty block. Each change makes a new block: elements have few attributes, and a new value
-/// may be part of an old one.
+/// empty block. A change never modifies a block but replaces it: elements have few attributes, and
+/// a new value may be part of an old one.
 ///
-/// Maps of one pool share a block where they are filled with the same entries, one map soon
-/// after the other: the cells of a table mostly have the same attributes.
+/// Maps of one pool share a block if one is a copy of the other, or if they are filled with the
+/// same entries soon after each other: the cells of a table mostly have the same attributes.
 class text_map_base {
  public:
   /// The number of different keys that one call of insert_missing() can add.
@@ -171,7 +171,7 @@ class text_map : public text_map_base {
     add_missing(added);
   }
 
-  /// Gives this map, which is empty, the entries of `other`.
+  /// Gives this map, which must be empty, the entries of `other`.
   void copy_entries(const text_map& other) { text_map_base::copy_entries(other); }
 
   /// Removes the entry for `key`. Returns false if there is none.

@@ -16,7 +16,7 @@ xhtml_element::xhtml_element(tag_id tag, ustring_view id, ustring_view class_nam
 
 xhtml_element::xhtml_element(tag_id tag, ustring_view id, ustring_view class_name, node_pool* pool)
     : xhtml_markup(node_type::element, sizeof(xhtml_element)), attributes_(pool), style_(pool) {
-  trait_ = Tag_trait_handle(tag_table[tag]);
+  set_trait(Tag_trait_handle(tag_table[tag]));
   if (!id.empty()) xhtml_element::set_attribute(attr_id::id, id);
   if (!class_name.empty()) xhtml_element::set_attribute(attr_id::class_, class_name);
 }
@@ -25,21 +25,21 @@ xhtml_element::xhtml_element(const Tag_trait& record, const node_place& where)
     : xhtml_markup(node_type::element, sizeof(xhtml_element), where),
       attributes_(where.pool()),
       style_(where.pool()) {
-  trait_ = Tag_trait_handle(&record);
+  set_trait(Tag_trait_handle(&record));
 }
 
 xhtml_element::xhtml_element(const xhtml_element& other, const node_place& where)
     : xhtml_markup(node_type::element, sizeof(xhtml_element), where),
       attributes_(other.attributes_, where.pool()),
       style_(other.style_, where.pool()) {
-  trait_ = other.trait_;
+  set_trait(other.trait_);
 }
 
 xhtml_element::xhtml_element(const xhtml_element& other, without_children)
     : xhtml_markup(other, sizeof(xhtml_element)),
       attributes_(other.attributes_),
       style_(other.style_) {
-  trait_ = other.trait_;
+  set_trait(other.trait_);
 }
 
 // Delegates, so that an exception destroys the children that were already copied.

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "xport/markup/xhtml_markup.h"
 
@@ -40,7 +41,7 @@ class xhtml_element : public xhtml_markup {
   /// As above, with its content in the memory of `pool`, which must outlive it.
   xhtml_element(tag_id tag, ustring_view id, ustring_view class_name, node_pool* pool);
 
-  /// An empty element at `where` with the rules `record`.
+  /// An empty element at `where` with the rules `record`, a row of tag_table.
   xhtml_element(const Tag_trait& record, const node_place& where);
 
   /// An element from the text of a start tag, with its "<" and its ">", if it has one. It has
@@ -118,7 +119,9 @@ class xhtml_element : public xhtml_markup {
   friend class xhtml_doc;
   friend class xhtml_parser;
 
-  // adopt_child() of a node in the memory of this element that it is known to accept.
+  void set_trait(const Tag_trait_handle& trait) { std::construct_at(&trait_, trait); }
+
+  // adopt_child() of a node that this element is known to accept.
   void append_accepted(xhtml_markup* node) noexcept { link(node, nullptr); }
 
   struct without_children {};

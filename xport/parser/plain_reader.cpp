@@ -1,7 +1,9 @@
 #include "xport/parser/plain_reader.h"
 
 #include <cstring>
+#include <iterator>
 #include <memory>
+#include <optional>
 
 #include "xport/markup/leaf_nodes.h"
 #include "xport/parser/shortcuts.h"
@@ -20,16 +22,18 @@ bool starts_with(ustring_view text, ustring_view start) {
 
 }  // namespace
 
-// `script` and `style` have a reader of their own for texts, and `pre` for all that it contains.
+// While it runs, no code of the host does: it doesn't ask the input's buffer for more units.
 xhtml_element* xhtml_parser::plain_reader::read(xhtml_element* parent) {
-  if (!use_shortcuts || parser_.normalize_text || parser_.reports(level_trace_elements) ||
-      parser_.reports(level_trace_end_tags) || !parser_.input->good() ||
-      !parser_.classes_->are_standard() || parent->rules().id == tag_id::pre)
+  if (!use_shortcuts || parser_.input == nullptr || parser_.normalize_text ||
+      parser_.reports(level_trace_elements) || parser_.reports(level_trace_end_tags) ||
+      !parser_.input->good() || !parser_.classes_->are_standard() ||
+      parent->rules().id == tag_id::pre)
     return parent;
   unit_input in = parser_.units();
   parent_ = parent;
-  window_ = in.window();
+  window_ = in.window_at_hand();
   used_ = 0;
+  last_text_size_ = 0;
   try {
     while (read_node()) {
     }
@@ -49,7 +53,7 @@ inline bool xhtml_parser::plain_reader::read_node() {
   return text[1] == u'/' ? read_end_tag(text) : read_start_tag(text);
 }
 
-// A plain start tag has its name in small letters and no newline.
+// A plain start tag has no newline. Only the content of `pre` is read by other rules.
 inline bool xhtml_parser::plain_reader::read_start_tag(ustring_view text) {
   const character_classes& classes = *parser_.classes_;
   const ustring_view after_bracket(text.data() + 1, text.size() - 1);
@@ -93,15 +97,13 @@ inline bool xhtml_parser::plain_reader::read_end_tag(ustring_view text) {
   const Tag_trait& rules = parent_->rules();
   used_ += rules.end_run.size;
   parser_.last_tag = rules.id;
-  xhtml_markup* const last = parent_->last_child();
-  if (last != nullptr && last->type() == node_type::pcdata && rules.id != tag_id::style)
-    last->as_text()->trim_right(*parser_.classes_);
+  parser_.trim_last_text(*parent_);
   parent_ = const_cast<xhtml_element*>(parent_->parent()->as_element());
   return true;
 }
 
-// Reads a text, or the white space between two tags. White space without a newline before a text
-// stays as one blank.
+// Reads a text, or the white space before a tag. White space without a newline stays as one blank.
+// `script` and `style` contain texts that are read by other rules.
 inline bool xhtml_parser::plain_reader::read_text(ustring_view text) {
   const Tag_trait& rules = parent_->rules();
   if (rules.id == tag_id::script || rules.id == tag_id::style) return false;
@@ -109,38 +111,41 @@ inline bool xhtml_parser::plain_reader::read_text(ustring_view text) {
   if (space.count == text.size() || text[space.count] == end_unit) return false;
   const bool blank = space.count != 0 && space.newlines == 0;
   text.remove_prefix(space.count);
+  std::optional<plain_text> found;
   if (blank || text[0] != u'<') {
     if (!takes_text(rules)) return false;
-    const auto found = find_plain_text(text, *parser_.classes_, parser_.folds_newlines());
+    found = find_plain_text(text, *parser_.classes_, parser_.folds_newlines());
     if (!found) return false;
     used_ += found->count;
     parser_.line += found->newlines;
-    // The blank at the end would be removed by the end tag of the same element.
-    if (is_end_tag_next(text.substr(found->count)))
-      text = text.substr(0, found->kept);
-    else
-      text = found->text_in(text, parser_.text_);
-    if (blank) text = gathered_.assign(1, u' ').append(text);
-    parent_->append_accepted(where_.make_leaf<xhtml_pcdata>(text));
   }
   used_ += space.count;
   parser_.line += space.newlines;
   parser_.last_tag = tag_id::invalid_tag;
+  if (!found) return true;
+  // The blank at the end would be removed by the end tag of the same element.
+  if (is_end_tag_next(text.substr(found->count)))
+    text = text.substr(0, found->kept);
+  else
+    text = found->text_in(text, parser_.text_);
+  if (blank) text = gathered_.assign(1, u' ').append(text);
+  parent_->append_accepted(where_.make_leaf<xhtml_pcdata>(text));
   return true;
 }
 
-void xhtml_parser::plain_reader::set_attributes(xhtml_element& element, ustring_view text) {
-  if (text.size() == last_text_.size() && starts_with(text, last_text_)) {
+inline void xhtml_parser::plain_reader::set_attributes(xhtml_element& element, ustring_view text) {
+  if (text.size() == last_text_size_ && starts_with(text, {last_text_, last_text_size_})) {
     element.attributes()->copy_entries(last_attributes_);
     return;
   }
   element.parse_attributes(text, *parser_.classes_);
-  constexpr std::size_t longest_kept = 100;
-  if (text.size() > longest_kept || !element.style_properties()->empty()) return;
-  last_text_.clear();
+  // On the heap, keeping them would need memory.
+  if (where_.pool() == nullptr || text.size() > std::size(last_text_) ||
+      !element.style_properties()->empty())
+    return;
   last_attributes_.clear();
   last_attributes_.copy_entries(*element.attributes());
-  last_text_ = text;
+  last_text_size_ = text.copy(last_text_, text.size());
 }
 
 }  // namespace Xport

@@ -12,10 +12,10 @@
 namespace Xport {
 
 /// The shortcut for whole elements, see shortcuts.h: reads plain tags and texts in one pass over
-/// the input's window, without the calls, checks and copies that the parser needs for others. A
-/// plain node is whole in the window, is accepted where it stands, and gives rise to no message.
+/// the input's window, without the calls, checks and copies that the parser needs for other nodes.
+/// A plain node is whole in the window, is accepted where it stands, and gives rise to no message.
 ///
-/// Made for one call of xhtml_parser::fill(), whose `receiver` and place of nodes it gets.
+/// xhtml_parser::fill() makes one for its `receiver` and for the place where it makes nodes.
 class xhtml_parser::plain_reader {
  public:
   plain_reader(xhtml_parser& parser, const xhtml_element& receiver, const node_place& where)
@@ -43,8 +43,9 @@ class xhtml_parser::plain_reader {
   std::size_t used_ = 0;  // the units of the window that were read
   ustring gathered_;      // a text with a blank before it
 
-  // The attributes that were read last, and their text. Elements in a row often have the same.
-  ustring last_text_;
+  // Attributes that were read before, and their text. Elements in a row often have the same.
+  char16 last_text_[100];
+  std::size_t last_text_size_ = 0;  // 0 if there are none
   attribute_map last_attributes_;
 };
 

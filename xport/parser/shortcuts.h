@@ -18,7 +18,7 @@ namespace Xport {
 /// | count_plain_letters | looking up the class of each letter of a name |
 /// | has_plain_blanks | looking up the class of each blank of an indentation |
 /// | xhtml_parser::take_plain_text | gathering a text that is complete in the input's window |
-/// | xhtml_parser::plain_reader | the calls, checks and copies between a tag and the next |
+/// | xhtml_parser::plain_reader | the calls, checks and copies between one tag and the next |
 ///
 /// The parser tries a shortcut before the plain way. If the shortcut doesn't apply, it has
 /// changed nothing.
@@ -50,8 +50,8 @@ inline bool has_plain_blanks(const character_classes& classes) {
 /// A text that is whole in a window of the input, has no double quote, and has newlines only where
 /// they fold: in the white space at its end.
 struct plain_text {
-  /// What the parser makes of it, given the window that begins with it. A part of the window if
-  /// possible, otherwise `gathered`, to which it is copied then.
+  /// What the parser makes of it, given the window that begins with it: a part of the window if
+  /// possible, otherwise `gathered`, which receives a copy.
   ustring_view text_in(ustring_view window, ustring& gathered) const;
 
   std::size_t count;       ///< its units, white space included

@@ -104,7 +104,7 @@ xhtml_element::xhtml_element(ustring_view start_tag_text, xhtml_parser& parser)
   if (start_tag_text.starts_with(u'<')) start_tag_text.remove_prefix(1);
   const character_classes classes;
   const start_tag_name name(start_tag_text, classes);
-  trait_ = Tag_trait_handle(tag_table[name.tag]);
+  set_trait(Tag_trait_handle(tag_table[name.tag]));
   report_start_tag(name, *this, parser);
   const ustring_view rest = start_tag_text.substr(name.length);
   if (name.tag != tag_id::invalid_tag && !rest.empty() && classes.is_space(rest.front()))

@@ -46,6 +46,12 @@ class unit_input {
     return {&lone_, 1};
   }
 
+  /// The same without asking the buffer for more: empty if it holds no units.
+  ustring_view window_at_hand() const {
+    if (buffer_ == nullptr) return {};
+    return {access::next(*buffer_), access::count(*buffer_)};
+  }
+
   /// Moves past `count` units of the window.
   void advance(std::size_t count) {
     if (count == 0) return;

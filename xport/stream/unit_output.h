@@ -23,8 +23,8 @@ namespace Xport {
 /// exceptions(). A failed stream accepts nothing and needs no memory. Only allocating a block
 /// throws std::bad_alloc. If a function of this class throws, nothing is left to commit.
 ///
-/// Where the put area is that of a file_output_stream or a block of our own, short runs are
-/// copied in moves of a fixed size, which write beyond the end of the run.
+/// In the put area of a file_output_stream and in memory of our own, short runs are copied in moves
+/// of a fixed size, which write beyond the end of the run.
 class unit_output {
  public:
   using stream_type = std::basic_ostream<char16>;

@@ -39,7 +39,7 @@ struct Tag_trait {
   tag_set excluded_children;     ///< refused although content_flags accepts them
   attribute_set allowed_attributes;
   tag_set spare_ids;    ///< unused: empty in every record
-  fixed_run start_run;  ///< "<" and the name; empty if the name is too long
+  fixed_run start_run;  ///< "<" and the name; never empty in the table
   fixed_run end_run;    ///< the end tag, likewise
 };
 
