@@ -51,13 +51,11 @@ class bare_loop : public contender {
   bool save(const workload& work, const page_target& target) override {
     block_file file(target.path());
     file.put(page_front());
-    if (work.kind() == page_kind::table) {
-      file.put(u"    </p>\n");
+    put_lines(file, work);
+    file.put(u"    </p>\n");
+    if (work.lines() < work.items()) {
       put_table(file, work);
       file.put(empty_block);
-    } else {
-      put_lines(file, work);
-      file.put(u"    </p>\n");
     }
     file.put(empty_block);
     file.put(u"  </body>\n</html>\n");
@@ -67,22 +65,20 @@ class bare_loop : public contender {
  private:
   static void put_table(block_file& file, const workload& work) {
     file.put(u"    <table border='1' class='main' width='100%'>\n");
-    for (std::size_t item = 0; item < work.items(); ++item) {
-      if (item % table_columns == 0) {
-        file.put(item == 0 ? u"      <tr>\n" : u"      </tr>\n      <tr>\n");
+    for (std::size_t item = work.lines(); item < work.items(); ++item) {
+      if ((item - work.lines()) % work.columns() == 0) {
+        file.put(item == work.lines() ? u"      <tr>\n" : u"      </tr>\n      <tr>\n");
       }
       file.put(u"        <td valign='top'>\n          ");
       file.put(work.wide(item));
       file.put(u"\n        </td>\n");
     }
-    if (work.items() != 0) {
-      file.put(u"      </tr>\n");
-    }
+    file.put(u"      </tr>\n");
     file.put(u"    </table>\n");
   }
 
   static void put_lines(block_file& file, const workload& work) {
-    for (std::size_t item = 0; item < work.items(); ++item) {
+    for (std::size_t item = 0; item < work.lines(); ++item) {
       file.put(u"      <a>");
       file.put(work.wide(item));
       file.put(u"</a><br/>\n");

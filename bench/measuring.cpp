@@ -27,17 +27,20 @@ double seconds_now(clock_kind clock) {
   return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
 }
 
-timing measure_phases(clock_kind clock, std::initializer_list<std::function<void()>> phases) {
+timing measure_phases(clock_kind clock, std::initializer_list<std::function<void()>> phases,
+                      std::size_t times) {
   timing result;
   const std::uint64_t resident = resident_bytes();
   const double start = seconds_now(clock);
   double before = start;
-  std::size_t phase = 0;
-  for (const std::function<void()>& run : phases) {
-    run();
-    const double after = seconds_now(clock);
-    result.phases[phase++] = after - before;
-    before = after;
+  for (; times != 0; --times) {
+    std::size_t phase = 0;
+    for (const std::function<void()>& run : phases) {
+      run();
+      const double after = seconds_now(clock);
+      result.phases[phase++] += after - before;
+      before = after;
+    }
   }
   result.together = before - start;
   const std::uint64_t peak = peak_resident_bytes();

@@ -31,9 +31,10 @@ struct timing {
   std::uint64_t peak_bytes = 0;  ///< resident memory at its highest, above that at the start
 };
 
-/// Runs up to three phases in this process, by the clock. Whether they did their work is for the
-/// caller to add.
-timing measure_phases(clock_kind clock, std::initializer_list<std::function<void()>> phases);
+/// Runs up to three phases in this process, one after the other and all of them `times` times, by
+/// the clock. Whether they did their work is for the caller to add.
+timing measure_phases(clock_kind clock, std::initializer_list<std::function<void()>> phases,
+                      std::size_t times = 1);
 
 /// What was measured of one contender on one page.
 struct outcome {

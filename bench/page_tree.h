@@ -46,24 +46,23 @@ void build_page(const library& to, node html, const workload& work) {
   to.attribute(heading, {"class", u"class"}, {"Style1", u"Style1"});
   to.text(heading, words.heading());
   const node block = to.add(body, {"p", u"p"});
-  if (work.kind() == page_kind::table) {
+  for (std::size_t item = 0; item < work.lines(); ++item) {
+    to.text(to.add(block, {"a", u"a"}), {work.narrow(item), work.wide(item)});
+    to.add(block, {"br", u"br"});
+  }
+  if (work.lines() < work.items()) {
     const node table = to.add(body, {"table", u"table"});
     to.attribute(table, {"border", u"border"}, {"1", u"1"});
     to.attribute(table, {"class", u"class"}, {"main", u"main"});
     to.attribute(table, {"width", u"width"}, {"100%", u"100%"});
     node row = table;
-    for (std::size_t item = 0; item < work.items(); ++item) {
-      if (item % table_columns == 0) row = to.add(table, {"tr", u"tr"});
+    for (std::size_t item = work.lines(); item < work.items(); ++item) {
+      if ((item - work.lines()) % work.columns() == 0) row = to.add(table, {"tr", u"tr"});
       const node cell = to.add(row, {"td", u"td"});
       to.attribute(cell, {"valign", u"valign"}, {"top", u"top"});
       to.text(cell, {work.narrow(item), work.wide(item)});
     }
     to.add(body, {"p", u"p"});
-  } else {
-    for (std::size_t item = 0; item < work.items(); ++item) {
-      to.text(to.add(block, {"a", u"a"}), {work.narrow(item), work.wide(item)});
-      to.add(block, {"br", u"br"});
-    }
   }
   to.add(body, {"p", u"p"});
 }

@@ -14,7 +14,7 @@ using namespace bench;
 
 constexpr const char* usage =
     "usage: report_bench [--quick] [--repeat N] [--cpu-time] [--folder DIR]\n"
-    "       report_bench --run NAME table|lines ITEMS [--cpu-time] [--folder DIR]\n"
+    "       report_bench --run NAME table|lines|small NUMBER [--cpu-time] [--folder DIR]\n"
     "\n"
     "  --quick       small pages, 3 repetitions: shows that it works, measures little\n"
     "  --repeat N    repetitions of the largest page (7); smaller ones get 3 N\n"
@@ -99,9 +99,13 @@ int print_whole_table(const options& chosen) {
   std::vector<workload_plan> plans = {{page_kind::table, 10'000},
                                       {page_kind::table, 100'000},
                                       {page_kind::table, 1'000'000},
-                                      {page_kind::lines, 300'000}};
+                                      {page_kind::lines, 300'000},
+                                      workload_plan::small(1'000)};
   if (chosen.quick)
-    plans = {{page_kind::table, 500}, {page_kind::table, 2'000}, {page_kind::lines, 1'000}};
+    plans = {{page_kind::table, 500},
+             {page_kind::table, 2'000},
+             {page_kind::lines, 1'000},
+             workload_plan::small(10)};
   std::vector<report_outcome> pages;
   for (const workload_plan& plan : plans) {
     const bool large = plan.items >= 1'000'000 || chosen.quick;
@@ -150,8 +154,15 @@ int main(int count, char** words) {
     if (of.size() < 4 || of[0] != std::string("--run")) return 0;
     const std::string kind = of[2];
     const std::optional<std::size_t> items = positive_number(of[3]);
-    if ((kind != "table" && kind != "lines") || !items) return 0;
-    single = {of[1], {kind == "table" ? page_kind::table : page_kind::lines, *items}};
+    if (!items) return 0;
+    if (kind == "table")
+      single = {of[1], {page_kind::table, *items}};
+    else if (kind == "lines")
+      single = {of[1], {page_kind::lines, *items}};
+    else if (kind == "small")
+      single = {of[1], workload_plan::small(*items)};
+    else
+      return 0;
     return 4;
   };
   return run_program({"report_bench", usage, 7, read_run}, count, words,

@@ -11,8 +11,8 @@ namespace bench {
 
 namespace {
 
-void warm_up(contender& subject, page_kind kind, const page_target& target) {
-  const workload work({kind, 2 * table_columns});
+void warm_up(contender& subject, const workload_plan& plan, const page_target& target) {
+  const workload work({plan.kind, std::min<std::size_t>(plan.items, 40)});
   subject.build(work);
   subject.save(work, target);
   subject.destroy();
@@ -102,13 +102,15 @@ std::vector<std::unique_ptr<contender>> all_contenders() {
 timing measure_report(contender& subject, const workload_plan& plan, clock_kind clock,
                       const page_target& target) {
   const workload work(plan);
-  warm_up(subject, plan.kind, target);
-  bool saved = false;
+  warm_up(subject, plan, target);
+  bool saved = true;
   // Truncating an older file would count as saving.
   unlink(target.path().c_str());
   timing time = measure_phases(
-      clock, {[&] { subject.build(work); }, [&] { saved = subject.save(work, target); },
-              [&] { subject.destroy(); }});
+      clock,
+      {[&] { subject.build(work); }, [&] { saved = subject.save(work, target) && saved; },
+       [&] { subject.destroy(); }},
+      plan.pages);
   time.done = saved;
   unlink(target.path().c_str());
   return time;

@@ -1,5 +1,7 @@
 #include <vellomark/vellomark.h>
 
+#include <cstdint>
+
 #include "bench/contender.h"
 
 namespace bench {
@@ -14,12 +16,11 @@ class vellomark_report : public contender {
   void build(const workload& work) override {
     report_ = vellomark::CreateInstance();
     report_->AddHeading(widen(page_heading).c_str(), 1);
-    if (work.kind() == page_kind::table) {
-      report_->OpenTable(table_columns);
-      add_items(work);
+    add_items(work, 0, work.lines());
+    if (work.lines() < work.items()) {
+      report_->OpenTable(static_cast<std::int32_t>(work.columns()));
+      add_items(work, work.lines(), work.items());
       report_->CloseTable();
-    } else {
-      add_items(work);
     }
   }
 
@@ -30,8 +31,8 @@ class vellomark_report : public contender {
   void destroy() override { report_.reset(); }
 
  private:
-  void add_items(const workload& work) {
-    for (std::size_t item = 0; item < work.items(); ++item) {
+  void add_items(const workload& work, std::size_t first, std::size_t end) {
+    for (std::size_t item = first; item < end; ++item) {
       report_->AddText(work.wide(item), false);
     }
   }

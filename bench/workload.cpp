@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::size_t longest_text = 60;
 
-std::string item_text(page_kind kind, std::size_t item) {
-  if (kind == page_kind::table) {
+std::string item_text(bool is_line, std::size_t item) {
+  if (!is_line) {
     return "Cell " + std::to_string(item);
   }
   std::string line = "Line " + std::to_string(item) +
@@ -42,18 +42,30 @@ const char* const page_stylesheet =
 const char* const page_heading = "Benchmark";
 
 std::string workload_plan::label() const {
-  return (kind == page_kind::table ? "table " : "lines ") + grouped(items);
+  switch (kind) {
+    case page_kind::table:
+      return "table " + grouped(items);
+    case page_kind::lines:
+      return "lines " + grouped(items);
+    case page_kind::small:
+      break;
+  }
+  return "small " + grouped(pages);
+}
+
+std::size_t workload_plan::lines() const {
+  if (kind == page_kind::small) return 20;
+  return kind == page_kind::lines ? items : 0;
 }
 
 std::size_t workload_plan::nodes() const {
   // doctype, html, head, title and its text, style and its text, body, h1 and its
   // text, the block after the heading and the one that saving adds.
   constexpr std::size_t fixed = 12;
-  if (kind == page_kind::lines) {
-    return fixed + 3 * items;  // a, its text, br
-  }
-  const std::size_t rows = (items + table_columns - 1) / table_columns;
-  return fixed + 2 + rows + 2 * items;  // the table, the block after it
+  const std::size_t cells = items - lines();
+  const std::size_t rows = (cells + columns() - 1) / columns();
+  const std::size_t table = cells == 0 ? 0 : 2 + rows + 2 * cells;  // with the block after it
+  return fixed + 3 * lines() + table;                               // a, its text, br
 }
 
 workload::workload(const workload_plan& plan) : plan_(plan) {
@@ -64,7 +76,7 @@ workload::workload(const workload_plan& plan) : plan_(plan) {
   wide_.reserve(plan.items);
   narrow_.reserve(plan.items);
   for (std::size_t item = 0; item < plan.items; ++item) {
-    const std::string text = item_text(plan.kind, item);
+    const std::string text = item_text(item < plan.lines(), item);
     wide_.push_back(wide_units_.data() + wide_units_.size());
     narrow_.push_back(narrow_units_.data() + narrow_units_.size());
     wide_units_.insert(wide_units_.end(), text.c_str(), text.c_str() + text.size() + 1);

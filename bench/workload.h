@@ -9,31 +9,39 @@ namespace bench {
 
 /// What fills a page.
 enum class page_kind {
-  table,  ///< one table of `table_columns` columns, one text per cell
-  lines   ///< one block of text lines
+  table,  ///< one table of 10 columns, one text per cell
+  lines,  ///< one block of text lines
+  small   ///< 20 lines and a table of 3 columns and 12 cells, one such page after the other
 };
 
 /// Which page is made, and how large.
 struct workload_plan {
   page_kind kind;
-  std::size_t items;  ///< cells or lines
+  std::size_t items;      ///< cells and lines
+  std::size_t pages = 1;  ///< how often the page is made
 
-  /// "table 10,000" or "lines 300,000".
+  /// Pages of the kind `small`.
+  static workload_plan small(std::size_t pages) { return {page_kind::small, 32, pages}; }
+
+  /// "table 10,000", "lines 300,000" or "small 1,000".
   std::string label() const;
+
+  /// The lines, which are the first items. The cells follow.
+  std::size_t lines() const;
+
+  /// The columns of the table.
+  std::size_t columns() const { return kind == page_kind::small ? 3 : 10; }
 
   /// Nodes of the finished tree: elements, texts and the doctype.
   std::size_t nodes() const;
 };
 
-constexpr std::size_t table_columns = 10;
-
 // The fixed texts of every page. A page is:
 //
 //   doctype, html (xmlns)
 //     head: title, style (type)
-//     body: h1 (class), p,
-//       table (border, class, width) of tr of td (valign), p    for a table
-//       nothing more, the p holds the a and br of each line     for lines
+//     body: h1 (class), p of the a and br of each line,
+//       table (border, class, width) of tr of td (valign), p    if there are cells
 //       p
 extern const char* const doctype_name;
 extern const char* const doctype_public_id;
@@ -51,7 +59,8 @@ class workload {
   workload(const workload&) = delete;
   workload& operator=(const workload&) = delete;
 
-  page_kind kind() const { return plan_.kind; }
+  std::size_t lines() const { return plan_.lines(); }
+  std::size_t columns() const { return plan_.columns(); }
   std::size_t items() const { return plan_.items; }
 
   /// The text of an item in UTF-16, zero-terminated. Lives as long as this.
